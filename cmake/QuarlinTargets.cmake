@@ -1,0 +1,41 @@
+# What every target of the project is compiled with, and the two ways to declare one.
+
+add_library(quarlin_flags INTERFACE)
+target_compile_features(quarlin_flags INTERFACE cxx_std_20)
+target_compile_options(
+  quarlin_flags
+  INTERFACE -Wall
+            -Wextra
+            -Wconversion
+            -Wshadow
+            -Werror
+            # The arithmetic is exact by contract: a product is rounded before it is added.
+            -ffp-contract=off)
+target_compile_definitions(quarlin_flags INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
+                                                   QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+if(QUARLIN_SANITIZE)
+  target_compile_options(quarlin_flags INTERFACE -fsanitize=${QUARLIN_SANITIZE} -fno-omit-frame-pointer
+                                                 -fno-sanitize-recover=all)
+  target_link_options(quarlin_flags INTERFACE -fsanitize=${QUARLIN_SANITIZE})
+endif()
+
+# quarlin_layer(NAME SOURCES ... LINK ...): one static library per layer, seen by others as quarlin::NAME. It
+# is linked only to what LINK names, so that an include from a layer above does not compile.
+function(quarlin_layer name)
+  cmake_parse_arguments(LAYER "" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
+  add_library(quarlin_${name} STATIC ${LAYER_SOURCES})
+  add_library(quarlin::${name} ALIAS quarlin_${name})
+  target_include_directories(quarlin_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src/${name})
+  target_link_libraries(quarlin_${name} PUBLIC ${LAYER_LINK} PRIVATE quarlin_flags ${LAYER_PRIVATE_LINK})
+endfunction()
+
+# quarlin_test(NAME SOURCES ... LINK ...): one GoogleTest program; each of its tests is a ctest test.
+function(quarlin_test name)
+  cmake_parse_arguments(TEST "QT_MAIN" "" "SOURCES;LINK;PROPERTIES" ${ARGN})
+  add_executable(${name} ${TEST_SOURCES})
+  target_link_libraries(${name} PRIVATE ${TEST_LINK} quarlin_flags GTest::gmock)
+  if(NOT TEST_QT_MAIN)
+    target_link_libraries(${name} PRIVATE GTest::gmock_main)
+  endif()
+  gtest_discover_tests(${name} PROPERTIES TIMEOUT 300 ${TEST_PROPERTIES} DISCOVERY_TIMEOUT 60)
+endfunction()

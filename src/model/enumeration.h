@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <array>
+#include <cstddef>
+#include <optional>
+
+namespace quarlin {
+
+// The closed enumerations of the model. Each lists its cases from zero upwards in display order and has, beside
+// it, a specialisation of `EnumerationTable` with one row per case, in the same order. A row carries at least
+// `rawValue`, the case's stable identifier; the other columns are the case's labels.
+
+/// The rows of an enumeration; specialised beside each enumeration as `static constexpr std::array rows`.
+template <typename Enum>
+struct EnumerationTable;
+
+/// The row of `value`.
+template <typename Enum>
+constexpr const auto& tableRow(Enum value) {
+    return EnumerationTable<Enum>::rows[static_cast<std::size_t>(value)];
+}
+
+/// Every case, in display order.
+template <typename Enum>
+constexpr auto allCases() {
+    std::array<Enum, EnumerationTable<Enum>::rows.size()> cases{};
+    for (std::size_t index = 0; index < cases.size(); ++index) {
+        cases[index] = static_cast<Enum>(index);
+    }
+    return cases;
+}
+
+/// The identifier of `value`, such as "baseColor".
+template <typename Enum>
+QString rawValue(Enum value) {
+    return tableRow(value).rawValue;
+}
+
+/// The identity of `value`: its raw value.
+template <typename Enum>
+QString id(Enum value) {
+    return rawValue(value);
+}
+
+/// The text that names `value` to the user.
+template <typename Enum>
+QString title(Enum value) {
+    return tableRow(value).title;
+}
+
+/// The case whose raw value is `text`, or nothing.
+template <typename Enum>
+std::optional<Enum> fromRawValue(QStringView text) {
+    for (const Enum value : allCases<Enum>()) {
+        if (tableRow(value).rawValue == text) {
+            return value;
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace quarlin

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+
+namespace quarlin {
+
+/// What tells one state of a file from another: any write, replacement or truncation changes it. Times are in
+/// nanoseconds since the epoch where the system keeps them so finely.
+struct FileStamp {
+    std::uint64_t device = 0;
+    std::uint64_t node = 0;
+    std::int64_t size = 0;
+    std::int64_t modified = 0;
+    std::int64_t changed = 0;
+
+    bool operator==(const FileStamp&) const = default;
+};
+
+}  // namespace quarlin

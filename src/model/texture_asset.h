@@ -1,0 +1,38 @@
+#pragma once
+
+#include "file_stamp.h"
+
+#include <QImage>
+#include <QString>
+#include <QUrl>
+#include <QUuid>
+
+#include <cstdint>
+#include <optional>
+
+namespace quarlin {
+
+/// One loaded input image. Two loads of the same file are two distinct assets.
+struct TextureAsset {
+    TextureAsset(QUrl url, QString fileName, std::int64_t pixelWidth, std::int64_t pixelHeight, QImage preview);
+
+    /// Freshly generated for every constructed asset; copies keep it.
+    QUuid id;
+    /// The file it was loaded from.
+    QUrl url;
+    /// The file's name with its extension, as shown to the user.
+    QString fileName;
+    /// The decoded image's size in pixels.
+    std::int64_t pixelWidth;
+    std::int64_t pixelHeight;
+    /// The decoded image at its own size.
+    QImage preview;
+    /// What the file was when `preview` was decoded from it; nothing when `preview` does not come from the file.
+    /// As long as the file still bears this stamp, `preview` stands for its pixels.
+    std::optional<FileStamp> decodedFrom;
+
+    /// The size as shown to the user, such as "2048x1024".
+    QString sizeLabel() const;
+};
+
+}  // namespace quarlin
