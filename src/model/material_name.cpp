@@ -1,7 +1,7 @@
 #include "material_name.h"
 
 #include <QChar>
-#include <QStringIterator>
+#include <QList>
 
 namespace quarlin {
 
@@ -17,9 +17,7 @@ bool isAllowed(char32_t scalar) {
 QString safeMaterialName(const QString& name, const QString& fallback) {
     QString cleaned;
     cleaned.reserve(name.size());
-    QStringIterator scalars(name);
-    while (scalars.hasNext()) {
-        const char32_t scalar = scalars.next();
+    for (const char32_t scalar : name.toUcs4()) {
         cleaned += isAllowed(scalar) ? QString::fromUcs4(&scalar, 1) : QStringLiteral("_");
     }
     cleaned = cleaned.trimmed();

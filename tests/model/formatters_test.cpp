@@ -1,0 +1,42 @@
+#include "formatters.h"
+
+#include <QLocale>
+
+#include <gtest/gtest.h>
+
+using quarlin::Formatters::percentLabel;
+
+namespace {
+
+class PercentLabel : public testing::Test {
+protected:
+    ~PercentLabel() override { QLocale::setDefault(before); }
+    const QLocale before;
+};
+
+TEST_F(PercentLabel, ShowsWholePercentagesOnly) {
+    QLocale::setDefault(QLocale(QStringLiteral("en_US")));
+    EXPECT_EQ(percentLabel(0.65), QStringLiteral("65%"));
+    EXPECT_EQ(percentLabel(0.0), QStringLiteral("0%"));
+    EXPECT_EQ(percentLabel(1.0), QStringLiteral("100%"));
+    EXPECT_EQ(percentLabel(0.4567), QStringLiteral("46%"));
+}
+
+TEST_F(PercentLabel, RoundsHalvesToTheEvenNeighbour) {
+    QLocale::setDefault(QLocale(QStringLiteral("en_US")));
+    EXPECT_EQ(percentLabel(0.655), QStringLiteral("66%"));
+    EXPECT_EQ(percentLabel(0.645), QStringLiteral("64%"));
+    EXPECT_EQ(percentLabel(0.005), QStringLiteral("0%"));
+    EXPECT_EQ(percentLabel(0.015), QStringLiteral("2%"));
+}
+
+TEST_F(PercentLabel, FollowsTheLocale) {
+    QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
+    EXPECT_EQ(percentLabel(0.65), QStringLiteral("65\u00a0%"));
+    QLocale::setDefault(QLocale(QStringLiteral("ar_EG")));
+    EXPECT_NE(percentLabel(0.65), QStringLiteral("65%"));
+    QLocale::setDefault(QLocale::c());
+    EXPECT_EQ(percentLabel(0.65), QStringLiteral("65%"));
+}
+
+}  // namespace
