@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QTabWidget>
+
+namespace quarlin {
+
+class ToolTabBar;
+
+/// The tab control that switches between the tools: tabs in the middle over the full width of their pages.
+class ToolTabs : public QTabWidget {
+    Q_OBJECT
+
+public:
+    explicit ToolTabs(QWidget* parent = nullptr);
+
+    /// Adds the page `workspace` behind a tab with `symbol` and `title`.
+    void addTool(QWidget* workspace, const QString& title, const QString& symbol);
+
+private:
+    ToolTabBar* m_bar;
+};
+
+}  // namespace quarlin
