@@ -96,7 +96,9 @@ void Button::paintEvent(QPaintEvent*) {
     const QColor color = contentColor();
     constexpr int symbolSize = metrics::symbolSize;
     if (text().isEmpty()) {
-        paintSymbol(painter, m_symbol, rect(), color);
+        QRect symbolArea(0, 0, symbolSize, symbolSize);
+        symbolArea.moveCenter(rect().center());
+        paintSymbol(painter, m_symbol, symbolArea, color);
     } else {
         const int labelWidth = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
         const int contentWidth = symbolSize + symbolGap + labelWidth;

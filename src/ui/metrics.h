@@ -7,6 +7,8 @@ namespace quarlin::metrics {
 inline constexpr int standardPadding = 16;
 /// Under the heading of a panel whose contents scroll.
 inline constexpr int headerBottom = 8;
+/// Height of a panel's heading, with or without a button beside it.
+inline constexpr int headerRowHeight = 24;
 /// Corner of cards, tiles and boxes.
 inline constexpr int cornerRadius = 8;
 /// Corner of buttons and fields.

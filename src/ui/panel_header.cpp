@@ -7,19 +7,12 @@
 
 namespace quarlin {
 
-namespace {
-
-/// The height of a row with a button, which a row without one has too, so that the headings line up.
-constexpr int rowHeight = 24;
-
-}  // namespace
-
 PanelHeader::PanelHeader(const QString& title, QWidget* parent)
     : QWidget(parent), m_row(new QHBoxLayout(this)) {
     m_row->setContentsMargins(metrics::standardPadding, metrics::standardPadding, metrics::standardPadding,
                               metrics::headerBottom);
     m_row->setSpacing(metrics::standardPadding);
-    m_row->addStrut(rowHeight);
+    m_row->addStrut(metrics::headerRowHeight);
     m_row->addWidget(new TextLabel(title, TextStyle::title3));
     m_row->addStretch();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);

@@ -21,7 +21,10 @@ constexpr QMargins panelMargins(metrics::standardPadding, metrics::standardPaddi
 
 SettingsPanel::SettingsPanel(const QString& heading, QWidget* parent)
     : ScrollPanel(groupSpacing, panelMargins, parent) {
-    rows()->addWidget(new TextLabel(heading, TextStyle::title3));
+    auto* title = new TextLabel(heading, TextStyle::title3);
+    // As high as the headings of the columns beside it, which have buttons in their rows.
+    title->setMinimumHeight(metrics::headerRowHeight);
+    rows()->addWidget(title);
 }
 
 GroupBox* SettingsPanel::addGroup(const QString& title, int spacing) {

@@ -1,6 +1,9 @@
 #include "tool_tabs.h"
 
+#include "colors.h"
 #include "tool_tab_bar.h"
+
+#include <QPainter>
 
 namespace quarlin {
 
@@ -14,6 +17,11 @@ ToolTabs::ToolTabs(QWidget* parent) : QTabWidget(parent), m_bar(new ToolTabBar) 
 void ToolTabs::addTool(QWidget* workspace, const QString& title, const QString& symbol) {
     const int index = addTab(workspace, title);
     m_bar->setTabSymbol(index, symbol);
+}
+
+void ToolTabs::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(0, m_bar->geometry().bottom(), width(), 1, separatorColor(palette()));
 }
 
 }  // namespace quarlin

@@ -6,7 +6,7 @@ namespace quarlin {
 
 class ToolTabBar;
 
-/// The tab control that switches between the tools: tabs in the middle over the full width of their pages.
+/// The tab control that switches between the tools, with a line under its tabs.
 class ToolTabs : public QTabWidget {
     Q_OBJECT
 
@@ -15,6 +15,9 @@ public:
 
     /// Adds the page `workspace` behind a tab with `symbol` and `title`.
     void addTool(QWidget* workspace, const QString& title, const QString& symbol);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     ToolTabBar* m_bar;
