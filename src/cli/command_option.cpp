@@ -19,6 +19,11 @@ QString rangeText(const QString& lowest, const QString& highest) {
     return lowest + QStringLiteral(" to ") + highest;
 }
 
+/// The words as a sentence lists them: "a, b or c".
+QString listed(const QStringList& words) {
+    return words.mid(0, words.size() - 1).join(QStringLiteral(", ")) + QStringLiteral(" or ") + words.last();
+}
+
 QString defaultText(const QString& value) {
     return QStringLiteral(" (default ") + value + u')';
 }
@@ -56,9 +61,9 @@ CommandOption sizeOption(OutputResolution& target) {
     for (const OutputResolution resolution : allCases<OutputResolution>()) {
         words += sizeWord(resolution);
     }
-    return {name, words.join(u'|'),
-            QStringLiteral("edge of the square maps in pixels; base: as large as the first texture") +
-                defaultText(sizeWord(target)),
+    return {name, QStringLiteral("SIZE"),
+            QStringLiteral("edge of the maps in pixels: ") + listed(words) +
+                QStringLiteral(", the first texture's own size for base") + defaultText(sizeWord(target)),
             [name, words, &target](const QString& value) {
                 for (const OutputResolution resolution : allCases<OutputResolution>()) {
                     if (sizeWord(resolution) == value) {
@@ -66,7 +71,7 @@ CommandOption sizeOption(OutputResolution& target) {
                         return;
                     }
                 }
-                rejectValue(name, QStringLiteral("one of ") + words.join(QStringLiteral(", ")), value);
+                rejectValue(name, listed(words), value);
             }};
 }
 

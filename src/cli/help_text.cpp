@@ -41,6 +41,8 @@ QString commandHelp(Command& command) {
     }
     QString text =
         usage + QStringLiteral(" [OPTION...]\n\n") + command.summary() + QStringLiteral("\n\nOptions:\n");
+    text += QStringLiteral("  ") + QStringLiteral("--help").leftJustified(column) +
+            QStringLiteral("print this\n");
     for (const CommandOption& option : options) {
         text += QStringLiteral("  ") + usageOf(option).leftJustified(column) + option.description +
                 (option.required ? QStringLiteral(" (required)\n") : QStringLiteral("\n"));
