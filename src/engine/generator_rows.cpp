@@ -152,7 +152,7 @@ HWY_ATTR void blurRow(std::span<const double* const> rows, std::int64_t width, d
 
 /// The normals of as many pixels as a vector has lanes, as packed opaque pixels.
 HWY_INLINE HWY_ATTR Integer normals(const double* above, const double* row, const double* below,
-                         const GeneratorFactors& factors) {
+                                    const GeneratorFactors& factors) {
     const Doubles doubles;
     const Double strength = number(factors.strength);
     const Double dx = hn::Mul(hn::Sub(hn::LoadU(doubles, row + 1), hn::LoadU(doubles, row - 1)), strength);
