@@ -39,7 +39,7 @@ const QPixmap& ImageView::scaledFor(double scale) {
 void ImageView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double scale = painter.device()->devicePixelRatioF();
+    const double scale = deviceScale(painter);
     if (const QPixmap& picture = scaledFor(scale); !picture.isNull()) {
         // A brush rather than a clip: its edge is smooth.
         painter.setPen(Qt::NoPen);

@@ -112,8 +112,9 @@ TEST(Colors, SecondaryTextIsReadableInLightAndInDark) {
                0.0722 * linear(color.blueF());
     };
     const auto contrast = [&](const QColor& a, const QColor& b) {
-        const auto [low, high] = std::minmax(luminance(a), luminance(b));
-        return (high + 0.05) / (low + 0.05);
+        const double first = luminance(a);
+        const double second = luminance(b);
+        return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
     };
     for (const bool isDark : {false, true}) {
         isDark ? useDarkPalette() : useLightPalette();

@@ -1,6 +1,8 @@
 #include "adaptive_grid.h"
 #include "button.h"
 #include "image_view.h"
+#include "overlay_scroll_bar.h"
+#include "scroll_panel.h"
 #include "segment.h"
 #include "segmented_picker.h"
 #include "slider.h"
@@ -10,7 +12,9 @@
 #include "view_fixture.h"
 
 #include <QAccessible>
+#include <QScrollBar>
 #include <QSignalSpy>
+#include <QVBoxLayout>
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
@@ -156,6 +160,43 @@ TEST(Button, OfOnlyASymbolIsNamedByItsTooltip) {
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(button.get());
     EXPECT_EQ(accessible->role(), QAccessible::Button);
     EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Reset Inputs"));
+}
+
+class ScrollPanelTest : public testing::Test {
+protected:
+    ViewWindow window{new ScrollPanel(0, {}), QSize(200, 100)};
+    ScrollPanel& panel = static_cast<ScrollPanel&>(window.view());
+    OverlayScrollBar& bar = *panel.findChild<OverlayScrollBar*>();
+
+    void setContentHeight(int height) {
+        auto* content = new QWidget;
+        content->setFixedHeight(height);
+        panel.rows()->addWidget(content);
+        settle();
+    }
+};
+
+TEST_F(ScrollPanelTest, ShowsItsBarOnlyWhenThereIsSomethingToScroll) {
+    setContentHeight(50);
+    EXPECT_FALSE(bar.isVisible());
+    setContentHeight(200);
+    EXPECT_TRUE(bar.isVisible());
+    EXPECT_EQ(panel.viewport()->width(), 200);
+}
+
+TEST_F(ScrollPanelTest, ScrollsWithItsBar) {
+    setContentHeight(400);
+    const QPoint grip = bar.handle().center().toPoint();
+    QTest::mousePress(&bar, Qt::LeftButton, {}, grip);
+    QTest::mouseMove(&bar, grip + QPoint(0, 500));
+    QTest::mouseRelease(&bar, Qt::LeftButton, {}, grip);
+    EXPECT_EQ(panel.verticalScrollBar()->value(), 300);
+    click(bar, QPoint(6, 3));
+    EXPECT_EQ(panel.verticalScrollBar()->value(), 200);
+    panel.verticalScrollBar()->setValue(0);
+    EXPECT_EQ(bar.value(), 0);
+    click(bar, QPoint(6, 97));
+    EXPECT_EQ(panel.verticalScrollBar()->value(), 100);
 }
 
 TEST(AdaptiveGrid, FitsAsManyColumnsAsTheWidthHolds) {

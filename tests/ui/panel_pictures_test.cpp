@@ -48,8 +48,6 @@ TEST_F(MaterialPictures, SettingsEmpty) {
 TEST_F(MaterialPictures, SettingsLoaded) {
     load();
     ViewWindow window(new MaterialSettingsPanel(store), QSize(360, 600));
-    window.view().setFocus();
-    press(*QApplication::focusWidget(), Qt::Key_Tab);
     press(*QApplication::focusWidget(), Qt::Key_Tab);
     expectPictures(window.view(), QStringLiteral("material_settings_loaded"));
 }

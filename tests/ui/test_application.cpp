@@ -41,13 +41,9 @@ void use(const Shades& shades) {
 
 }  // namespace
 
-void useLightPalette() {
-    use(light);
-}
+void useLightPalette() { use(light); }
 
-void useDarkPalette() {
-    use(dark);
-}
+void useDarkPalette() { use(dark); }
 
 int runTestsInApplication(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);

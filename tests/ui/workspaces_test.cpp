@@ -43,7 +43,12 @@ TYPED_TEST(Workspace, NeverMakesAColumnNarrowerThanItsMinimum) {
 
 TYPED_TEST(Workspace, NeverMakesTheFirstColumnWiderThanItsMaximum) {
     this->splitter.resize(1920, 640);
-    this->splitter.setSizes({900, 500, 500});
+    settle();
+    EXPECT_EQ(this->splitter.sizes()[0], 320);
+    QWidget* handle = this->splitter.handle(1);
+    QTest::mousePress(handle, Qt::LeftButton, {}, QPoint(2, 100));
+    QTest::mouseMove(handle, QPoint(600, 100));
+    QTest::mouseRelease(handle, Qt::LeftButton, {}, QPoint(600, 100));
     settle();
     EXPECT_EQ(this->splitter.sizes()[0], 380);
 }
