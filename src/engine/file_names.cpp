@@ -1,6 +1,7 @@
 #include "file_names.h"
 
 #include <QDir>
+#include <QFile>
 
 namespace quarlin {
 
@@ -16,6 +17,14 @@ QString fileStem(const QUrl& url) {
 
 QUrl fileIn(const QUrl& folder, const QString& name) {
     return QUrl::fromLocalFile(QDir(folder.toLocalFile()).filePath(name));
+}
+
+std::filesystem::path localPath(const QUrl& url) {
+#ifdef Q_OS_WIN
+    return url.toLocalFile().toStdWString();
+#else
+    return QFile::encodeName(url.toLocalFile()).toStdString();
+#endif
 }
 
 }  // namespace quarlin

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QUrl>
 
+#include <filesystem>
+
 namespace quarlin {
 
 /// The name at the end of a file location, with its extension; of a folder, the folder's name.
@@ -13,5 +15,8 @@ QString fileStem(const QUrl& url);
 
 /// The location of the file `name` in `folder`.
 QUrl fileIn(const QUrl& folder, const QString& name);
+
+/// The location as the standard library takes it.
+std::filesystem::path localPath(const QUrl& url);
 
 }  // namespace quarlin

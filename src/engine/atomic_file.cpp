@@ -1,0 +1,56 @@
+#include "atomic_file.h"
+
+#include "file_names.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRandomGenerator>
+
+#include <filesystem>
+#include <system_error>
+
+namespace quarlin {
+
+AtomicFile::AtomicFile(const QUrl& url) : m_target(url.toLocalFile()) {
+    const QFileInfo old(m_target);
+    if (old.exists()) {
+        if (!old.isFile() || !old.isWritable()) {
+            return;
+        }
+        // A link keeps pointing at the file that it names.
+        m_target = old.canonicalFilePath();
+    }
+    // A short name of its own: the target's name may already be as long as the file system allows.
+    const QDir folder = QFileInfo(m_target).dir();
+    const QString name =
+        QStringLiteral(".quarlin-") + QString::number(QRandomGenerator::system()->generate64(), 16);
+    m_file.setFileName(folder.filePath(name));
+    if (m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered) && old.exists()) {
+        m_file.setPermissions(old.permissions());
+    }
+}
+
+AtomicFile::~AtomicFile() {
+    if (m_file.isOpen()) {
+        m_file.close();
+        m_file.remove();
+    }
+}
+
+bool AtomicFile::write(QByteArrayView bytes) { return m_file.write(bytes.data(), bytes.size()) == bytes.size(); }
+
+bool AtomicFile::commit() {
+    m_file.close();
+    std::error_code failure;
+    if (m_file.error() == QFileDevice::NoError) {
+        std::filesystem::rename(localPath(QUrl::fromLocalFile(m_file.fileName())),
+                                localPath(QUrl::fromLocalFile(m_target)), failure);
+        if (!failure) {
+            return true;
+        }
+    }
+    m_file.remove();
+    return false;
+}
+
+}  // namespace quarlin

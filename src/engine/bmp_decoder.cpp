@@ -1,0 +1,125 @@
+#include "bmp_decoder.h"
+
+#include "image_view.h"
+#include "premultiply.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QtEndian>
+
+#include <cstdint>
+#include <cstdlib>
+
+namespace quarlin {
+
+namespace {
+
+template <typename T>
+T valueAt(const QByteArray& bytes, qsizetype offset) {
+    return qFromLittleEndian<T>(bytes.constData() + offset);
+}
+
+/// Follows run-length codes from `position` to the end-of-bitmap code or the last pixel of the last row.
+bool runsAreComplete(const QByteArray& bytes, qsizetype position, bool fourBits, std::int64_t width,
+                     std::int64_t height) {
+    std::int64_t column = 0;
+    std::int64_t row = 0;
+    const auto byteAt = [&](qsizetype offset) { return static_cast<std::uint8_t>(bytes[offset]); };
+    while (position + 1 < bytes.size()) {
+        const std::uint8_t count = byteAt(position);
+        const std::uint8_t code = byteAt(position + 1);
+        position += 2;
+        if (count > 0) {
+            column += count;
+        } else if (code == 0) {
+            column = 0;
+            ++row;
+        } else if (code == 1) {
+            return true;
+        } else if (code == 2) {
+            if (position + 1 >= bytes.size()) {
+                return false;
+            }
+            column += byteAt(position);
+            row += byteAt(position + 1);
+            position += 2;
+        } else {
+            column += code;
+            const qsizetype length = fourBits ? (code + 1) / 2 : code;
+            position += length + length % 2;
+            if (position > bytes.size()) {
+                return false;
+            }
+        }
+        if (row >= height || (row == height - 1 && column >= width)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Whether the file holds every pixel that its header promises. The decoder below fills what is missing in
+/// silence.
+bool isComplete(const QByteArray& bytes) {
+    constexpr qsizetype fileHeaderSize = 14;
+    constexpr qsizetype coreHeaderSize = 12;
+    constexpr qsizetype infoHeaderSize = 40;
+    if (bytes.size() < fileHeaderSize + coreHeaderSize) {
+        return false;
+    }
+    const qsizetype pixelOffset = valueAt<std::uint32_t>(bytes, 10);
+    const qsizetype headerSize = valueAt<std::uint32_t>(bytes, fileHeaderSize);
+    std::int64_t width = 0;
+    std::int64_t height = 0;
+    std::int64_t bitsPerPixel = 0;
+    std::uint32_t compression = 0;
+    if (headerSize == coreHeaderSize) {
+        width = valueAt<std::uint16_t>(bytes, 18);
+        height = valueAt<std::uint16_t>(bytes, 20);
+        bitsPerPixel = valueAt<std::uint16_t>(bytes, 24);
+    } else if (headerSize >= infoHeaderSize && bytes.size() >= fileHeaderSize + infoHeaderSize) {
+        width = valueAt<std::int32_t>(bytes, 18);
+        height = std::abs(static_cast<std::int64_t>(valueAt<std::int32_t>(bytes, 22)));
+        bitsPerPixel = valueAt<std::uint16_t>(bytes, 28);
+        compression = valueAt<std::uint32_t>(bytes, 30);
+    }
+    if (!isUsableSize(width, height) || pixelOffset > bytes.size()) {
+        return false;
+    }
+    constexpr std::uint32_t runLength8 = 1;
+    constexpr std::uint32_t runLength4 = 2;
+    if (compression == runLength8 || compression == runLength4) {
+        return runsAreComplete(bytes, pixelOffset, compression == runLength4, width, height);
+    }
+    const std::int64_t bytesPerRow = (width * bitsPerPixel + 31) / 32 * 4;
+    return bytesPerRow * height <= bytes.size() - pixelOffset;
+}
+
+}  // namespace
+
+bool isBmp(const QByteArray& bytes) { return bytes.startsWith("BM"); }
+
+QImage decodeBmp(const QByteArray& bytes) {
+    if (!isComplete(bytes)) {
+        return {};
+    }
+    // Sizes are checked above; large textures exceed the reader's own limit.
+    QImageReader::setAllocationLimit(0);
+    QBuffer buffer;
+    buffer.setData(bytes);
+    QImageReader reader(&buffer, "bmp");
+    QImage straight = reader.read().convertToFormat(QImage::Format_RGBA8888);
+    if (straight.isNull()) {
+        return {};
+    }
+    std::uint8_t* pixel = straight.bits();
+    for (const std::uint8_t* const end = pixel + straight.sizeInBytes(); pixel != end; pixel += bytesPerPixel) {
+        for (int channel = 0; channel < 3; ++channel) {
+            pixel[channel] = premultiplied(pixel[channel], pixel[3]);
+        }
+    }
+    straight.reinterpretAsFormat(pixelFormat);
+    return straight;
+}
+
+}  // namespace quarlin

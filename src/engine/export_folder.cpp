@@ -1,0 +1,29 @@
+#include "export_folder.h"
+
+#include "atomic_file.h"
+#include "file_names.h"
+#include "texture_processor_error.h"
+
+#include <filesystem>
+#include <system_error>
+
+namespace quarlin {
+
+QUrl createExportFolder(const QUrl& parent, const QString& name) {
+    const QUrl folder = fileIn(parent, name);
+    std::error_code failure;
+    std::filesystem::create_directories(localPath(folder), failure);
+    if (failure) {
+        throw FileSystemError(folder, failure.message());
+    }
+    return folder;
+}
+
+void writeTextFile(const QByteArray& text, const QUrl& url) {
+    AtomicFile file(url);
+    if (!file.isOpen() || !file.write(text) || !file.commit()) {
+        throw TextureProcessorError::cannotWriteText(url);
+    }
+}
+
+}  // namespace quarlin

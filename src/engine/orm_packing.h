@@ -1,0 +1,24 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace quarlin {
+
+/// Where one channel of an ORM image comes from.
+struct OrmChannel {
+    /// The texture's pixels as premultiplied RGBA, of which the luminance is taken; null for none.
+    const std::uint8_t* pixels = nullptr;
+    /// The value where there is no texture, never inverted.
+    std::uint8_t fallback = 0;
+    /// Whether the luminance is subtracted from 255.
+    bool inverted = false;
+};
+
+/// Occlusion, roughness and metallic.
+using OrmChannels = std::array<OrmChannel, 3>;
+
+/// Packs `count` pixels from pixel `first` on into opaque RGBA.
+void packOrm(const OrmChannels& channels, std::int64_t first, std::int64_t count, std::uint8_t* output);
+
+}  // namespace quarlin

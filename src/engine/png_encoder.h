@@ -1,0 +1,48 @@
+#pragma once
+
+#include "parallel.h"
+#include "pixel_image.h"
+
+#include <QByteArray>
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+namespace quarlin {
+
+/// Makes an 8-bit RGBA PNG, tagged sRGB with straight alpha, from premultiplied rows.
+///
+/// The image is cut into bands of rows that are filtered and deflated each for itself, so that bands may be
+/// encoded on any thread and in any order: the file's bytes depend on the pixels alone.
+class PngEncoder {
+public:
+    /// For an image of `width` x `height` pixels, both positive.
+    PngEncoder(std::int64_t width, std::int64_t height);
+
+    /// How the image is cut.
+    RowBands bands() const { return {m_height, m_rowsPerBand}; }
+
+    /// Encodes a band from its rows, `width * 4` bytes each. Safe to call for different bands at once.
+    void encodeBand(std::int64_t band, const std::uint8_t* rows);
+
+    /// Once every band is encoded: hands the file to `write` piece by piece, in order, until it returns false.
+    /// Returns whether all was taken.
+    bool writeTo(const std::function<bool(QByteArrayView)>& write) const;
+
+private:
+    struct Band {
+        /// A whole IDAT chunk.
+        QByteArray chunk;
+        /// Checksum and size of what the chunk inflates to.
+        std::uint32_t adler = 1;
+        std::int64_t filteredSize = 0;
+    };
+
+    std::int64_t m_width;
+    std::int64_t m_height;
+    std::int64_t m_rowsPerBand;
+    std::vector<Band> m_bands;
+};
+
+}  // namespace quarlin
