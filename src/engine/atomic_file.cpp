@@ -37,7 +37,9 @@ AtomicFile::~AtomicFile() {
     }
 }
 
-bool AtomicFile::write(QByteArrayView bytes) { return m_file.write(bytes.data(), bytes.size()) == bytes.size(); }
+bool AtomicFile::write(QByteArrayView bytes) {
+    return m_file.write(bytes.data(), bytes.size()) == bytes.size();
+}
 
 bool AtomicFile::commit() {
     m_file.close();

@@ -6,8 +6,9 @@
 
 namespace quarlin {
 
-/// Writes a file so that a reader finds either the whole new content or the old one: everything goes to a hidden
-/// file in the same folder, which takes the name at the end. A file that is not committed leaves nothing behind.
+/// Writes a file so that a reader finds either the whole new content or the old one: everything goes to a
+/// hidden file in the same folder, which takes the name at the end. A file that is not committed leaves
+/// nothing behind.
 class AtomicFile {
 public:
     explicit AtomicFile(const QUrl& url);

@@ -97,7 +97,9 @@ bool isComplete(const QByteArray& bytes) {
 
 }  // namespace
 
-bool isBmp(const QByteArray& bytes) { return bytes.startsWith("BM"); }
+bool isBmp(const QByteArray& bytes) {
+    return bytes.startsWith("BM");
+}
 
 QImage decodeBmp(const QByteArray& bytes) {
     if (!isComplete(bytes)) {
@@ -113,7 +115,8 @@ QImage decodeBmp(const QByteArray& bytes) {
         return {};
     }
     std::uint8_t* pixel = straight.bits();
-    for (const std::uint8_t* const end = pixel + straight.sizeInBytes(); pixel != end; pixel += bytesPerPixel) {
+    for (const std::uint8_t* const end = pixel + straight.sizeInBytes(); pixel != end;
+         pixel += bytesPerPixel) {
         for (int channel = 0; channel < 3; ++channel) {
             pixel[channel] = premultiplied(pixel[channel], pixel[3]);
         }

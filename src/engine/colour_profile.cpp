@@ -105,7 +105,8 @@ QByteArray serialized(cmsHPROFILE profile) {
 }  // namespace
 
 ProfileUse judgeProfile(const QByteArray& bytes, int channels) {
-    const Profile profile(cmsOpenProfileFromMem(bytes.constData(), static_cast<cmsUInt32Number>(bytes.size())));
+    const Profile profile(
+        cmsOpenProfileFromMem(bytes.constData(), static_cast<cmsUInt32Number>(bytes.size())));
     if (!profile || static_cast<int>(cmsChannelsOf(cmsGetColorSpace(profile.get()))) != channels) {
         return ProfileUse::unusable;
     }

@@ -11,15 +11,18 @@ namespace quarlin {
 
 namespace {
 
-/// The number with two decimals as "%.2f" writes it, in any locale: rounded from the exact value of the double, a
-/// tie to the even digit. Qt's own formatting rounds ties up.
+/// The number with two decimals as "%.2f" writes it, in any locale: rounded from the exact value of the
+/// double, a tie to the even digit. Qt's own formatting rounds ties up.
 QString twoDecimals(double value) {
     std::array<char, std::numeric_limits<double>::max_exponent10 + 8> text{};
-    const auto written = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, 2);
+    const auto written =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, 2);
     return QString::fromLatin1(text.data(), written.ptr - text.data());
 }
 
-QString yesOrNo(bool value) { return value ? QStringLiteral("yes") : QStringLiteral("no"); }
+QString yesOrNo(bool value) {
+    return value ? QStringLiteral("yes") : QStringLiteral("no");
+}
 
 /// "LABEL: NAME", or "LABEL: not exported".
 QString fileLine(const QString& label, const QString& name, bool exported) {
@@ -60,8 +63,8 @@ QString TextureProcessor::makeNotes(const OutputNames& names, const ConversionSe
         sources += sourceLine(slot, textures);
     }
     return QStringLiteral("VOREK TECH Quarlin - Second Life PBR Material Set\n\nMaterial name:\n") +
-           settings.safeMaterialName() + QStringLiteral("\n\nOutput files:\nBase Color: ") + names.baseColor() +
-           QStringLiteral("\nMetallic/Roughness: ") + names.orm() + u'\n' +
+           settings.safeMaterialName() + QStringLiteral("\n\nOutput files:\nBase Color: ") +
+           names.baseColor() + QStringLiteral("\nMetallic/Roughness: ") + names.orm() + u'\n' +
            fileLine(QStringLiteral("Normal"), names.normal(), hasNormal) + u'\n' +
            fileLine(QStringLiteral("glTF material"), names.gltf(), settings.exportGLTF) +
            QStringLiteral(
@@ -70,7 +73,8 @@ QString TextureProcessor::makeNotes(const OutputNames& names, const ConversionSe
                "ORM green: Roughness. Black is glossy, white is rough.\n"
                "ORM blue: Metallic. Black is non-metal, white is metal.\n\n"
                "Settings:\nOutput size: ") +
-           title(settings.outputResolution) + QStringLiteral("\nRoughness input treated as gloss/smoothness: ") +
+           title(settings.outputResolution) +
+           QStringLiteral("\nRoughness input treated as gloss/smoothness: ") +
            yesOrNo(settings.roughnessInputIsGloss) + QStringLiteral("\nNormal green channel flipped: ") +
            yesOrNo(settings.flipNormalGreen) + QStringLiteral("\nDefault AO: ") +
            Formatters::percentLabel(settings.defaultOcclusion) + QStringLiteral("\nDefault roughness: ") +
@@ -79,7 +83,8 @@ QString TextureProcessor::makeNotes(const OutputNames& names, const ConversionSe
            sources.join(u'\n') +
            QStringLiteral(
                "\n\nSuggested SL workflow:\n"
-               "Upload the .gltf through Build > Upload > Material, or upload the PNGs as textures and create a "
+               "Upload the .gltf through Build > Upload > Material, or upload the PNGs as textures and "
+               "create a "
                "new PBR Metallic-Roughness material manually.\n"
                "In the manual material window, assign Base Color to the Base Color slot, assign ORM to "
                "Metallic/Roughness, and assign Normal if available.\n\n"
@@ -89,11 +94,12 @@ QString TextureProcessor::makeNotes(const OutputNames& names, const ConversionSe
                "Most Second Life objects are non-metallic unless the surface is real bare metal.");
 }
 
-QString TextureProcessor::makeNormalNotes(const NormalOutputNames& names, const NormalGeneratorSettings& settings,
+QString TextureProcessor::makeNormalNotes(const NormalOutputNames& names,
+                                          const NormalGeneratorSettings& settings,
                                           const TextureAsset& source) {
     return QStringLiteral("VOREK TECH Quarlin - Generated PBR Map Set\n\nMaterial name:\n") +
-           settings.safeMaterialName() + QStringLiteral("\n\nOutput files:\nBase Color: ") + names.baseColor() +
-           QStringLiteral("\nNormal map: ") + names.normal() + u'\n' +
+           settings.safeMaterialName() + QStringLiteral("\n\nOutput files:\nBase Color: ") +
+           names.baseColor() + QStringLiteral("\nNormal map: ") + names.normal() + u'\n' +
            fileLine(QStringLiteral("Height helper"), names.height(), settings.exportHeight) + u'\n' +
            fileLine(QStringLiteral("Roughness"), names.roughness(), settings.exportRoughness) + u'\n' +
            fileLine(QStringLiteral("Gloss"), names.gloss(), settings.exportGloss) + u'\n' +
@@ -101,16 +107,17 @@ QString TextureProcessor::makeNormalNotes(const NormalOutputNames& names, const 
            fileLine(QStringLiteral("Ambient Occlusion"), names.occlusion(), settings.exportAO) + u'\n' +
            fileLine(QStringLiteral("ORM packed map"), names.orm(), settings.exportORM) + u'\n' +
            fileLine(QStringLiteral("glTF material"), names.gltf(), settings.exportGLTF) +
-           QStringLiteral("\n\nSource file:\n") + source.fileName + QStringLiteral(" (") + source.sizeLabel() +
-           QStringLiteral(")\n\nSettings:\nOutput size: ") + title(settings.outputResolution) +
-           QStringLiteral("\nStrength: ") + twoDecimals(settings.strength) +
-           QStringLiteral("\nSmoothing passes: ") + QString::number(settings.smoothing) +
-           QStringLiteral("\nHeight inverted: ") + yesOrNo(settings.invertHeight) +
-           QStringLiteral("\nGreen channel flipped: ") + yesOrNo(settings.flipGreen) +
-           QStringLiteral("\nRoughness min: ") + Formatters::percentLabel(settings.roughnessMin) +
-           QStringLiteral("\nRoughness max: ") + Formatters::percentLabel(settings.roughnessMax) +
-           QStringLiteral("\nMetallic strength: ") + Formatters::percentLabel(settings.metallicStrength) +
-           QStringLiteral("\nAO strength: ") + Formatters::percentLabel(settings.aoStrength) +
+           QStringLiteral("\n\nSource file:\n") + source.fileName + QStringLiteral(" (") +
+           source.sizeLabel() + QStringLiteral(")\n\nSettings:\nOutput size: ") +
+           title(settings.outputResolution) + QStringLiteral("\nStrength: ") +
+           twoDecimals(settings.strength) + QStringLiteral("\nSmoothing passes: ") +
+           QString::number(settings.smoothing) + QStringLiteral("\nHeight inverted: ") +
+           yesOrNo(settings.invertHeight) + QStringLiteral("\nGreen channel flipped: ") +
+           yesOrNo(settings.flipGreen) + QStringLiteral("\nRoughness min: ") +
+           Formatters::percentLabel(settings.roughnessMin) + QStringLiteral("\nRoughness max: ") +
+           Formatters::percentLabel(settings.roughnessMax) + QStringLiteral("\nMetallic strength: ") +
+           Formatters::percentLabel(settings.metallicStrength) + QStringLiteral("\nAO strength: ") +
+           Formatters::percentLabel(settings.aoStrength) +
            QStringLiteral("\n\nSuggested Second Life workflow:\nUpload ") + names.gltf() +
            QStringLiteral(" through Build > Upload > Material when .gltf export is enabled.\nUse ") +
            names.normal() + QStringLiteral(" in the Normal slot.\nUse ") + names.orm() +
@@ -120,15 +127,19 @@ QString TextureProcessor::makeNormalNotes(const NormalOutputNames& names, const 
                "If you prefer manual slots, use roughness, metallic and AO separately where your workflow "
                "supports them.\n\n"
                "Practical notes:\n"
-               "These maps are generated heuristically from one texture. They are useful for fast Second Life "
+               "These maps are generated heuristically from one texture. They are useful for fast Second "
+               "Life "
                "material setup, but they cannot know the true material physics.\n"
-               "Metallic is intentionally conservative. Most surfaces should stay low metallic unless they are "
+               "Metallic is intentionally conservative. Most surfaces should stay low metallic unless they "
+               "are "
                "bare metal.\n"
-               "Gloss is the inverse of roughness. For PBR/glTF/SL Metallic-Roughness, roughness is usually the "
+               "Gloss is the inverse of roughness. For PBR/glTF/SL Metallic-Roughness, roughness is usually "
+               "the "
                "map you want.\n"
                "A generated normal map estimates height from brightness, which is useful for fabric, stone, "
                "panels, seams and surface grain, but less reliable for painted shadows or highlights.\n"
-               "If bumps look pushed inward, toggle Invert Height. If vertical lighting looks reversed, toggle "
+               "If bumps look pushed inward, toggle Invert Height. If vertical lighting looks reversed, "
+               "toggle "
                "Flip Green.");
 }
 

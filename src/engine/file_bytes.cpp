@@ -14,7 +14,8 @@ std::optional<FileStamp> fileStamp(const QUrl& url) {
     const QString path = url.toLocalFile();
 #ifdef Q_OS_UNIX
     struct stat status {};
-    if (path.isEmpty() || stat(QFile::encodeName(path).constData(), &status) != 0 || !S_ISREG(status.st_mode)) {
+    if (path.isEmpty() || stat(QFile::encodeName(path).constData(), &status) != 0 ||
+        !S_ISREG(status.st_mode)) {
         return std::nullopt;
     }
 #ifdef Q_OS_DARWIN

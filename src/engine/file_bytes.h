@@ -18,8 +18,8 @@ struct FileBytes {
 /// The stamp of the regular file at `url`, symbolic links followed; nothing where there is none.
 std::optional<FileStamp> fileStamp(const QUrl& url);
 
-/// Reads the regular file at `url` whole; nothing when it is none (a folder, a pipe, a device), can't be read, or
-/// changes while it is read.
+/// Reads the regular file at `url` whole; nothing when it is none (a folder, a pipe, a device), can't be
+/// read, or changes while it is read.
 std::optional<FileBytes> readFile(const QUrl& url);
 
 }  // namespace quarlin

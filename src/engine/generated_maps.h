@@ -4,8 +4,8 @@
 
 namespace quarlin {
 
-/// The surface maps estimated from one image, all of its size and opaque. The first four are grey; `orm` holds
-/// occlusion, roughness and metallic in red, green and blue.
+/// The surface maps estimated from one image, all of its size and opaque. The first four are grey; `orm`
+/// holds occlusion, roughness and metallic in red, green and blue.
 struct GeneratedSurfaceMaps {
     PixelImage roughness;
     PixelImage gloss;

@@ -9,7 +9,9 @@ namespace quarlin {
 
 namespace {
 
-QJsonObject textureIndex(int index) { return {{QStringLiteral("index"), index}}; }
+QJsonObject textureIndex(int index) {
+    return {{QStringLiteral("index"), index}};
+}
 
 }  // namespace
 
@@ -43,8 +45,9 @@ QByteArray gltfMaterial(const GltfMaterial& material) {
     }
 
     return jsonText(QJsonObject{
-        {QStringLiteral("asset"), QJsonObject{{QStringLiteral("version"), QStringLiteral("2.0")},
-                                              {QStringLiteral("generator"), QStringLiteral("VOREK TECH Quarlin")}}},
+        {QStringLiteral("asset"),
+         QJsonObject{{QStringLiteral("version"), QStringLiteral("2.0")},
+                     {QStringLiteral("generator"), QStringLiteral("VOREK TECH Quarlin")}}},
         {QStringLiteral("images"), images},
         {QStringLiteral("textures"), textures},
         {QStringLiteral("materials"), QJsonArray{entry}},

@@ -5,7 +5,8 @@
 
 namespace quarlin {
 
-ExportResult TextureProcessor::exportMaterialSet(const TextureMap& textures, const ConversionSettings& settings,
+ExportResult TextureProcessor::exportMaterialSet(const TextureMap& textures,
+                                                 const ConversionSettings& settings,
                                                  const QUrl& parentDirectory) const {
     const auto base = textures.find(TextureSlotKind::baseColor);
     if (base == textures.end()) {

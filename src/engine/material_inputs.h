@@ -8,8 +8,9 @@
 
 namespace quarlin {
 
-/// The textures of a material at one size. They are rendered side by side on all cores, but a texture that can't
-/// be rendered is reported only when it is asked for: which failure comes first is up to the reader's order.
+/// The textures of a material at one size. They are rendered side by side on all cores, but a texture that
+/// can't be rendered is reported only when it is asked for: which failure comes first is up to the reader's
+/// order.
 class MaterialInputs {
 public:
     /// Renders those of `slots` that `textures` holds.

@@ -9,8 +9,8 @@ namespace quarlin {
 unsigned coreCount();
 
 /// Calls `work(0)` to `work(count - 1)`, each once, on up to `threads` threads including the calling one, and
-/// returns when all are done. Which thread does which is left open, so the results must not depend on it. When
-/// calls throw, the exception of the lowest index is thrown once all are done.
+/// returns when all are done. Which thread does which is left open, so the results must not depend on it.
+/// When calls throw, the exception of the lowest index is thrown once all are done.
 void forEachInParallel(std::int64_t count, const std::function<void(std::int64_t)>& work,
                        unsigned threads = coreCount());
 

@@ -9,8 +9,8 @@
 
 namespace quarlin {
 
-/// The standard allocator, except that elements made without a value stay uninitialised, so that a buffer that is
-/// written in full anyway is not cleared first.
+/// The standard allocator, except that elements made without a value stay uninitialised, so that a buffer
+/// that is written in full anyway is not cleared first.
 template <typename T>
 struct UninitializedAllocator : std::allocator<T> {
     template <typename U>
@@ -37,8 +37,8 @@ struct PixelImage {
     std::int64_t width = 0;
     /// Rows.
     std::int64_t height = 0;
-    /// `width * height * 4` bytes: rows from the top, four bytes a pixel in the order R, G, B, A, 8-bit sRGB with
-    /// premultiplied alpha.
+    /// `width * height * 4` bytes: rows from the top, four bytes a pixel in the order R, G, B, A, 8-bit sRGB
+    /// with premultiplied alpha.
     PixelBuffer pixels;
 
     bool operator==(const PixelImage&) const = default;
@@ -46,5 +46,15 @@ struct PixelImage {
 
 /// Bytes of a pixel.
 inline constexpr std::int64_t bytesPerPixel = 4;
+
+/// The number of pixels of a `width` x `height` image, as containers count.
+constexpr std::size_t pixelCount(std::int64_t width, std::int64_t height) {
+    return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+}
+
+/// An image whose every byte is 255.
+inline PixelImage opaqueWhite(std::int64_t width, std::int64_t height) {
+    return {width, height, PixelBuffer(pixelCount(width, height) * bytesPerPixel, 255)};
+}
 
 }  // namespace quarlin

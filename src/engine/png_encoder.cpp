@@ -18,8 +18,8 @@ namespace quarlin {
 
 namespace {
 
-/// What a band should hold before compression: large enough to compress as well as the whole would, small enough
-/// to keep every core busy.
+/// What a band should hold before compression: large enough to compress as well as the whole would, small
+/// enough to keep every core busy.
 constexpr std::int64_t bandBytes = std::int64_t{1} << 20;
 
 /// A chunk of the PNG standard: length, type, data, checksum of type and data.
@@ -99,8 +99,8 @@ private:
     std::array<PixelBuffer, 2> m_buffers;
 };
 
-/// Deflates `input` to `output` and returns the number of bytes written. The stream ends on a byte's edge, with
-/// nothing that a following band could refer to; the last band also ends the stream.
+/// Deflates `input` to `output` and returns the number of bytes written. The stream ends on a byte's edge,
+/// with nothing that a following band could refer to; the last band also ends the stream.
 std::size_t deflateBand(std::span<std::uint8_t> input, std::span<std::uint8_t> output, bool isLast) {
     isal_zstream stream;
     isal_deflate_init(&stream);

@@ -26,8 +26,8 @@ public:
     /// Encodes a band from its rows, `width * 4` bytes each. Safe to call for different bands at once.
     void encodeBand(std::int64_t band, const std::uint8_t* rows);
 
-    /// Once every band is encoded: hands the file to `write` piece by piece, in order, until it returns false.
-    /// Returns whether all was taken.
+    /// Once every band is encoded: hands the file to `write` piece by piece, in order, until it returns
+    /// false. Returns whether all was taken.
     bool writeTo(const std::function<bool(QByteArrayView)>& write) const;
 
 private:

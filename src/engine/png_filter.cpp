@@ -25,8 +25,8 @@ unsigned paeth(int left, int up, int upLeft) {
     return static_cast<unsigned>(fromLeft <= fromUp && fromLeft <= fromUpLeft ? left : vertical);
 }
 
-/// Writes the residuals of one filter. The first pixel has no left neighbour and is treated apart, so that the
-/// loop over the others has no branch.
+/// Writes the residuals of one filter. The first pixel has no left neighbour and is treated apart, so that
+/// the loop over the others has no branch.
 template <typename Predict>
 void predictRow(std::span<const std::uint8_t> row, const std::uint8_t* above, std::uint8_t* output,
                 Predict predict) {
@@ -36,8 +36,8 @@ void predictRow(std::span<const std::uint8_t> row, const std::uint8_t* above, st
         output[index] = residual(sample[index], predict(0, above[index], 0));
     }
     for (std::size_t index = pixelSize; index < size; ++index) {
-        output[index] = residual(
-            sample[index], predict(sample[index - pixelSize], above[index], above[index - pixelSize]));
+        output[index] = residual(sample[index],
+                                 predict(sample[index - pixelSize], above[index], above[index - pixelSize]));
     }
 }
 
@@ -58,7 +58,8 @@ void applyFilter(Filter filter, std::span<const std::uint8_t> row, const std::ui
                        [](int left, int up, int) { return static_cast<unsigned>(left + up) / 2U; });
             break;
         case Filter::paeth:
-            predictRow(row, above, output, [](int left, int up, int upLeft) { return paeth(left, up, upLeft); });
+            predictRow(row, above, output,
+                       [](int left, int up, int upLeft) { return paeth(left, up, upLeft); });
             break;
     }
 }

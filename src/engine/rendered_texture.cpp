@@ -22,7 +22,8 @@ QImage stretched(QImage image, std::int64_t width, std::int64_t height) {
     if (result.isNull()) {
         throw TextureProcessorError::cannotCreateBitmap();
     }
-    resample(ImageView(image), width, height, {result.bits(), static_cast<std::size_t>(result.sizeInBytes())});
+    resample(ImageView(image), width, height,
+             {result.bits(), static_cast<std::size_t>(result.sizeInBytes())});
     return result;
 }
 

@@ -129,7 +129,8 @@ std::vector<FilterTaps> lanczosTaps(std::int64_t inputSize, std::int64_t outputS
         // Sample i covers i...i + 1, its centre lies at i + 0.5, in the input as in the output.
         const double centre =
             static_cast<double>((2 * index + 1) * inputSize) / (2.0 * static_cast<double>(outputSize));
-        const auto first = std::max<std::int64_t>(0, static_cast<std::int64_t>(std::ceil(centre - reach - 0.5)));
+        const auto first =
+            std::max<std::int64_t>(0, static_cast<std::int64_t>(std::ceil(centre - reach - 0.5)));
         const auto last =
             std::min(inputSize - 1, static_cast<std::int64_t>(std::floor(centre + reach - 0.5)));
         FilterTaps& taps = all[static_cast<std::size_t>(index)];
@@ -148,7 +149,8 @@ std::vector<FilterTaps> lanczosTaps(std::int64_t inputSize, std::int64_t outputS
     return all;
 }
 
-void resample(const ImageView& source, std::int64_t width, std::int64_t height, std::span<std::uint8_t> output) {
+void resample(const ImageView& source, std::int64_t width, std::int64_t height,
+              std::span<std::uint8_t> output) {
     const std::vector<FilterTaps> columns = lanczosTaps(source.width, width);
     const std::vector<FilterTaps> rows = lanczosTaps(source.height, height);
     std::size_t tallest = 0;

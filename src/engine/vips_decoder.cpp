@@ -45,17 +45,18 @@ bool startLibrary() {
         // The same file name or buffer may hold another image next time: nothing is remembered.
         vips_cache_set_max(0);
         // What a decoder has to say goes into the result, not to the terminal.
-        g_log_set_handler("VIPS", static_cast<GLogLevelFlags>(G_LOG_LEVEL_MASK | G_LOG_FLAG_FATAL),
-                          [](const gchar*, GLogLevelFlags, const gchar*, gpointer) {}, nullptr);
+        g_log_set_handler(
+            "VIPS", static_cast<GLogLevelFlags>(G_LOG_LEVEL_MASK | G_LOG_FLAG_FATAL),
+            [](const gchar*, GLogLevelFlags, const gchar*, gpointer) {}, nullptr);
     });
     return started;
 }
 
-/// Whether the bytes are of a format that Quarlin promises to read. libvips knows more, not all of them meant for
-/// files from strangers.
+/// Whether the bytes are of a format that Quarlin promises to read. libvips knows more, not all of them meant
+/// for files from strangers.
 bool isSupportedLoader(const char* loader) {
     constexpr std::array<std::string_view, 6> supported{
-        "VipsForeignLoadPngBuffer",    "VipsForeignLoadJpegBuffer", "VipsForeignLoadTiffBuffer",
+        "VipsForeignLoadPngBuffer",   "VipsForeignLoadJpegBuffer", "VipsForeignLoadTiffBuffer",
         "VipsForeignLoadNsgifBuffer", "VipsForeignLoadWebpBuffer", "VipsForeignLoadHeifBuffer"};
     return loader != nullptr && std::find(supported.begin(), supported.end(), loader) != supported.end();
 }
@@ -93,11 +94,11 @@ QByteArray builtInProfile(const char* name) {
 /// Converts the colour bands of `image` to 8-bit sRGB by a profile; alpha goes along as it is.
 Image convertedByProfile(Image image, const QByteArray& profile) {
     const int bands = colourBands(image.get());
-    const Image colour = result(
-        [&](VipsImage** out) { return vips_extract_band(image.get(), out, 0, "n", bands, nullptr); });
+    const Image colour =
+        result([&](VipsImage** out) { return vips_extract_band(image.get(), out, 0, "n", bands, nullptr); });
     // An image of its own, so that the profile is not set on one that is shared.
-    const Image tagged = colour ? result([&](VipsImage** out) { return vips_copy(colour.get(), out, nullptr); })
-                                : nullptr;
+    const Image tagged =
+        colour ? result([&](VipsImage** out) { return vips_copy(colour.get(), out, nullptr); }) : nullptr;
     if (!tagged) {
         return nullptr;
     }
@@ -110,13 +111,12 @@ Image convertedByProfile(Image image, const QByteArray& profile) {
     if (!converted || bands == vips_image_get_bands(image.get())) {
         return converted;
     }
-    Image alpha = result(
-        [&](VipsImage** out) { return vips_extract_band(image.get(), out, bands, "n", 1, nullptr); });
+    Image alpha =
+        result([&](VipsImage** out) { return vips_extract_band(image.get(), out, bands, "n", 1, nullptr); });
     if (alpha && vips_image_get_format(alpha.get()) == VIPS_FORMAT_USHORT) {
         // 65535 is 257 times 255; the half makes the cast, which truncates, round.
-        const Image scaled = result([&](VipsImage** out) {
-            return vips_linear1(alpha.get(), out, 1.0 / 257.0, 0.5, nullptr);
-        });
+        const Image scaled = result(
+            [&](VipsImage** out) { return vips_linear1(alpha.get(), out, 1.0 / 257.0, 0.5, nullptr); });
         alpha = scaled ? result([&](VipsImage** out) { return vips_cast_uchar(scaled.get(), out, nullptr); })
                        : nullptr;
     }
@@ -155,7 +155,9 @@ Image toSRGB(Image image, const QByteArray& bytes) {
                      : nullptr;
 }
 
-std::uint8_t toByte(std::uint8_t sample) { return sample; }
+std::uint8_t toByte(std::uint8_t sample) {
+    return sample;
+}
 
 /// `sample / 257`, rounded: 65535 becomes 255.
 std::uint8_t toByte(std::uint16_t sample) {

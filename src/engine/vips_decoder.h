@@ -5,7 +5,8 @@
 
 namespace quarlin {
 
-/// Decodes PNG, JPEG, TIFF, GIF, HEIC, WebP and AVIF to `pixelFormat` through libvips; a null image for all else.
+/// Decodes PNG, JPEG, TIFF, GIF, HEIC, WebP and AVIF to `pixelFormat` through libvips; a null image for all
+/// else.
 QImage decodeWithVips(const QByteArray& bytes);
 
 }  // namespace quarlin

@@ -6,8 +6,8 @@
 
 namespace quarlin {
 
-/// The user's choices for one material set. Nothing is clamped here: the ranges belong to the controls that edit
-/// the fields.
+/// The user's choices for one material set. Nothing is clamped here: the ranges belong to the controls that
+/// edit the fields.
 struct ConversionSettings {
     /// The name that a fresh value carries, and that stands in for a name of which no character can be kept.
     static QString defaultMaterialName();

@@ -4,7 +4,9 @@
 
 namespace quarlin {
 
-QString NormalGeneratorSettings::defaultMaterialName() { return QStringLiteral("VOREK_Normal"); }
+QString NormalGeneratorSettings::defaultMaterialName() {
+    return QStringLiteral("VOREK_Normal");
+}
 
 QString NormalGeneratorSettings::safeMaterialName() const {
     return quarlin::safeMaterialName(materialName, defaultMaterialName());

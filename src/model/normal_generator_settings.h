@@ -6,8 +6,8 @@
 
 namespace quarlin {
 
-/// The user's choices for one generated map set. Nothing is clamped here: the ranges belong to the controls that
-/// edit the fields, and the engine applies only the guards that its formulas name.
+/// The user's choices for one generated map set. Nothing is clamped here: the ranges belong to the controls
+/// that edit the fields, and the engine applies only the guards that its formulas name.
 struct NormalGeneratorSettings {
     /// The name that a fresh value carries, and that stands in for a name of which no character can be kept.
     static QString defaultMaterialName();

@@ -14,7 +14,8 @@ namespace quarlin {
 
 /// One loaded input image. Two loads of the same file are two distinct assets.
 struct TextureAsset {
-    TextureAsset(QUrl url, QString fileName, std::int64_t pixelWidth, std::int64_t pixelHeight, QImage preview);
+    TextureAsset(QUrl url, QString fileName, std::int64_t pixelWidth, std::int64_t pixelHeight,
+                 QImage preview);
 
     /// Freshly generated for every constructed asset; copies keep it.
     QUuid id;
@@ -27,8 +28,8 @@ struct TextureAsset {
     std::int64_t pixelHeight;
     /// The decoded image at its own size.
     QImage preview;
-    /// What the file was when `preview` was decoded from it; nothing when `preview` does not come from the file.
-    /// As long as the file still bears this stamp, `preview` stands for its pixels.
+    /// What the file was when `preview` was decoded from it; nothing when `preview` does not come from the
+    /// file. As long as the file still bears this stamp, `preview` stands for its pixels.
     std::optional<FileStamp> decodedFrom;
 
     /// The size as shown to the user, such as "2048x1024".

@@ -2,15 +2,20 @@
 
 namespace quarlin {
 
-QString shortTitle(TextureSlotKind slot) { return tableRow(slot).shortTitle; }
+QString shortTitle(TextureSlotKind slot) {
+    return tableRow(slot).shortTitle;
+}
 
-QString systemImage(TextureSlotKind slot) { return tableRow(slot).systemImage; }
+QString systemImage(TextureSlotKind slot) {
+    return tableRow(slot).systemImage;
+}
 
 QString help(TextureSlotKind slot) {
     switch (slot) {
         case TextureSlotKind::baseColor:
             return QStringLiteral(
-                "Unlit albedo/base color. Diffuse maps work as a source, but baked lighting should be reduced "
+                "Unlit albedo/base color. Diffuse maps work as a source, but baked lighting should be "
+                "reduced "
                 "when possible.");
         case TextureSlotKind::normal:
             return QStringLiteral("Tangent-space normal map. Enable Y flip if your source is DirectX-style.");
@@ -28,6 +33,8 @@ QString help(TextureSlotKind slot) {
     return {};
 }
 
-bool required(TextureSlotKind slot) { return slot == TextureSlotKind::baseColor; }
+bool required(TextureSlotKind slot) {
+    return slot == TextureSlotKind::baseColor;
+}
 
 }  // namespace quarlin

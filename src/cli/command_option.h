@@ -1,0 +1,57 @@
+#pragma once
+
+#include "output_resolution.h"
+#include "setting_range.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace quarlin {
+
+/// One option of a command, bound to the field that it sets. What is parsed and what the help tells both come
+/// from here.
+struct CommandOption {
+    /// What is typed, without the leading "--".
+    QString name;
+    /// What the help calls the value; empty for a switch, which takes none.
+    QString valueName;
+    /// What the help says of the option.
+    QString description;
+    /// Writes the value, which a switch ignores, to the field. Throws `UsageError` when the value is off.
+    std::function<void(const QString& value)> apply;
+    bool required = false;
+};
+
+using CommandOptions = std::vector<CommandOption>;
+
+// Each of these binds `target`, which has to outlive the option, and whose present value the help gives as
+// the default where there is one.
+
+/// A path, which must not be empty.
+CommandOption pathOption(const QString& name, const QString& valueName, const QString& description,
+                         QString& target);
+
+/// The name of the set, an empty one too; without it the name comes from the first texture's file.
+CommandOption nameOption(std::optional<QString>& target);
+
+/// Sets `target` to `value`.
+CommandOption switchOption(const QString& name, const QString& description, bool& target, bool value);
+
+/// One of the output sizes.
+CommandOption sizeOption(OutputResolution& target);
+
+/// A number within `range`, written with a decimal point.
+CommandOption numberOption(const QString& name, const QString& description, double& target,
+                           SettingRange<double> range);
+
+/// A whole number within `range`.
+CommandOption countOption(const QString& name, const QString& description, int& target,
+                          SettingRange<int> range);
+
+/// The same option, which the command can't do without.
+CommandOption required(CommandOption option);
+
+}  // namespace quarlin

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+#include <QUrl>
+
+namespace quarlin {
+
+/// The absolute location of a path as typed, which may be relative to the working directory.
+QUrl localFile(const QString& path);
+
+}  // namespace quarlin

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "export_result.h"
+
+#include <QString>
+
+namespace quarlin {
+
+/// What an export wrote, one line for the folder and one per file.
+QString textReport(const ExportResult& result);
+
+/// The same as one line of JSON: an object with "folder" and "files".
+QString jsonReport(const ExportResult& result);
+
+}  // namespace quarlin

@@ -1,0 +1,118 @@
+#include "generated_bands.h"
+
+#include "pixel_image.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace quarlin {
+
+namespace {
+
+/// A run of rows of heights, each padded as the row operations ask for.
+class HeightRows {
+public:
+    HeightRows(RowRange range, std::int64_t width)
+        : m_range(range),
+          m_stride(width + 2 * rowSlack),
+          m_values(pixelCount(m_stride, range.count)) {}
+
+    RowRange range() const { return m_range; }
+    double* row(std::int64_t y) { return m_values.data() + (y - m_range.first) * m_stride + rowSlack; }
+    const double* row(std::int64_t y) const {
+        return m_values.data() + (y - m_range.first) * m_stride + rowSlack;
+    }
+
+private:
+    RowRange m_range;
+    std::int64_t m_stride;
+    std::vector<double> m_values;
+};
+
+/// `rows` with `margin` rows more on either side, as far as the image has them.
+RowRange widened(RowRange rows, std::int64_t margin, std::int64_t height) {
+    const std::int64_t first = std::max<std::int64_t>(0, rows.first - margin);
+    return {first, std::min(height, rows.end() + margin) - first};
+}
+
+/// Blurs row `y` of `heights`, whose range holds every row of its window.
+void blurOneRow(const HeightRows& heights, std::int64_t y, std::int64_t imageHeight, std::int64_t width,
+                double* blurred) {
+    std::array<const double*, 3> window{};
+    const RowRange rows = widened({y, 1}, 1, imageHeight);
+    for (std::int64_t index = 0; index < rows.count; ++index) {
+        window[static_cast<std::size_t>(index)] = heights.row(rows.first + index);
+    }
+    blurRow(std::span(window).first(static_cast<std::size_t>(rows.count)), width, blurred);
+}
+
+/// The smoothed heights of `rows`.
+HeightRows smoothedHeights(const ImageView& source, const NormalGeneratorSettings& settings, RowRange rows) {
+    const std::int64_t passes = std::max(0, settings.smoothing);
+    HeightRows heights(widened(rows, passes, source.height), source.width);
+    for (std::int64_t y = heights.range().first; y < heights.range().end(); ++y) {
+        heightRow(source.row(y), source.width, settings.invertHeight, heights.row(y));
+    }
+    for (std::int64_t left = passes - 1; left >= 0; --left) {
+        HeightRows blurred(widened(rows, left, source.height), source.width);
+        for (std::int64_t y = blurred.range().first; y < blurred.range().end(); ++y) {
+            blurOneRow(heights, y, source.height, source.width, blurred.row(y));
+        }
+        heights = std::move(blurred);
+    }
+    return heights;
+}
+
+}  // namespace
+
+GeneratedBand generateBand(const ImageView& source, const NormalGeneratorSettings& settings, RowRange rows) {
+    const std::int64_t width = source.width;
+    const std::size_t pixels = pixelCount(width, rows.count);
+    GeneratedBand band{rows,
+                       PixelBuffer(pixels),
+                       PixelBuffer(pixels * bytesPerPixel),
+                       PixelBuffer(pixels),
+                       PixelBuffer(pixels),
+                       PixelBuffer(pixels),
+                       PixelBuffer(pixels)};
+    const GeneratorFactors factors(settings);
+    // Normals, contrast and cavity look one row up and down.
+    const HeightRows heights = smoothedHeights(source, settings, widened(rows, 1, source.height));
+    HeightRows blurred({0, 1}, width);
+    for (std::int64_t y = rows.first; y < rows.end(); ++y) {
+        blurOneRow(heights, y, source.height, width, blurred.row(0));
+        const std::int64_t offset = (y - rows.first) * width;
+        mapRow(source.row(y), heights.row(std::max<std::int64_t>(0, y - 1)), heights.row(y),
+               heights.row(std::min(source.height - 1, y + 1)), blurred.row(0), width, factors,
+               {.height = band.height.data() + offset,
+                .normal = band.normal.data() + offset * bytesPerPixel,
+                .roughness = band.roughness.data() + offset,
+                .gloss = band.gloss.data() + offset,
+                .metallic = band.metallic.data() + offset,
+                .occlusion = band.occlusion.data() + offset});
+    }
+    return band;
+}
+
+void storeGreyPixels(const PixelBuffer& grey, std::uint8_t* pixels) {
+    for (const std::uint8_t value : grey) {
+        pixels[0] = value;
+        pixels[1] = value;
+        pixels[2] = value;
+        pixels[3] = 255;
+        pixels += bytesPerPixel;
+    }
+}
+
+void storeOrmPixels(const GeneratedBand& band, std::uint8_t* pixels) {
+    for (std::size_t index = 0; index < band.occlusion.size(); ++index) {
+        pixels[0] = band.occlusion[index];
+        pixels[1] = band.roughness[index];
+        pixels[2] = band.metallic[index];
+        pixels[3] = 255;
+        pixels += bytesPerPixel;
+    }
+}
+
+}  // namespace quarlin
