@@ -28,7 +28,9 @@ struct Colour {
     Double red, green, blue;
 };
 
-HWY_ATTR Double number(double value) { return hn::Set(Doubles(), value); }
+HWY_ATTR Double number(double value) {
+    return hn::Set(Doubles(), value);
+}
 
 /// Reads pixels as components of 0...255.
 HWY_ATTR Colour loadColour(const std::uint8_t* pixels) {
@@ -189,54 +191,57 @@ HWY_ATTR void mapRow(const std::uint8_t* pixels, const double* above, const doub
     const Double one = number(1.0);
     const Double full = number(255.0);
     const auto lanes = static_cast<std::int64_t>(hn::Lanes(doubles));
-    forEachVector(pixels, width, [&](std::int64_t x, const std::uint8_t* vector, std::int64_t count) HWY_ATTR {
-        const Double height = hn::LoadU(doubles, row + x);
-        const Colour bytes = loadColour(vector);
-        const Colour colour{hn::Div(bytes.red, full), hn::Div(bytes.green, full), hn::Div(bytes.blue, full)};
-        const Double largest = hn::Max(hn::Max(colour.red, colour.green), colour.blue);
-        const Double smallest = hn::Min(hn::Min(colour.red, colour.green), colour.blue);
-        const Double saturation = hn::IfThenElseZero(hn::Gt(largest, hn::Zero(doubles)),
-                                                     hn::Div(hn::Sub(largest, smallest), largest));
-        const Double light = luminance(colour);
-        const Double contrast = localHeightContrast(above + x, row + x, below + x);
-        const Double brightness = smoothStep(0.42, 0.92, light);
-        const Double cavity = clamped(
-            hn::Mul(hn::Sub(hn::LoadU(doubles, blurred + x), height), number(3.0)), 0.0, 1.0);
-        const Double smoothness = clamped(
-            hn::Add(hn::Mul(brightness, number(0.75)), hn::Mul(contrast, number(1.6))), 0.0, 1.0);
-        const Double roughness = clamped(hn::Sub(number(factors.high), hn::Mul(smoothness, number(factors.span))),
-                                         factors.low, factors.high);
-        const Double metalTone = smoothStep(0.18, 0.78, light);
-        const Double metallic = clamped(hn::Mul(hn::Mul(hn::Sub(one, saturation), metalTone),
-                                                number(factors.metallicStrength)),
-                                        0.0, 1.0);
-        const Double occlusion =
-            clamped(hn::Sub(one, hn::Mul(cavity, number(factors.aoStrength))), 0.0, 1.0);
+    forEachVector(
+        pixels, width, [&](std::int64_t x, const std::uint8_t* vector, std::int64_t count) HWY_ATTR {
+            const Double height = hn::LoadU(doubles, row + x);
+            const Colour bytes = loadColour(vector);
+            const Colour colour{hn::Div(bytes.red, full), hn::Div(bytes.green, full),
+                                hn::Div(bytes.blue, full)};
+            const Double largest = hn::Max(hn::Max(colour.red, colour.green), colour.blue);
+            const Double smallest = hn::Min(hn::Min(colour.red, colour.green), colour.blue);
+            const Double saturation = hn::IfThenElseZero(hn::Gt(largest, hn::Zero(doubles)),
+                                                         hn::Div(hn::Sub(largest, smallest), largest));
+            const Double light = luminance(colour);
+            const Double contrast = localHeightContrast(above + x, row + x, below + x);
+            const Double brightness = smoothStep(0.42, 0.92, light);
+            const Double cavity =
+                clamped(hn::Mul(hn::Sub(hn::LoadU(doubles, blurred + x), height), number(3.0)), 0.0, 1.0);
+            const Double smoothness =
+                clamped(hn::Add(hn::Mul(brightness, number(0.75)), hn::Mul(contrast, number(1.6))), 0.0, 1.0);
+            const Double roughness =
+                clamped(hn::Sub(number(factors.high), hn::Mul(smoothness, number(factors.span))), factors.low,
+                        factors.high);
+            const Double metalTone = smoothStep(0.18, 0.78, light);
+            const Double metallic = clamped(
+                hn::Mul(hn::Mul(hn::Sub(one, saturation), metalTone), number(factors.metallicStrength)), 0.0,
+                1.0);
+            const Double occlusion =
+                clamped(hn::Sub(one, hn::Mul(cavity, number(factors.aoStrength))), 0.0, 1.0);
 
-        const auto store = [&](const GeneratedRow& place) HWY_ATTR {
-            storeBytes(byteFromUnit(height), place.height);
-            storeBytes(byteFromUnit(roughness), place.roughness);
-            storeBytes(byteFromUnit(hn::Sub(one, roughness)), place.gloss);
-            storeBytes(byteFromUnit(metallic), place.metallic);
-            storeBytes(byteFromUnit(occlusion), place.occlusion);
-            hn::StoreU(normals(above + x, row + x, below + x, factors), Integers(),
-                       reinterpret_cast<std::int32_t*>(place.normal));
-        };
-        if (count == lanes) {
-            store({output.height + x, output.normal + x * bytesPerPixel, output.roughness + x, output.gloss + x,
-                   output.metallic + x, output.occlusion + x});
-            return;
-        }
-        std::uint8_t rest[5][HWY_MAX_BYTES];
-        std::uint8_t normalRest[HWY_MAX_BYTES];
-        store({rest[0], normalRest, rest[1], rest[2], rest[3], rest[4]});
-        std::copy_n(rest[0], count, output.height + x);
-        std::copy_n(rest[1], count, output.roughness + x);
-        std::copy_n(rest[2], count, output.gloss + x);
-        std::copy_n(rest[3], count, output.metallic + x);
-        std::copy_n(rest[4], count, output.occlusion + x);
-        std::copy_n(normalRest, count * bytesPerPixel, output.normal + x * bytesPerPixel);
-    });
+            const auto store = [&](const GeneratedRow& place) HWY_ATTR {
+                storeBytes(byteFromUnit(height), place.height);
+                storeBytes(byteFromUnit(roughness), place.roughness);
+                storeBytes(byteFromUnit(hn::Sub(one, roughness)), place.gloss);
+                storeBytes(byteFromUnit(metallic), place.metallic);
+                storeBytes(byteFromUnit(occlusion), place.occlusion);
+                hn::StoreU(normals(above + x, row + x, below + x, factors), Integers(),
+                           reinterpret_cast<std::int32_t*>(place.normal));
+            };
+            if (count == lanes) {
+                store({output.height + x, output.normal + x * bytesPerPixel, output.roughness + x,
+                       output.gloss + x, output.metallic + x, output.occlusion + x});
+                return;
+            }
+            std::uint8_t rest[5][HWY_MAX_BYTES];
+            std::uint8_t normalRest[HWY_MAX_BYTES];
+            store({rest[0], normalRest, rest[1], rest[2], rest[3], rest[4]});
+            std::copy_n(rest[0], count, output.height + x);
+            std::copy_n(rest[1], count, output.roughness + x);
+            std::copy_n(rest[2], count, output.gloss + x);
+            std::copy_n(rest[3], count, output.metallic + x);
+            std::copy_n(rest[4], count, output.occlusion + x);
+            std::copy_n(normalRest, count * bytesPerPixel, output.normal + x * bytesPerPixel);
+        });
 }
 
 }  // namespace quarlin::HWY_NAMESPACE

@@ -8,10 +8,6 @@ namespace quarlin {
 
 namespace {
 
-constexpr std::size_t pixelSize = 4;
-
-enum class Filter : std::uint8_t { none, sub, up, average, paeth };
-
 std::uint8_t residual(unsigned sample, unsigned prediction) {
     return static_cast<std::uint8_t>(sample - prediction);
 }
@@ -27,7 +23,7 @@ unsigned paeth(int left, int up, int upLeft) {
 
 /// Writes the residuals of one filter. The first pixel has no left neighbour and is treated apart, so that
 /// the loop over the others has no branch.
-template <typename Predict>
+template <std::size_t pixelSize, typename Predict>
 void predictRow(std::span<const std::uint8_t> row, const std::uint8_t* above, std::uint8_t* output,
                 Predict predict) {
     const std::uint8_t* const sample = row.data();
@@ -41,30 +37,34 @@ void predictRow(std::span<const std::uint8_t> row, const std::uint8_t* above, st
     }
 }
 
-void applyFilter(Filter filter, std::span<const std::uint8_t> row, const std::uint8_t* above,
-                 std::uint8_t* output) {
+template <std::size_t pixelSize>
+void apply(PngFilter filter, std::span<const std::uint8_t> row, const std::uint8_t* above,
+           std::uint8_t* output) {
     switch (filter) {
-        case Filter::none:
+        case PngFilter::none:
             std::copy(row.begin(), row.end(), output);
             break;
-        case Filter::sub:
-            predictRow(row, above, output, [](int left, int, int) { return static_cast<unsigned>(left); });
+        case PngFilter::sub:
+            predictRow<pixelSize>(row, above, output,
+                                  [](int left, int, int) { return static_cast<unsigned>(left); });
             break;
-        case Filter::up:
-            predictRow(row, above, output, [](int, int up, int) { return static_cast<unsigned>(up); });
+        case PngFilter::up:
+            predictRow<pixelSize>(row, above, output,
+                                  [](int, int up, int) { return static_cast<unsigned>(up); });
             break;
-        case Filter::average:
-            predictRow(row, above, output,
-                       [](int left, int up, int) { return static_cast<unsigned>(left + up) / 2U; });
+        case PngFilter::average:
+            predictRow<pixelSize>(row, above, output, [](int left, int up, int) {
+                return static_cast<unsigned>(left + up) / 2U;
+            });
             break;
-        case Filter::paeth:
-            predictRow(row, above, output,
-                       [](int left, int up, int upLeft) { return paeth(left, up, upLeft); });
+        case PngFilter::paeth:
+            predictRow<pixelSize>(row, above, output,
+                                  [](int left, int up, int upLeft) { return paeth(left, up, upLeft); });
             break;
     }
 }
 
-/// The sum of the residuals' magnitudes, read as signed bytes: small where they compress well.
+/// The sum of the residuals' magnitudes, read as signed bytes.
 std::uint64_t cost(std::span<const std::uint8_t> residuals) {
     std::uint64_t sum = 0;
     for (const std::uint8_t value : residuals) {
@@ -75,22 +75,27 @@ std::uint64_t cost(std::span<const std::uint8_t> residuals) {
 
 }  // namespace
 
-void filterPngRow(std::span<const std::uint8_t> row, std::span<const std::uint8_t> above,
-                  std::span<std::uint8_t> output, std::span<std::uint8_t> scratch) {
-    if (above.empty()) {
-        output[0] = static_cast<std::uint8_t>(Filter::sub);
-        applyFilter(Filter::sub, row, row.data(), output.data() + 1);
-        return;
+void applyPngFilter(PngFilter filter, std::size_t pixelSize, std::span<const std::uint8_t> row,
+                    std::span<const std::uint8_t> above, std::span<std::uint8_t> residuals) {
+    if (pixelSize == 1) {
+        apply<1>(filter, row, above.data(), residuals.data());
+    } else {
+        apply<4>(filter, row, above.data(), residuals.data());
     }
-    std::uint64_t best = std::numeric_limits<std::uint64_t>::max();
-    for (const Filter filter : {Filter::paeth, Filter::up, Filter::sub, Filter::average, Filter::none}) {
-        scratch[0] = static_cast<std::uint8_t>(filter);
-        applyFilter(filter, row, above.data(), scratch.data() + 1);
-        if (const std::uint64_t sum = cost(scratch.subspan(1)); sum < best) {
-            best = sum;
-            std::copy(scratch.begin(), scratch.end(), output.begin());
+}
+
+PngFilter choosePngFilter(std::size_t pixelSize, std::span<const std::uint8_t> row,
+                          std::span<const std::uint8_t> above, std::span<std::uint8_t> scratch) {
+    PngFilter best = PngFilter::paeth;
+    std::uint64_t smallest = std::numeric_limits<std::uint64_t>::max();
+    for (const PngFilter filter : {PngFilter::paeth, PngFilter::up, PngFilter::sub, PngFilter::average}) {
+        applyPngFilter(filter, pixelSize, row, above, scratch);
+        if (const std::uint64_t sum = cost(scratch); sum < smallest) {
+            smallest = sum;
+            best = filter;
         }
     }
+    return best;
 }
 
 }  // namespace quarlin
