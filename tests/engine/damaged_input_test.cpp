@@ -124,12 +124,20 @@ TEST_F(DamagedInput, PngWithAChangedByteInItsImageData) {
     }
 }
 
+TEST_F(DamagedInput, JpegWhoseScanEndsInItsMiddle) {
+    for (const bool progressive : {false, true}) {
+        JpegForm form;
+        form.progressive = progressive;
+        QByteArray broken = colourJpeg(noisePicture(64, 64, 10), form);
+        broken.replace(broken.size() / 2, 2, "\xff\xd9");
+        EXPECT_TRUE(isRefused(broken)) << progressive;
+    }
+}
+
 TEST_F(DamagedInput, JpegWhoseScanIsOverwritten) {
-    QByteArray broken = colourJpeg(noisePicture(64, 64, 10));
-    const qsizetype middle = broken.size() / 2;
-    // A marker that ends the image in its middle.
-    broken[middle] = '\xff';
-    broken[middle + 1] = '\xd9';
+    const QByteArray whole = colourJpeg(noisePicture(64, 64, 10));
+    QByteArray broken = whole;
+    broken.replace(whole.size() / 2, 200, QByteArray(200, '\xff'));
     EXPECT_TRUE(isRefused(broken));
 }
 

@@ -154,10 +154,13 @@ TEST_F(Resampling, TransparentColourDoesNotBleed) {
 TEST_F(Resampling, KeepsTheMeanOfSmoothContent) {
     for (const Stretch& stretch : stretches) {
         const Picture picture = smoothPicture(stretch.fromWidth, stretch.fromHeight);
+        // A window of very few or very large pixels weighs the picture's curves unevenly.
+        const bool tiny =
+            std::min({stretch.fromWidth, stretch.fromHeight, stretch.toWidth, stretch.toHeight}) < 8;
         const PixelImage image = stretched(picture, stretch.toWidth, stretch.toHeight);
         for (std::size_t channel = 0; channel < 3; ++channel) {
             EXPECT_NEAR(mean({image.pixels.begin(), image.pixels.end()}, channel),
-                        mean(picture.bytes, channel), 3)
+                        mean(picture.bytes, channel), tiny ? 12 : 1)
                 << describe(stretch) << " channel " << channel;
         }
     }
