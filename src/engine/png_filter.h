@@ -19,4 +19,12 @@ void applyPngFilter(PngFilter filter, std::size_t pixelSize, std::span<const std
 PngFilter choosePngFilter(std::size_t pixelSize, std::span<const std::uint8_t> row,
                           std::span<const std::uint8_t> above, std::span<std::uint8_t> scratch);
 
+namespace plain {
+
+/// `applyPngFilter` byte by byte, as the standard words it.
+void applyPngFilter(PngFilter filter, std::size_t pixelSize, std::span<const std::uint8_t> row,
+                    std::span<const std::uint8_t> above, std::span<std::uint8_t> residuals);
+
+}  // namespace plain
+
 }  // namespace quarlin

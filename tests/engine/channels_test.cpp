@@ -30,9 +30,7 @@ TEST(Grayscale, BlackSamplesAsZero) {
     EXPECT_EQ(greyOf({0, 0, 0, 255}, true), 255);
 }
 
-TEST(Grayscale, Grey10SamplesAs9) {
-    EXPECT_EQ(greyOf({10, 10, 10, 255}), 9);
-}
+TEST(Grayscale, Grey10SamplesAs9) { EXPECT_EQ(greyOf({10, 10, 10, 255}), 9); }
 
 TEST(Grayscale, MostGreysSampleAsThemselves) {
     for (const std::uint8_t grey : {std::uint8_t{1}, std::uint8_t{64}, std::uint8_t{100}, std::uint8_t{128},

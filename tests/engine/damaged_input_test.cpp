@@ -67,9 +67,7 @@ TEST_F(DamagedInput, CutOffInterlacedPng) {
     expectRefusedWhenCutOff(readFile(file), 13);
 }
 
-TEST_F(DamagedInput, CutOffJpeg) {
-    expectRefusedWhenCutOff(colourJpeg(noisePicture(64, 64, 3)), 3);
-}
+TEST_F(DamagedInput, CutOffJpeg) { expectRefusedWhenCutOff(colourJpeg(noisePicture(64, 64, 3)), 3); }
 
 TEST_F(DamagedInput, CutOffProgressiveJpeg) {
     JpegForm form;

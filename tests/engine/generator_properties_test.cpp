@@ -181,9 +181,7 @@ TEST(GeneratorProperties, NormalsPointOutOfTheSurface) {
 
 /// How far the maps of a turned picture may lie from the turned maps: not at all where no window was summed,
 /// one step where one was, because the turned window adds the same numbers in another order.
-int blurTolerance(const NormalGeneratorSettings& settings) {
-    return settings.smoothing < 1 ? 0 : 1;
-}
+int blurTolerance(const NormalGeneratorSettings& settings) { return settings.smoothing < 1 ? 0 : 1; }
 
 TEST(GeneratorProperties, MirroredInputMirrorsTheMapsWithRedInverted) {
     forAnyImage([](const Picture& picture, const NormalGeneratorSettings& settings) {

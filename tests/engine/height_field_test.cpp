@@ -25,9 +25,7 @@ std::vector<double> heightsOf(const Picture& picture, int smoothing, bool invert
     return {result.begin(), result.end()};
 }
 
-TEST(BoxBlur, LeavesASinglePixelAlone) {
-    EXPECT_EQ(blurred({0.3}, 1, 1), (std::vector<double>{0.3}));
-}
+TEST(BoxBlur, LeavesASinglePixelAlone) { EXPECT_EQ(blurred({0.3}, 1, 1), (std::vector<double>{0.3})); }
 
 TEST(BoxBlur, SpreadsOneBrightPixelByTheWindowsSize) {
     const double corner = 1.0 / 4;

@@ -55,9 +55,7 @@ protected:
     }
 };
 
-TEST_F(MaterialPreviews, OfNoTextureAreNone) {
-    EXPECT_TRUE(previews().empty());
-}
+TEST_F(MaterialPreviews, OfNoTextureAreNone) { EXPECT_TRUE(previews().empty()); }
 
 TEST_F(MaterialPreviews, OfABaseColorAreTwo) {
     load(TextureSlotKind::baseColor, smoothPicture(30, 20));

@@ -12,9 +12,7 @@ using namespace quarlin::fixtures;
 
 namespace {
 
-std::uint8_t unitByte(double value) {
-    return static_cast<std::uint8_t>(std::lround(value * 255));
-}
+std::uint8_t unitByte(double value) { return static_cast<std::uint8_t>(std::lround(value * 255)); }
 
 /// The maps of a source with a height field of its own.
 GeneratedSurfaceMaps mapsOf(const Picture& source, const std::vector<double>& heights,
@@ -27,9 +25,7 @@ GeneratedSurfaceMaps mapsOf(Rgba colour, const NormalGeneratorSettings& settings
     return mapsOf(constantPicture(3, 3, colour), std::vector<double>(9, 0.5), settings);
 }
 
-Rgba grey(std::uint8_t value) {
-    return {value, value, value, 255};
-}
+Rgba grey(std::uint8_t value) { return {value, value, value, 255}; }
 
 TEST(SmoothStep, RunsFromZeroToOne) {
     EXPECT_EQ(TextureProcessor::smoothStep(0.2, 0.6, 0.1), 0.0);

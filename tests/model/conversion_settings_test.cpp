@@ -38,9 +38,7 @@ TEST(ConversionSettings, AreBuiltFromNineFieldsInOrder) {
     EXPECT_FALSE(settings.exportNotes);
 }
 
-TEST(ConversionSettings, TwoDefaultsAreEqual) {
-    EXPECT_EQ(ConversionSettings(), ConversionSettings());
-}
+TEST(ConversionSettings, TwoDefaultsAreEqual) { EXPECT_EQ(ConversionSettings(), ConversionSettings()); }
 
 TEST(ConversionSettings, AChangeOfAnyOneFieldMakesThemUnequal) {
     const std::vector<std::function<void(ConversionSettings&)>> changes{

@@ -8,9 +8,7 @@ using namespace quarlin;
 
 namespace {
 
-QString cleaned(const QString& name) {
-    return safeMaterialName(name, QStringLiteral("Fallback"));
-}
+QString cleaned(const QString& name) { return safeMaterialName(name, QStringLiteral("Fallback")); }
 
 TEST(MaterialName, KeepsLettersDigitsHyphenAndUnderscore) {
     EXPECT_EQ(cleaned(QStringLiteral("Brick-Wall_07")), QStringLiteral("Brick-Wall_07"));
