@@ -20,9 +20,7 @@ QString twoDecimals(double value) {
     return QString::fromLatin1(text.data(), written.ptr - text.data());
 }
 
-QString yesOrNo(bool value) {
-    return value ? QStringLiteral("yes") : QStringLiteral("no");
-}
+QString yesOrNo(bool value) { return value ? QStringLiteral("yes") : QStringLiteral("no"); }
 
 /// "LABEL: NAME", or "LABEL: not exported".
 QString fileLine(const QString& label, const QString& name, bool exported) {
