@@ -14,9 +14,7 @@ namespace {
 class HeightRows {
 public:
     HeightRows(RowRange range, std::int64_t width)
-        : m_range(range),
-          m_stride(width + 2 * rowSlack),
-          m_values(pixelCount(m_stride, range.count)) {}
+        : m_range(range), m_stride(width + 2 * rowSlack), m_values(pixelCount(m_stride, range.count)) {}
 
     RowRange range() const { return m_range; }
     double* row(std::int64_t y) { return m_values.data() + (y - m_range.first) * m_stride + rowSlack; }
@@ -64,6 +62,17 @@ HeightRows smoothedHeights(const ImageView& source, const NormalGeneratorSetting
     return heights;
 }
 
+/// Spreads a grey map out to opaque RGBA.
+void storeGreyPixels(const PixelBuffer& grey, std::uint8_t* pixels) {
+    for (const std::uint8_t value : grey) {
+        pixels[0] = value;
+        pixels[1] = value;
+        pixels[2] = value;
+        pixels[3] = 255;
+        pixels += bytesPerPixel;
+    }
+}
+
 }  // namespace
 
 GeneratedBand generateBand(const ImageView& source, const NormalGeneratorSettings& settings, RowRange rows) {
@@ -95,24 +104,45 @@ GeneratedBand generateBand(const ImageView& source, const NormalGeneratorSetting
     return band;
 }
 
-void storeGreyPixels(const PixelBuffer& grey, std::uint8_t* pixels) {
-    for (const std::uint8_t value : grey) {
-        pixels[0] = value;
-        pixels[1] = value;
-        pixels[2] = value;
-        pixels[3] = 255;
-        pixels += bytesPerPixel;
+PixelBuffer ormPixels(const GeneratedBand& band) {
+    PixelBuffer pixels(band.normal.size());
+    std::uint8_t* pixel = pixels.data();
+    for (std::size_t index = 0; index < band.occlusion.size(); ++index) {
+        pixel[0] = band.occlusion[index];
+        pixel[1] = band.roughness[index];
+        pixel[2] = band.metallic[index];
+        pixel[3] = 255;
+        pixel += bytesPerPixel;
     }
+    return pixels;
 }
 
-void storeOrmPixels(const GeneratedBand& band, std::uint8_t* pixels) {
-    for (std::size_t index = 0; index < band.occlusion.size(); ++index) {
-        pixels[0] = band.occlusion[index];
-        pixels[1] = band.roughness[index];
-        pixels[2] = band.metallic[index];
-        pixels[3] = 255;
-        pixels += bytesPerPixel;
-    }
+NormalOutputs generateOutputs(const ImageView& source, const NormalGeneratorSettings& settings) {
+    const std::size_t bytes = pixelCount(source.width, source.height) * bytesPerPixel;
+    const auto image = [&] { return PixelImage{source.width, source.height, PixelBuffer(bytes)}; };
+    NormalOutputs outputs{{source.width, source.height, {source.pixels, source.pixels + bytes}},
+                          image(),
+                          image(),
+                          image(),
+                          image(),
+                          image(),
+                          image(),
+                          image()};
+    constexpr std::int64_t rowsPerBand = 64;
+    const RowBands bands(source.height, rowsPerBand);
+    forEachInParallel(bands.count(), [&](std::int64_t index) {
+        const GeneratedBand band = generateBand(source, settings, bands[index]);
+        const auto offset = static_cast<std::size_t>(band.rows.first * source.bytesPerRow());
+        storeGreyPixels(band.height, outputs.height.pixels.data() + offset);
+        storeGreyPixels(band.roughness, outputs.roughness.pixels.data() + offset);
+        storeGreyPixels(band.gloss, outputs.gloss.pixels.data() + offset);
+        storeGreyPixels(band.metallic, outputs.metallic.pixels.data() + offset);
+        storeGreyPixels(band.occlusion, outputs.occlusion.pixels.data() + offset);
+        std::copy(band.normal.begin(), band.normal.end(), outputs.normal.pixels.data() + offset);
+        const PixelBuffer orm = ormPixels(band);
+        std::copy(orm.begin(), orm.end(), outputs.orm.pixels.data() + offset);
+    });
+    return outputs;
 }
 
 }  // namespace quarlin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "generated_maps.h"
 #include "generator_rows.h"
 #include "image_view.h"
 #include "parallel.h"
@@ -19,16 +20,17 @@ struct GeneratedBand {
     PixelBuffer occlusion;
 };
 
-/// Computes the maps of `rows` of `source`: from heights through smoothing to the bytes while the rows are still in
-/// the processor's cache, so that no field of the whole image is ever held. A band reads as many rows around it as
-/// its windows reach, and depends on nothing else: bands can be made in any order and on any thread, and together
-/// they are what the operations of `TextureProcessor` make of the whole image, to the byte.
+/// Computes the maps of `rows` of `source`: from heights through smoothing to the bytes while the rows are
+/// still in the processor's cache, so that no field of the whole image is ever held. A band reads as many
+/// rows around it as its windows reach, and depends on nothing else: bands can be made in any order and on
+/// any thread, and together they are what the operations of `TextureProcessor` make of the whole image, to
+/// the byte.
 GeneratedBand generateBand(const ImageView& source, const NormalGeneratorSettings& settings, RowRange rows);
 
-/// Spreads a grey map out to opaque RGBA.
-void storeGreyPixels(const PixelBuffer& grey, std::uint8_t* pixels);
-
 /// Packs the band's occlusion, roughness and metallic into opaque RGBA.
-void storeOrmPixels(const GeneratedBand& band, std::uint8_t* pixels);
+PixelBuffer ormPixels(const GeneratedBand& band);
+
+/// The source and all maps of it as whole images, made on all cores.
+NormalOutputs generateOutputs(const ImageView& source, const NormalGeneratorSettings& settings);
 
 }  // namespace quarlin

@@ -1,25 +1,74 @@
 #include "export_folder.h"
 #include "file_names.h"
-#include "image_view.h"
+#include "generated_bands.h"
 #include "png_file.h"
+#include "rendered_texture.h"
 #include "texture_processor.h"
 
+#include <functional>
+#include <vector>
+
 namespace quarlin {
+
+namespace {
+
+/// One image of a generated set on its way to its file.
+struct MapFile {
+    using Encode = std::function<void(PngEncoder& png, std::int64_t index, const GeneratedBand& band)>;
+
+    QString name;
+    /// Encodes one band of the map.
+    Encode encode;
+    PngEncoder png;
+};
+
+MapFile::Encode greyMap(PixelBuffer GeneratedBand::*map) {
+    return [map](PngEncoder& png, std::int64_t index, const GeneratedBand& band) {
+        png.encodeGreyBand(index, (band.*map).data());
+    };
+}
+
+/// The images that `settings` ask for, in writing order, encoded. Each band of the source is turned into its
+/// maps, and these into their part of the files, before the next: no map is ever held whole.
+std::vector<MapFile> encodeMaps(const ImageView& source, const NormalOutputNames& names,
+                                const NormalGeneratorSettings& settings) {
+    std::vector<MapFile> files;
+    const auto add = [&](bool isWanted, const QString& name, const MapFile::Encode& encode) {
+        if (isWanted) {
+            files.push_back({name, encode, PngEncoder(source.width, source.height)});
+        }
+    };
+    add(true, names.baseColor(), [&source](PngEncoder& png, std::int64_t index, const GeneratedBand& band) {
+        png.encodeBand(index, source.row(band.rows.first));
+    });
+    add(true, names.normal(), [](PngEncoder& png, std::int64_t index, const GeneratedBand& band) {
+        png.encodeBand(index, band.normal.data());
+    });
+    add(settings.exportHeight, names.height(), greyMap(&GeneratedBand::height));
+    add(settings.exportRoughness, names.roughness(), greyMap(&GeneratedBand::roughness));
+    add(settings.exportGloss, names.gloss(), greyMap(&GeneratedBand::gloss));
+    add(settings.exportMetallic, names.metallic(), greyMap(&GeneratedBand::metallic));
+    add(settings.exportAO, names.occlusion(), greyMap(&GeneratedBand::occlusion));
+    add(settings.exportORM, names.orm(), [](PngEncoder& png, std::int64_t index, const GeneratedBand& band) {
+        png.encodeBand(index, ormPixels(band).data());
+    });
+
+    const RowBands bands = files.front().png.bands();
+    forEachInParallel(bands.count(), [&](std::int64_t index) {
+        const GeneratedBand band = generateBand(source, settings, bands[index]);
+        for (MapFile& file : files) {
+            file.encode(file.png, index, band);
+        }
+    });
+    return files;
+}
+
+}  // namespace
 
 NormalOutputs TextureProcessor::makeGeneratedNormalOutputs(const QUrl& sourceURL,
                                                            const NormalGeneratorSettings& settings,
                                                            std::int64_t width, std::int64_t height) const {
-    PixelImage source = renderImage(sourceURL, width, height);
-    const HeightField heights = smoothedHeightValues(source, settings);
-    GeneratedSurfaceMaps maps = generatedSurfaceMaps(source, heights, settings);
-    return {.source = std::move(source),
-            .height = heightImage(heights, width, height),
-            .normal = normalImage(heights, width, height, settings),
-            .roughness = std::move(maps.roughness),
-            .gloss = std::move(maps.gloss),
-            .metallic = std::move(maps.metallic),
-            .occlusion = std::move(maps.occlusion),
-            .orm = std::move(maps.orm)};
+    return generateOutputs(ImageView(renderFile(sourceURL, width, height)), settings);
 }
 
 ExportResult TextureProcessor::exportGeneratedNormalSet(const std::optional<TextureAsset>& source,
@@ -32,37 +81,17 @@ ExportResult TextureProcessor::exportGeneratedNormalSet(const std::optional<Text
         resolvedOutputSize(source->pixelWidth, source->pixelHeight, settings.outputResolution);
     const NormalOutputNames names{settings.safeMaterialName()};
     const QUrl folder = createExportFolder(parentDirectory, names.materialName);
-    const NormalOutputs outputs = makeGeneratedNormalOutputs(source->url, settings, size.width, size.height);
+    const QImage rendered = renderTexture(*source, size.width, size.height);
 
     ExportResult result{folder, {}};
-    const auto writeImage = [&](const PixelImage& image, const QString& name) {
-        writePNG(image, fileIn(folder, name));
-        result.files += name;
-    };
+    for (const MapFile& file : encodeMaps(ImageView(rendered), names, settings)) {
+        writePngFile(file.png, fileIn(folder, file.name));
+        result.files += file.name;
+    }
     const auto writeText = [&](const QByteArray& text, const QString& name) {
         writeTextFile(text, fileIn(folder, name));
         result.files += name;
     };
-    writeImage(outputs.source, names.baseColor());
-    writeImage(outputs.normal, names.normal());
-    if (settings.exportHeight) {
-        writeImage(outputs.height, names.height());
-    }
-    if (settings.exportRoughness) {
-        writeImage(outputs.roughness, names.roughness());
-    }
-    if (settings.exportGloss) {
-        writeImage(outputs.gloss, names.gloss());
-    }
-    if (settings.exportMetallic) {
-        writeImage(outputs.metallic, names.metallic());
-    }
-    if (settings.exportAO) {
-        writeImage(outputs.occlusion, names.occlusion());
-    }
-    if (settings.exportORM) {
-        writeImage(outputs.orm, names.orm());
-    }
     if (settings.exportGLTF) {
         writeText(makeGeneratedGLTFData(names, settings), names.gltf());
     }

@@ -1,3 +1,5 @@
+#include "generated_bands.h"
+#include "rendered_texture.h"
 #include "texture_processor.h"
 
 namespace quarlin {
@@ -9,7 +11,8 @@ NormalPreviews TextureProcessor::buildNormalPreviews(const std::optional<Texture
     }
     const PixelSize size =
         previewSize(resolvedOutputSize(source->pixelWidth, source->pixelHeight, settings.outputResolution));
-    const NormalOutputs outputs = makeGeneratedNormalOutputs(source->url, settings, size.width, size.height);
+    const QImage rendered = renderTexture(*source, size.width, size.height);
+    const NormalOutputs outputs = generateOutputs(ImageView(rendered), settings);
     return {{NormalPreviewKind::source, makeNSImage(outputs.source)},
             {NormalPreviewKind::height, makeNSImage(outputs.height)},
             {NormalPreviewKind::normal, makeNSImage(outputs.normal)},

@@ -28,10 +28,12 @@ struct Colour {
     Double red, green, blue;
 };
 
-HWY_ATTR Double number(double value) { return hn::Set(Doubles(), value); }
+HWY_INLINE HWY_ATTR Double number(double value) {
+    return hn::Set(Doubles(), value);
+}
 
 /// Reads pixels as components of 0...255.
-HWY_ATTR Colour loadColour(const std::uint8_t* pixels) {
+HWY_INLINE HWY_ATTR Colour loadColour(const std::uint8_t* pixels) {
     const Integers integers;
     const Doubles doubles;
     // A pixel is one little-endian integer, red in its lowest byte.
@@ -42,40 +44,40 @@ HWY_ATTR Colour loadColour(const std::uint8_t* pixels) {
             hn::PromoteTo(doubles, hn::And(hn::ShiftRight<16>(packed), low))};
 }
 
-HWY_ATTR Double luminance(const Colour& colour) {
+HWY_INLINE HWY_ATTR Double luminance(const Colour& colour) {
     const Double redAndGreen = hn::Add(hn::Mul(colour.red, number(luminanceWeights[0])),
                                        hn::Mul(colour.green, number(luminanceWeights[1])));
     return hn::Add(redAndGreen, hn::Mul(colour.blue, number(luminanceWeights[2])));
 }
 
-HWY_ATTR Double clamped(Double value, double low, double high) {
+HWY_INLINE HWY_ATTR Double clamped(Double value, double low, double high) {
     return hn::Max(number(low), hn::Min(number(high), value));
 }
 
 /// `value * 255`, rounded with halves upwards; exact because a number's distance from its own whole part is.
-HWY_ATTR Integer byteFromUnit(Double value) {
+HWY_INLINE HWY_ATTR Integer byteFromUnit(Double value) {
     const Double scaled = hn::Mul(value, number(255.0));
     const Double whole = hn::Trunc(scaled);
     const auto roundsUp = hn::Ge(hn::Sub(scaled, whole), number(0.5));
     return hn::DemoteTo(Integers(), hn::Add(whole, hn::IfThenElseZero(roundsUp, number(1.0))));
 }
 
-HWY_ATTR Integer byteFromSignedUnit(Double value) {
+HWY_INLINE HWY_ATTR Integer byteFromSignedUnit(Double value) {
     return byteFromUnit(hn::Add(hn::Mul(value, number(0.5)), number(0.5)));
 }
 
-HWY_ATTR Double smoothStep(double edge0, double edge1, Double value) {
+HWY_INLINE HWY_ATTR Double smoothStep(double edge0, double edge1, Double value) {
     const Double t = clamped(hn::Div(hn::Sub(value, number(edge0)), number(edge1 - edge0)), 0.0, 1.0);
     return hn::Mul(hn::Mul(t, t), hn::Sub(number(3.0), hn::Mul(number(2.0), t)));
 }
 
-HWY_ATTR void storeBytes(Integer values, std::uint8_t* place) {
+HWY_INLINE HWY_ATTR void storeBytes(Integer values, std::uint8_t* place) {
     hn::StoreU(hn::DemoteTo(Bytes(), values), Bytes(), place);
 }
 
 /// Calls `work(x, pixels)` for every vector of a row's pixels; the last, incomplete one works on copies.
 template <typename Work>
-HWY_ATTR void forEachVector(const std::uint8_t* pixels, std::int64_t width, const Work& work) {
+HWY_INLINE HWY_ATTR void forEachVector(const std::uint8_t* pixels, std::int64_t width, const Work& work) {
     const auto lanes = static_cast<std::int64_t>(hn::Lanes(Doubles()));
     std::int64_t x = 0;
     for (; x + lanes <= width; x += lanes) {
@@ -149,8 +151,8 @@ HWY_ATTR void blurRow(std::span<const double* const> rows, std::int64_t width, d
 }
 
 /// The normals of as many pixels as a vector has lanes, as packed opaque pixels.
-HWY_ATTR Integer normals(const double* above, const double* row, const double* below,
-                         const GeneratorFactors& factors) {
+HWY_INLINE HWY_ATTR Integer normals(const double* above, const double* row, const double* below,
+                                    const GeneratorFactors& factors) {
     const Doubles doubles;
     const Double strength = number(factors.strength);
     const Double dx = hn::Mul(hn::Sub(hn::LoadU(doubles, row + 1), hn::LoadU(doubles, row - 1)), strength);
@@ -170,7 +172,7 @@ HWY_ATTR Integer normals(const double* above, const double* row, const double* b
     return hn::Or(hn::Or(red, hn::ShiftLeft<8>(green)), hn::Or(hn::ShiftLeft<16>(blue), opaque));
 }
 
-HWY_ATTR Double localHeightContrast(const double* above, const double* row, const double* below) {
+HWY_INLINE HWY_ATTR Double localHeightContrast(const double* above, const double* row, const double* below) {
     const Doubles doubles;
     const Double centre = hn::LoadU(doubles, row);
     Double largest = hn::Zero(doubles);
@@ -189,54 +191,57 @@ HWY_ATTR void mapRow(const std::uint8_t* pixels, const double* above, const doub
     const Double one = number(1.0);
     const Double full = number(255.0);
     const auto lanes = static_cast<std::int64_t>(hn::Lanes(doubles));
-    forEachVector(pixels, width, [&](std::int64_t x, const std::uint8_t* vector, std::int64_t count) HWY_ATTR {
-        const Double height = hn::LoadU(doubles, row + x);
-        const Colour bytes = loadColour(vector);
-        const Colour colour{hn::Div(bytes.red, full), hn::Div(bytes.green, full), hn::Div(bytes.blue, full)};
-        const Double largest = hn::Max(hn::Max(colour.red, colour.green), colour.blue);
-        const Double smallest = hn::Min(hn::Min(colour.red, colour.green), colour.blue);
-        const Double saturation = hn::IfThenElseZero(hn::Gt(largest, hn::Zero(doubles)),
-                                                     hn::Div(hn::Sub(largest, smallest), largest));
-        const Double light = luminance(colour);
-        const Double contrast = localHeightContrast(above + x, row + x, below + x);
-        const Double brightness = smoothStep(0.42, 0.92, light);
-        const Double cavity = clamped(
-            hn::Mul(hn::Sub(hn::LoadU(doubles, blurred + x), height), number(3.0)), 0.0, 1.0);
-        const Double smoothness = clamped(
-            hn::Add(hn::Mul(brightness, number(0.75)), hn::Mul(contrast, number(1.6))), 0.0, 1.0);
-        const Double roughness = clamped(hn::Sub(number(factors.high), hn::Mul(smoothness, number(factors.span))),
-                                         factors.low, factors.high);
-        const Double metalTone = smoothStep(0.18, 0.78, light);
-        const Double metallic = clamped(hn::Mul(hn::Mul(hn::Sub(one, saturation), metalTone),
-                                                number(factors.metallicStrength)),
-                                        0.0, 1.0);
-        const Double occlusion =
-            clamped(hn::Sub(one, hn::Mul(cavity, number(factors.aoStrength))), 0.0, 1.0);
+    forEachVector(
+        pixels, width, [&](std::int64_t x, const std::uint8_t* vector, std::int64_t count) HWY_ATTR {
+            const Double height = hn::LoadU(doubles, row + x);
+            const Colour bytes = loadColour(vector);
+            const Colour colour{hn::Div(bytes.red, full), hn::Div(bytes.green, full),
+                                hn::Div(bytes.blue, full)};
+            const Double largest = hn::Max(hn::Max(colour.red, colour.green), colour.blue);
+            const Double smallest = hn::Min(hn::Min(colour.red, colour.green), colour.blue);
+            const Double saturation = hn::IfThenElseZero(hn::Gt(largest, hn::Zero(doubles)),
+                                                         hn::Div(hn::Sub(largest, smallest), largest));
+            const Double light = luminance(colour);
+            const Double contrast = localHeightContrast(above + x, row + x, below + x);
+            const Double brightness = smoothStep(0.42, 0.92, light);
+            const Double cavity =
+                clamped(hn::Mul(hn::Sub(hn::LoadU(doubles, blurred + x), height), number(3.0)), 0.0, 1.0);
+            const Double smoothness =
+                clamped(hn::Add(hn::Mul(brightness, number(0.75)), hn::Mul(contrast, number(1.6))), 0.0, 1.0);
+            const Double roughness =
+                clamped(hn::Sub(number(factors.high), hn::Mul(smoothness, number(factors.span))), factors.low,
+                        factors.high);
+            const Double metalTone = smoothStep(0.18, 0.78, light);
+            const Double metallic = clamped(
+                hn::Mul(hn::Mul(hn::Sub(one, saturation), metalTone), number(factors.metallicStrength)), 0.0,
+                1.0);
+            const Double occlusion =
+                clamped(hn::Sub(one, hn::Mul(cavity, number(factors.aoStrength))), 0.0, 1.0);
 
-        const auto store = [&](const GeneratedRow& place) HWY_ATTR {
-            storeBytes(byteFromUnit(height), place.height);
-            storeBytes(byteFromUnit(roughness), place.roughness);
-            storeBytes(byteFromUnit(hn::Sub(one, roughness)), place.gloss);
-            storeBytes(byteFromUnit(metallic), place.metallic);
-            storeBytes(byteFromUnit(occlusion), place.occlusion);
-            hn::StoreU(normals(above + x, row + x, below + x, factors), Integers(),
-                       reinterpret_cast<std::int32_t*>(place.normal));
-        };
-        if (count == lanes) {
-            store({output.height + x, output.normal + x * bytesPerPixel, output.roughness + x, output.gloss + x,
-                   output.metallic + x, output.occlusion + x});
-            return;
-        }
-        std::uint8_t rest[5][HWY_MAX_BYTES];
-        std::uint8_t normalRest[HWY_MAX_BYTES];
-        store({rest[0], normalRest, rest[1], rest[2], rest[3], rest[4]});
-        std::copy_n(rest[0], count, output.height + x);
-        std::copy_n(rest[1], count, output.roughness + x);
-        std::copy_n(rest[2], count, output.gloss + x);
-        std::copy_n(rest[3], count, output.metallic + x);
-        std::copy_n(rest[4], count, output.occlusion + x);
-        std::copy_n(normalRest, count * bytesPerPixel, output.normal + x * bytesPerPixel);
-    });
+            const auto store = [&](const GeneratedRow& place) HWY_ATTR {
+                storeBytes(byteFromUnit(height), place.height);
+                storeBytes(byteFromUnit(roughness), place.roughness);
+                storeBytes(byteFromUnit(hn::Sub(one, roughness)), place.gloss);
+                storeBytes(byteFromUnit(metallic), place.metallic);
+                storeBytes(byteFromUnit(occlusion), place.occlusion);
+                hn::StoreU(normals(above + x, row + x, below + x, factors), Integers(),
+                           reinterpret_cast<std::int32_t*>(place.normal));
+            };
+            if (count == lanes) {
+                store({output.height + x, output.normal + x * bytesPerPixel, output.roughness + x,
+                       output.gloss + x, output.metallic + x, output.occlusion + x});
+                return;
+            }
+            std::uint8_t rest[5][HWY_MAX_BYTES];
+            std::uint8_t normalRest[HWY_MAX_BYTES];
+            store({rest[0], normalRest, rest[1], rest[2], rest[3], rest[4]});
+            std::copy_n(rest[0], count, output.height + x);
+            std::copy_n(rest[1], count, output.roughness + x);
+            std::copy_n(rest[2], count, output.gloss + x);
+            std::copy_n(rest[3], count, output.metallic + x);
+            std::copy_n(rest[4], count, output.occlusion + x);
+            std::copy_n(normalRest, count * bytesPerPixel, output.normal + x * bytesPerPixel);
+        });
 }
 
 }  // namespace quarlin::HWY_NAMESPACE

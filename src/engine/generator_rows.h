@@ -7,9 +7,9 @@
 
 namespace quarlin {
 
-// The generator's arithmetic, a row at a time, in vectors of doubles. Every lane does what the plain operations of
-// `TextureProcessor` do for its pixel, operation by operation and in their order, so that the bytes are the same on
-// every instruction set; the best one that the machine has is chosen at run time.
+// The generator's arithmetic, a row at a time, in vectors of doubles. Every lane does what the plain
+// operations of `TextureProcessor` do for its pixel, operation by operation and in their order, so that the
+// bytes are the same on every instruction set; the best one that the machine has is chosen at run time.
 //
 // A row of heights is padded: `row[-1]` repeats `row[0]`, `row[width]` repeats `row[width - 1]`, and
 // `rowSlack` elements before and behind may be read.
@@ -43,11 +43,13 @@ struct GeneratedRow {
 /// The unsmoothed heights of a row of pixels.
 void heightRow(const std::uint8_t* pixels, std::int64_t width, bool inverted, double* heights);
 
-/// One row of a 3 x 3 mean over `rows`: the row above, the row itself and the row below, as far as they exist.
+/// One row of a 3 x 3 mean over `rows`: the row above, the row itself and the row below, as far as they
+/// exist.
 void blurRow(std::span<const double* const> rows, std::int64_t width, double* blurred);
 
 /// The maps of a row of pixels. `above` and `below` are `row` itself at the image's edge.
 void mapRow(const std::uint8_t* pixels, const double* above, const double* row, const double* below,
-            const double* blurred, std::int64_t width, const GeneratorFactors& factors, const GeneratedRow& output);
+            const double* blurred, std::int64_t width, const GeneratorFactors& factors,
+            const GeneratedRow& output);
 
 }  // namespace quarlin

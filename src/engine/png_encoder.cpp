@@ -1,5 +1,6 @@
 #include "png_encoder.h"
 
+#include "grey_deflate.h"
 #include "png_filter.h"
 #include "premultiply.h"
 
@@ -99,13 +100,92 @@ private:
     std::array<PixelBuffer, 2> m_buffers;
 };
 
+/// Filters the rows of a band one after the other. Rows next to each other ask for the same filter: it is
+/// chosen anew only every few rows. The first row has none above that it could refer to.
+class RowFilter {
+public:
+    RowFilter(std::size_t pixelSize, std::size_t rowSize) : m_pixelSize(pixelSize), m_scratch(rowSize) {}
+
+    /// Writes the residuals of the next row, which must stay in place until the row after it is done.
+    PngFilter apply(std::span<const std::uint8_t> row, std::span<std::uint8_t> residuals) {
+        constexpr std::int64_t rowsPerChoice = 8;
+        if (m_count++ % rowsPerChoice == 1) {
+            m_filter = choosePngFilter(m_pixelSize, row, m_above, m_scratch);
+        }
+        const std::span above = m_above.empty() ? row : m_above;
+        applyPngFilter(m_filter, m_pixelSize, row, above, residuals);
+        m_above = row;
+        return m_filter;
+    }
+
+private:
+    std::size_t m_pixelSize;
+    PixelBuffer m_scratch;
+    std::span<const std::uint8_t> m_above;
+    PngFilter m_filter = PngFilter::sub;
+    std::int64_t m_count = 0;
+};
+
+bool isOpaqueGrey(std::span<const std::uint8_t> pixels) {
+    for (std::size_t index = 0; index < pixels.size(); index += 4) {
+        if (pixels[index] != pixels[index + 1] || pixels[index] != pixels[index + 2] ||
+            pixels[index + 3] != 255) {
+            return false;
+        }
+    }
+    return true;
+}
+
+PixelBuffer greyOf(std::span<const std::uint8_t> pixels) {
+    PixelBuffer grey(pixels.size() / 4);
+    for (std::size_t index = 0; index < grey.size(); ++index) {
+        grey[index] = pixels[index * 4];
+    }
+    return grey;
+}
+
+/// What a filter leaves of the alpha of an opaque row's first pixel: there is 0 to its left and 255 above.
+std::uint8_t firstAlphaResidual(PngFilter filter) {
+    switch (filter) {
+        case PngFilter::none:
+        case PngFilter::sub:
+            return 255;
+        case PngFilter::average:
+            return 128;
+        case PngFilter::up:
+        case PngFilter::paeth:
+            return 0;
+    }
+    return 0;
+}
+
+/// The checksum of the bytes that `residuals` stand for.
+std::uint32_t adlerOf(const GreyResiduals& residuals) {
+    const auto width = static_cast<std::size_t>(residuals.width);
+    PixelBuffer row(width * 4 + 1, 0);
+    std::uint32_t adler = 1;
+    for (std::size_t index = 0; index < residuals.filters.size(); ++index) {
+        row[0] = residuals.filters[index];
+        const std::uint8_t* value = residuals.values + index * width;
+        for (std::size_t place = 1; place < row.size(); place += 4, ++value) {
+            row[place] = *value;
+            row[place + 1] = *value;
+            row[place + 2] = *value;
+        }
+        row[4] = residuals.firstAlphas[index];
+        adler = isal_adler32(adler, row.data(), row.size());
+    }
+    return adler;
+}
+
 /// Deflates `input` to `output` and returns the number of bytes written. The stream ends on a byte's edge,
 /// with nothing that a following band could refer to; the last band also ends the stream.
 std::size_t deflateBand(std::span<std::uint8_t> input, std::span<std::uint8_t> output, bool isLast) {
     isal_zstream stream;
     isal_deflate_init(&stream);
-    PixelBuffer workspace(ISAL_DEF_LVL3_DEFAULT);
-    stream.level = 3;
+    // Of the levels, this one is the fastest but for the lowest two and makes the smallest files of pixels.
+    PixelBuffer workspace(ISAL_DEF_LVL2_DEFAULT);
+    stream.level = 2;
     stream.level_buf = workspace.data();
     stream.level_buf_size = static_cast<std::uint32_t>(workspace.size());
     stream.flush = FULL_FLUSH;
@@ -129,26 +209,49 @@ PngEncoder::PngEncoder(std::int64_t width, std::int64_t height)
       m_bands(static_cast<std::size_t>(bands().count())) {}
 
 void PngEncoder::encodeBand(std::int64_t band, const std::uint8_t* rows) {
-    const RowRange range = bands()[band];
+    const std::int64_t rowCount = bands()[band].count;
     const auto rowSize = static_cast<std::size_t>(m_width * bytesPerPixel);
-    PixelBuffer filtered(static_cast<std::size_t>(range.count) * (rowSize + 1));
-    PixelBuffer scratch(rowSize + 1);
-    StraightRows straight(rows, rowSize);
-    std::span<const std::uint8_t> above;
-    for (std::int64_t index = 0; index < range.count; ++index) {
-        const std::span<const std::uint8_t> row = straight.row(index);
-        const std::size_t place = static_cast<std::size_t>(index) * (rowSize + 1);
-        filterPngRow(row, above, std::span(filtered).subspan(place, rowSize + 1), scratch);
-        above = row;
+    const std::span pixels(rows, static_cast<std::size_t>(rowCount) * rowSize);
+    if (isOpaqueGrey(pixels)) {
+        encodeGreyBand(band, greyOf(pixels).data());
+        return;
     }
 
+    PixelBuffer filtered(static_cast<std::size_t>(rowCount) * (rowSize + 1));
+    StraightRows straight(rows, rowSize);
+    RowFilter filter(bytesPerPixel, rowSize);
+    for (std::int64_t index = 0; index < rowCount; ++index) {
+        std::uint8_t* place = filtered.data() + static_cast<std::size_t>(index) * (rowSize + 1);
+        *place = static_cast<std::uint8_t>(filter.apply(straight.row(index), {place + 1, rowSize}));
+    }
     // Incompressible data grow by five bytes per stored block of up to 65535.
     PixelBuffer deflated(filtered.size() + filtered.size() / 1024 + 4096);
-    const std::size_t size = deflateBand(filtered, deflated, band == bands().count() - 1);
-    m_bands[static_cast<std::size_t>(band)] = {
-        .chunk = makeChunk("IDAT", {deflated.data(), static_cast<qsizetype>(size)}),
-        .adler = isal_adler32(1, filtered.data(), filtered.size()),
-        .filteredSize = static_cast<std::int64_t>(filtered.size())};
+    const std::size_t size = deflateBand(filtered, deflated, isLast(band));
+    storeBand(band, {deflated.data(), static_cast<qsizetype>(size)},
+              isal_adler32(1, filtered.data(), filtered.size()));
+}
+
+void PngEncoder::encodeGreyBand(std::int64_t band, const std::uint8_t* grey) {
+    const std::int64_t rowCount = bands()[band].count;
+    const auto width = static_cast<std::size_t>(m_width);
+    constexpr std::size_t spare = 8;
+    PixelBuffer values(static_cast<std::size_t>(rowCount) * width + spare, 0);
+    PixelBuffer filters(static_cast<std::size_t>(rowCount));
+    PixelBuffer firstAlphas(filters.size());
+    RowFilter filter(1, width);
+    for (std::size_t index = 0; index < filters.size(); ++index) {
+        const PngFilter chosen =
+            filter.apply({grey + index * width, width}, {values.data() + index * width, width});
+        filters[index] = static_cast<std::uint8_t>(chosen);
+        firstAlphas[index] = firstAlphaResidual(chosen);
+    }
+    const GreyResiduals residuals{m_width, rowCount, filters, firstAlphas, values.data()};
+    const PixelBuffer deflated = deflateGrey(residuals, isLast(band));
+    storeBand(band, {deflated.data(), static_cast<qsizetype>(deflated.size())}, adlerOf(residuals));
+}
+
+void PngEncoder::storeBand(std::int64_t band, QByteArrayView deflated, std::uint32_t adler) {
+    m_bands[static_cast<std::size_t>(band)] = {.chunk = makeChunk("IDAT", deflated), .adler = adler};
 }
 
 bool PngEncoder::writeTo(const std::function<bool(QByteArrayView)>& write) const {
@@ -169,11 +272,13 @@ bool PngEncoder::writeTo(const std::function<bool(QByteArrayView)>& write) const
         return false;
     }
     uLong adler = adler32(0, nullptr, 0);
-    for (const Band& band : m_bands) {
+    for (std::int64_t index = 0; index < bands().count(); ++index) {
+        const Band& band = m_bands[static_cast<std::size_t>(index)];
         if (!write(band.chunk)) {
             return false;
         }
-        adler = adler32_combine(adler, band.adler, static_cast<z_off_t>(band.filteredSize));
+        const std::int64_t size = bands()[index].count * (m_width * bytesPerPixel + 1);
+        adler = adler32_combine(adler, band.adler, static_cast<z_off_t>(size));
     }
     return write(makeChunk("IDAT", bigEndian(static_cast<quint32>(adler))) + makeChunk("IEND", {}));
 }

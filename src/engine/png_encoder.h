@@ -26,17 +26,22 @@ public:
     /// Encodes a band from its rows, `width * 4` bytes each. Safe to call for different bands at once.
     void encodeBand(std::int64_t band, const std::uint8_t* rows);
 
+    /// Encodes an opaque grey band from one byte a pixel; gives what `encodeBand` gives for the same pixels.
+    void encodeGreyBand(std::int64_t band, const std::uint8_t* grey);
+
     /// Once every band is encoded: hands the file to `write` piece by piece, in order, until it returns
     /// false. Returns whether all was taken.
     bool writeTo(const std::function<bool(QByteArrayView)>& write) const;
 
 private:
+    void storeBand(std::int64_t band, QByteArrayView deflated, std::uint32_t adler);
+    bool isLast(std::int64_t band) const { return band == bands().count() - 1; }
+
     struct Band {
         /// A whole IDAT chunk.
         QByteArray chunk;
-        /// Checksum and size of what the chunk inflates to.
+        /// The checksum of what the chunk inflates to.
         std::uint32_t adler = 1;
-        std::int64_t filteredSize = 0;
     };
 
     std::int64_t m_width;

@@ -6,11 +6,25 @@
 
 namespace quarlin {
 
-/// Filters one row of four-byte pixels as the PNG standard defines it, choosing of the five filters the one
-/// whose residuals have the smallest sum of magnitudes, and writes the filter's number and the residuals to
-/// `output` (one byte more than `row`). `above` is the row above; empty for a first row, which is taken as
-/// preceded by zeros. `scratch` has room for `output.size()` bytes.
-void filterPngRow(std::span<const std::uint8_t> row, std::span<const std::uint8_t> above,
-                  std::span<std::uint8_t> output, std::span<std::uint8_t> scratch);
+/// The filters of the PNG standard, under their numbers.
+enum class PngFilter : std::uint8_t { none, sub, up, average, paeth };
+
+/// Writes what `filter` leaves of a row of samples, `pixelSize` (1 or 4) bytes a pixel: each less what its
+/// neighbours to the left and above predict. `above` is the row above, `residuals` as long as the row.
+void applyPngFilter(PngFilter filter, std::size_t pixelSize, std::span<const std::uint8_t> row,
+                    std::span<const std::uint8_t> above, std::span<std::uint8_t> residuals);
+
+/// The filter whose residuals for this row have the smallest sum of magnitudes, which is a good sign of how
+/// well they compress. `scratch` is as long as the row.
+PngFilter choosePngFilter(std::size_t pixelSize, std::span<const std::uint8_t> row,
+                          std::span<const std::uint8_t> above, std::span<std::uint8_t> scratch);
+
+namespace plain {
+
+/// `applyPngFilter` byte by byte, as the standard words it.
+void applyPngFilter(PngFilter filter, std::size_t pixelSize, std::span<const std::uint8_t> row,
+                    std::span<const std::uint8_t> above, std::span<std::uint8_t> residuals);
+
+}  // namespace plain
 
 }  // namespace quarlin

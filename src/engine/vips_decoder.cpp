@@ -164,6 +164,14 @@ std::uint8_t toByte(std::uint16_t sample) {
     return static_cast<std::uint8_t>((sample * 255U + 32895U) >> 16U);
 }
 
+bool isOpaque(const std::uint8_t* pixels, std::int64_t count) {
+    std::uint8_t all = 255;
+    for (std::int64_t index = 0; index < count; ++index) {
+        all = static_cast<std::uint8_t>(all & pixels[index * bytesPerPixel + 3]);
+    }
+    return all == 255;
+}
+
 /// Turns `count` pixels of one to four samples into premultiplied RGBA.
 template <typename Sample, int bands>
 void storePixels(const Sample* input, std::int64_t count, std::uint8_t* output) {
@@ -183,6 +191,20 @@ void storePixels(const Sample* input, std::int64_t count, std::uint8_t* output) 
             output[1] = premultiplied(green, alpha);
             output[2] = premultiplied(blue, alpha);
             output[3] = alpha;
+        }
+    }
+}
+
+/// Opaque pixels of 8 bits need nothing done.
+template <>
+void storePixels<std::uint8_t, 4>(const std::uint8_t* input, std::int64_t count, std::uint8_t* output) {
+    std::copy_n(input, count * bytesPerPixel, output);
+    if (isOpaque(input, count)) {
+        return;
+    }
+    for (std::int64_t index = 0; index < count; ++index, output += bytesPerPixel) {
+        for (int channel = 0; channel < 3; ++channel) {
+            output[channel] = premultiplied(output[channel], output[3]);
         }
     }
 }

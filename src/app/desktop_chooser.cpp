@@ -1,0 +1,58 @@
+#include "desktop_chooser.h"
+
+#include <QApplication>
+#include <QFileDialog>
+
+namespace quarlin {
+
+namespace {
+
+/// The patterns of a file type, in both cases: some dialogs tell them apart.
+QString patterns(ImageFileType type) {
+    QStringList result;
+    for (const QString& extension : extensions(type).split(u' ')) {
+        result << QStringLiteral("*.") + extension << QStringLiteral("*.") + extension.toUpper();
+    }
+    return result.join(u' ');
+}
+
+std::optional<QUrl> answer(QFileDialog& dialog) {
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setWindowModality(Qt::ApplicationModal);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedUrls().isEmpty()) {
+        return std::nullopt;
+    }
+    return dialog.selectedUrls().constFirst();
+}
+
+}  // namespace
+
+QStringList DesktopChooser::nameFilters(const std::vector<ImageFileType>& types) {
+    QStringList all;
+    QStringList filters;
+    for (const ImageFileType type : types) {
+        all << patterns(type);
+        filters << title(type) + QStringLiteral(" Image (") + patterns(type) + u')';
+    }
+    filters.prepend(QStringLiteral("All Images (") + all.join(u' ') + u')');
+    return filters;
+}
+
+std::optional<QUrl> DesktopChooser::chooseFile(const FileQuestion& question) {
+    QFileDialog dialog(QApplication::activeWindow(), question.title);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(nameFilters(question.types));
+    dialog.setLabelText(QFileDialog::Accept, question.confirmLabel);
+    return answer(dialog);
+}
+
+std::optional<QUrl> DesktopChooser::chooseFolder(const FolderQuestion& question) {
+    QFileDialog dialog(QApplication::activeWindow(), question.title);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    dialog.setLabelText(QFileDialog::Accept, question.confirmLabel);
+    return answer(dialog);
+}
+
+}  // namespace quarlin

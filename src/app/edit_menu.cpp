@@ -1,0 +1,94 @@
+#include "edit_menu.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QTextEdit>
+
+namespace quarlin {
+
+EditMenu::EditMenu(QWidget* parent) : QMenu(QStringLiteral("&Edit"), parent) {
+    addEntry(QStringLiteral("&Undo"), QKeySequence::Undo, Operation::undo);
+    addEntry(QStringLiteral("&Redo"), QKeySequence::Redo, Operation::redo);
+    addSeparator();
+    addEntry(QStringLiteral("Cu&t"), QKeySequence::Cut, Operation::cut);
+    addEntry(QStringLiteral("&Copy"), QKeySequence::Copy, Operation::copy);
+    addEntry(QStringLiteral("&Paste"), QKeySequence::Paste, Operation::paste);
+    addSeparator();
+    addEntry(QStringLiteral("Select &All"), QKeySequence::SelectAll, Operation::selectAll);
+    // Only what is shown has to be right: the keys themselves go to the text, not by way of this menu.
+    connect(this, &QMenu::aboutToShow, this, &EditMenu::updateEntries);
+    updateEntries();
+}
+
+void EditMenu::addEntry(const QString& text, QKeySequence::StandardKey key, Operation operation) {
+    QAction* action = addAction(text);
+    action->setShortcut(key);
+    // The text has these keys by itself. As shortcuts they would be taken from it where it has no use for
+    // them.
+    action->setShortcutContext(Qt::WidgetShortcut);
+    action->setData(static_cast<int>(operation));
+    connect(action, &QAction::triggered, this, [operation] { perform(operation); });
+}
+
+void EditMenu::updateEntries() {
+    for (QAction* action : actions()) {
+        if (!action->isSeparator()) {
+            action->setEnabled(canPerform(static_cast<Operation>(action->data().toInt())));
+        }
+    }
+}
+
+bool EditMenu::canPerform(Operation operation) {
+    QWidget* focused = QApplication::focusWidget();
+    if (const auto* field = qobject_cast<QLineEdit*>(focused)) {
+        switch (operation) {
+            case Operation::undo:
+                return field->isUndoAvailable();
+            case Operation::redo:
+                return field->isRedoAvailable();
+            case Operation::cut:
+            case Operation::copy:
+                return field->hasSelectedText();
+            case Operation::paste:
+                return QApplication::clipboard()->mimeData()->hasText();
+            case Operation::selectAll:
+                return !field->text().isEmpty();
+        }
+    }
+    if (const auto* text = qobject_cast<QTextEdit*>(focused)) {
+        // Every larger text of the window is there to be read, not to be written.
+        return operation == Operation::selectAll ||
+               (operation == Operation::copy && text->textCursor().hasSelection());
+    }
+    return false;
+}
+
+void EditMenu::perform(Operation operation) {
+    const auto performOn = [operation](auto* text) {
+        switch (operation) {
+            case Operation::undo:
+                return text->undo();
+            case Operation::redo:
+                return text->redo();
+            case Operation::cut:
+                return text->cut();
+            case Operation::copy:
+                return text->copy();
+            case Operation::paste:
+                return text->paste();
+            case Operation::selectAll:
+                return text->selectAll();
+        }
+    };
+    QWidget* focused = QApplication::focusWidget();
+    if (auto* field = qobject_cast<QLineEdit*>(focused)) {
+        performOn(field);
+    } else if (auto* text = qobject_cast<QTextEdit*>(focused)) {
+        performOn(text);
+    }
+}
+
+}  // namespace quarlin

@@ -1,0 +1,17 @@
+#include "vorek_quarlin_app.h"
+
+#include <QApplication>
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("quarlin"));
+    QApplication::setApplicationDisplayName(QStringLiteral("VOREK TECH Quarlin"));
+    QApplication::setApplicationVersion(QStringLiteral(QUARLIN_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("quarlin"));
+    // What the window does not paint itself looks alike on every desktop, in the desktop's colours and font.
+    QApplication::setStyle(QStringLiteral("Fusion"));
+
+    quarlin::VorekQuarlinApp program;
+    program.start();
+    return QApplication::exec();
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QMainWindow>
+
+namespace quarlin {
+
+class ContentView;
+class MaterialStore;
+class NormalGeneratorStore;
+
+/// The program's one window, with its menus.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// The stores must outlive the window.
+    MainWindow(MaterialStore& materialStore, NormalGeneratorStore& normalStore);
+
+    ContentView* content() const { return m_content; }
+
+private:
+    void addFileMenu();
+    void addMaterialMenu(MaterialStore& store);
+    void addHelpMenu();
+    void showAbout();
+
+    ContentView* m_content;
+};
+
+}  // namespace quarlin

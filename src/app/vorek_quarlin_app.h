@@ -1,0 +1,29 @@
+#pragma once
+
+#include "desktop_chooser.h"
+#include "main_window.h"
+#include "material_store.h"
+#include "normal_generator_store.h"
+
+namespace quarlin {
+
+/// The running program: the state of both tools, kept from start to end, and the window on it. Nothing is
+/// saved between runs.
+class VorekQuarlinApp {
+public:
+    /// Needs a `QApplication`.
+    VorekQuarlinApp();
+
+    /// Shows the window in front of all others.
+    void start();
+
+    MainWindow& window() { return m_window; }
+
+private:
+    DesktopChooser m_chooser;
+    MaterialStore m_materialStore;
+    NormalGeneratorStore m_normalStore;
+    MainWindow m_window;
+};
+
+}  // namespace quarlin

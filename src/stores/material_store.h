@@ -1,0 +1,64 @@
+#pragma once
+
+#include "conversion_settings.h"
+#include "texture_slot_kind.h"
+#include "tool_store.h"
+
+namespace quarlin {
+
+/// The state of the PBR Material tool, and the user's actions on it.
+class MaterialStore : public ToolStore {
+    Q_OBJECT
+
+public:
+    /// `chooser` must outlive the store.
+    explicit MaterialStore(Chooser& chooser, Clock clock = &QTime::currentTime);
+
+    // ---- Published state
+    // --------------------------------------------------------------------------------------
+
+    /// The loaded inputs.
+    const TextureMap& textures() const { return m_textures; }
+    const ConversionSettings& settings() const { return m_settings; }
+    /// The pictures of the last preview; empty until one was built.
+    const OutputPreviews& previews() const { return m_previews; }
+
+    /// Whether the one required input is loaded.
+    bool canExport() const { return m_textures.contains(TextureSlotKind::baseColor); }
+    bool hasAnyTexture() const { return !m_textures.empty(); }
+
+    // ---- Actions
+    // ----------------------------------------------------------------------------------------------
+
+    /// Replaces the settings. The previews stay as they are until they are asked for.
+    void setSettings(const ConversionSettings& settings);
+
+    /// Lets the user choose the texture of `slot`.
+    void chooseTexture(TextureSlotKind slot);
+
+    /// Loads the texture of `slot` and rebuilds the previews. A base colour gives its name to a material that
+    /// has not been named yet.
+    void importTexture(const QUrl& url, TextureSlotKind slot);
+
+    /// Imports the first file in dragged `data` into `slot`, after this call. Returns whether there is a
+    /// file.
+    bool acceptDrop(const QMimeData& data, TextureSlotKind slot);
+
+    /// Empties `slot`.
+    void removeTexture(TextureSlotKind slot);
+
+    /// Back to a fresh state.
+    void reset();
+
+    void buildPreview();
+
+    /// Asks for a folder and writes the material set into it. Without a base colour it only logs why not.
+    void exportMaterialSet();
+
+private:
+    TextureMap m_textures;
+    ConversionSettings m_settings;
+    OutputPreviews m_previews;
+};
+
+}  // namespace quarlin

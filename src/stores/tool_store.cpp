@@ -1,0 +1,84 @@
+#include "tool_store.h"
+
+#include "dropped_file.h"
+#include "failure.h"
+#include "file_names.h"
+
+#include <QMetaObject>
+#include <QMimeData>
+
+#include <utility>
+
+namespace quarlin {
+
+namespace {
+
+QString fileSystemPath(const QUrl& folder) {
+    return folder.adjusted(QUrl::StripTrailingSlash).toLocalFile();
+}
+
+}  // namespace
+
+ToolStore::ToolStore(Chooser& chooser, Clock clock, const QString& hint)
+    : m_chooser(chooser), m_log(hint, std::move(clock)) {}
+
+void ToolStore::appendLog(const QString& message) {
+    const QStringList lines = m_log.linesWith(message);
+    Q_EMIT willChange();
+    m_log.setLines(lines);
+}
+
+void ToolStore::resetShared() {
+    publish(m_lastExportURL, {});
+    Q_EMIT willChange();
+    m_log.setLines({QStringLiteral("Inputs cleared.")});
+}
+
+bool ToolStore::attempt(const QString& action, const std::function<void()>& work) {
+    Q_EMIT workStarted();
+    const std::optional<QString> failure = failureOf(work);
+    Q_EMIT workFinished();
+    if (failure) {
+        appendLog(action + QStringLiteral(" failed: ") + *failure);
+    }
+    return !failure;
+}
+
+void ToolStore::chooseImage(const QString& title, const std::function<void(const QUrl&)>& import) {
+    constexpr auto types = allCases<ImageFileType>();
+    const auto file =
+        m_chooser.chooseFile({title, QStringLiteral("Use Texture"), {types.begin(), types.end()}});
+    if (file) {
+        import(*file);
+    }
+}
+
+bool ToolStore::importLater(const QMimeData& data, std::function<void(const QUrl&)> import) {
+    const std::optional<QUrl> file = droppedFile(data);
+    if (file) {
+        // As the context of the call, a store that is destroyed first takes the call with it.
+        QMetaObject::invokeMethod(
+            this, [import = std::move(import), file = *file] { import(file); }, Qt::QueuedConnection);
+    }
+    return file.has_value();
+}
+
+void ToolStore::exportWith(const std::function<ExportResult(const QUrl&)>& write) {
+    const auto parent =
+        m_chooser.chooseFolder({QStringLiteral("Choose Export Folder"), QStringLiteral("Export Here")});
+    ExportResult result;
+    if (!parent || !attempt(QStringLiteral("Export"), [&] { result = write(*parent); })) {
+        return;
+    }
+    publish(m_lastExportURL, std::optional(result.folderURL));
+    appendLog(QStringLiteral("Export complete: ") + fileSystemPath(result.folderURL));
+    for (const QString& name : std::as_const(result.files)) {
+        appendLog(QStringLiteral("Wrote ") + name);
+    }
+}
+
+QString ToolStore::adoptedName(const QString& current, const QString& untouched, const QUrl& file) {
+    return current == untouched ? fileStem(file) : current;
+}
+
+}  // namespace quarlin

@@ -1,0 +1,53 @@
+#include "brand_header.h"
+
+#include "metrics.h"
+#include "separator.h"
+#include "symbol_view.h"
+#include "text_label.h"
+
+#include <QHBoxLayout>
+
+namespace quarlin {
+
+namespace {
+
+constexpr int spacing = 12;
+constexpr int verticalPadding = 10;
+constexpr double tracking = 1.2;
+constexpr int dividerHeight = 18;
+constexpr int symbolGap = 6;
+
+}  // namespace
+
+BrandHeader::BrandHeader(StudioTool tool, QWidget* parent) : QWidget(parent) {
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(metrics::standardPadding, verticalPadding, metrics::standardPadding,
+                            verticalPadding);
+    row->setSpacing(spacing);
+
+    auto* brand = new TextLabel(QStringLiteral("VOREK TECH"), TextStyle::title3Bold);
+    brand->setTracking(tracking);
+    row->addWidget(brand);
+
+    auto* divider = new Separator(Qt::Vertical);
+    divider->setFixedHeight(dividerHeight);
+    row->addWidget(divider);
+
+    auto* label = new QHBoxLayout;
+    label->setSpacing(symbolGap);
+    m_symbol = new SymbolView({}, metrics::symbolSize, metrics::symbolSize);
+    label->addWidget(m_symbol);
+    m_title = new TextLabel({}, TextStyle::headline, TextWeight::secondary);
+    m_title->setObjectName(QStringLiteral("toolTitle"));
+    label->addWidget(m_title);
+    row->addLayout(label);
+    row->addStretch();
+    setTool(tool);
+}
+
+void BrandHeader::setTool(StudioTool tool) {
+    m_symbol->setSymbol(systemImage(tool));
+    m_title->setText(title(tool));
+}
+
+}  // namespace quarlin

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QWidget>
+
+namespace quarlin {
+
+/// Stands where the preview tiles will be.
+class EmptyPreview : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Shows `symbol` over "No Preview".
+    explicit EmptyPreview(const QString& symbol, QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace quarlin

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QImage>
+#include <QPixmap>
+#include <QWidget>
+
+namespace quarlin {
+
+/// A picture that fills its frame: scaled until nothing of the frame is left empty, what stands over cut off,
+/// the corners rounded.
+class ImageView : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `radius` is that of the corners; `outlined` draws a faint line around the picture.
+    ImageView(double radius, bool outlined, QWidget* parent = nullptr);
+
+    const QImage& image() const { return m_image; }
+    void setImage(const QImage& image);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    const QPixmap& scaled();
+
+    QImage m_image;
+    QPixmap m_scaled;
+    double m_radius;
+    bool m_outlined;
+};
+
+/// An `ImageView` that is as high as it is wide, whatever width it is given.
+class SquareImageView : public ImageView {
+    Q_OBJECT
+
+public:
+    explicit SquareImageView(double radius, QWidget* parent = nullptr);
+
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override { return width; }
+    QSize sizeHint() const override { return {124, 124}; }
+    QSize minimumSizeHint() const override { return {1, 1}; }
+};
+
+}  // namespace quarlin

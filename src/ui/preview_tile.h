@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+#include <QWidget>
+
+namespace quarlin {
+
+class ImageView;
+class TextLabel;
+
+/// What a preview tile shows.
+struct PreviewTileContent {
+    QString title;
+    QString subtitle;
+    QImage image;
+};
+
+/// One preview: the picture, square, over its title and a few words on what it is.
+class PreviewTile : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit PreviewTile(const PreviewTileContent& content, QWidget* parent = nullptr);
+
+    void setContent(const PreviewTileContent& content);
+
+    QString title() const;
+    QString subtitle() const;
+    const QImage& image() const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    ImageView* m_image;
+    TextLabel* m_title;
+    TextLabel* m_subtitle;
+};
+
+}  // namespace quarlin

@@ -1,0 +1,62 @@
+#include "segment.h"
+
+#include "colors.h"
+#include "metrics.h"
+#include "painting.h"
+
+#include <QPainter>
+
+namespace quarlin {
+
+namespace {
+
+constexpr int sidePadding = 10;
+constexpr int leastSidePadding = 4;
+/// Between the chosen segment and the frame of the picker.
+constexpr int inset = 2;
+
+}  // namespace
+
+Segment::Segment(const QString& title, QWidget* parent) : QRadioButton(title, parent) {
+    setFocusPolicy(Qt::TabFocus);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+QSize Segment::sizeHint() const {
+    return {fontMetrics().horizontalAdvance(text()) + 2 * sidePadding,
+            qMax(metrics::controlHeight, fontMetrics().height() + 10)};
+}
+
+QSize Segment::minimumSizeHint() const {
+    return {fontMetrics().horizontalAdvance(text()) + 2 * leastSidePadding, sizeHint().height()};
+}
+
+void Segment::enterEvent(QEnterEvent* event) {
+    QRadioButton::enterEvent(event);
+    update();
+}
+
+void Segment::leaveEvent(QEvent* event) {
+    QRadioButton::leaveEvent(event);
+    update();
+}
+
+void Segment::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const QRectF area = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
+    constexpr double radius = metrics::controlRadius - inset;
+    if (isChecked()) {
+        paintSurface(painter, area, radius, accentColor(palette()), withOpacity(Qt::black, 0.12));
+    } else if (underMouse()) {
+        paintSurface(painter, area, radius, withOpacity(secondaryColor(palette()), isDown() ? 0.2 : 0.1),
+                     Qt::transparent);
+    }
+    painter.setPen(isChecked() ? onAccentColor(palette()) : primaryColor(palette()));
+    painter.drawText(rect(), Qt::AlignCenter, text());
+    if (hasFocus()) {
+        // The chosen segment is filled with the accent colour, so the ring goes around it on the frame.
+        paintFocusRing(painter, *this, rect(), metrics::controlRadius);
+    }
+}
+
+}  // namespace quarlin

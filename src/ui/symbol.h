@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QColor>
+#include <QIcon>
+#include <QRectF>
+#include <QString>
+
+class QPainter;
+
+namespace quarlin {
+
+/// Draws the line icon `name`, such as "square.and.arrow.up", in `color` into the largest square in the
+/// middle of `rectangle`, sharp at the painter's own scale.
+void paintSymbol(QPainter& painter, const QString& name, const QRectF& rectangle, const QColor& color);
+
+/// The symbol as an icon for the toolkit's own controls, tinted from the application's palette whenever it is
+/// drawn.
+QIcon symbolIcon(const QString& name);
+
+}  // namespace quarlin

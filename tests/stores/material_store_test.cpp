@@ -1,0 +1,350 @@
+#include "material_store.h"
+
+#include "store_fixture.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+using namespace quarlin;
+
+namespace {
+
+constexpr auto baseColor = TextureSlotKind::baseColor;
+
+class MaterialStoreTest : public fixtures::StoreFixture<MaterialStore> {
+protected:
+    void type(const QString& name) {
+        ConversionSettings settings = store.settings();
+        settings.materialName = name;
+        store.setSettings(settings);
+    }
+
+    void exportSmall() {
+        ConversionSettings settings = store.settings();
+        settings.outputResolution = OutputResolution::matchBase;
+        store.setSettings(settings);
+        store.exportMaterialSet();
+    }
+};
+
+TEST_F(MaterialStoreTest, StartsEmptyWithItsHint) {
+    EXPECT_TRUE(store.textures().empty());
+    EXPECT_EQ(store.settings(), ConversionSettings());
+    EXPECT_TRUE(store.previews().empty());
+    EXPECT_EQ(store.lastExportURL(), std::nullopt);
+    EXPECT_EQ(store.logLines(),
+              QStringList{QStringLiteral(
+                  "Load Base Color first, then add Normal, AO, Roughness/Gloss and Metallic as needed.")});
+    EXPECT_FALSE(store.canExport());
+    EXPECT_FALSE(store.hasAnyTexture());
+}
+
+TEST_F(MaterialStoreTest, AsksForATextureByTheTitleOfItsSlot) {
+    store.chooseTexture(TextureSlotKind::roughness);
+    const std::vector types{ImageFileType::png, ImageFileType::jpeg, ImageFileType::tiff,
+                            ImageFileType::bmp, ImageFileType::gif,  ImageFileType::heic};
+    ASSERT_EQ(chooser.fileQuestions.size(), 1U);
+    EXPECT_EQ(chooser.fileQuestions[0], (FileQuestion{QStringLiteral("Choose Roughness / Gloss Texture"),
+                                                      QStringLiteral("Use Texture"), types}));
+}
+
+TEST_F(MaterialStoreTest, ChangesNothingWhenTheChoiceIsCancelled) {
+    const QStringList before = store.logLines();
+    store.chooseTexture(baseColor);
+    EXPECT_TRUE(store.textures().empty());
+    EXPECT_EQ(store.logLines(), before);
+}
+
+TEST_F(MaterialStoreTest, ImportsTheChosenFile) {
+    chooser.file = folder.texture(QStringLiteral("Normal.png"), 8, 4);
+    store.chooseTexture(TextureSlotKind::normal);
+    ASSERT_TRUE(store.textures().contains(TextureSlotKind::normal));
+    EXPECT_EQ(store.textures().at(TextureSlotKind::normal).url, *chooser.file);
+}
+
+TEST_F(MaterialStoreTest, LogsTheImportAndThePreview) {
+    store.importTexture(folder.texture(QStringLiteral("Brick_Wall.png"), 16, 8), baseColor);
+    EXPECT_EQ(store.logLines().first(2),
+              QStringList({stamped(QStringLiteral("Preview updated.")),
+                           stamped(QStringLiteral("Base Color loaded: Brick_Wall.png, 16x8"))}));
+    EXPECT_FALSE(store.previews().empty());
+}
+
+TEST_F(MaterialStoreTest, TakesTheNameOfTheFirstBaseColor) {
+    store.importTexture(folder.texture(QStringLiteral("Brick_Wall.png")), baseColor);
+    EXPECT_EQ(store.settings().materialName, QStringLiteral("Brick_Wall"));
+    store.importTexture(folder.texture(QStringLiteral("Other.png")), baseColor);
+    EXPECT_EQ(store.settings().materialName, QStringLiteral("Brick_Wall"));
+}
+
+TEST_F(MaterialStoreTest, TakesNoNameFromOtherSlots) {
+    for (const TextureSlotKind slot : allCases<TextureSlotKind>()) {
+        if (slot != baseColor) {
+            store.importTexture(folder.texture(QStringLiteral("Some.png")), slot);
+            EXPECT_EQ(store.settings(), ConversionSettings()) << rawValue(slot).toStdString();
+        }
+    }
+}
+
+TEST_F(MaterialStoreTest, KeepsATypedName) {
+    type(QStringLiteral("Mine"));
+    store.importTexture(folder.texture(QStringLiteral("Brick.png")), baseColor);
+    EXPECT_EQ(store.settings().materialName, QStringLiteral("Mine"));
+}
+
+TEST_F(MaterialStoreTest, KeepsATypedEmptyName) {
+    type({});
+    store.importTexture(folder.texture(QStringLiteral("Brick.png")), baseColor);
+    EXPECT_EQ(store.settings().materialName, QString());
+}
+
+TEST_F(MaterialStoreTest, CutsOnlyTheLastExtensionFromAnAdoptedName) {
+    store.importTexture(folder.texture(QStringLiteral("wall.old.png")), baseColor);
+    EXPECT_EQ(store.settings().materialName, QStringLiteral("wall.old"));
+}
+
+TEST_F(MaterialStoreTest, ReplacesTheTextureOfAFilledSlot) {
+    store.importTexture(folder.texture(QStringLiteral("a.png"), 4, 4), baseColor);
+    store.importTexture(folder.texture(QStringLiteral("b.png"), 6, 2), baseColor);
+    EXPECT_EQ(store.textures().size(), 1U);
+    EXPECT_EQ(store.textures().at(baseColor).sizeLabel(), QStringLiteral("6x2"));
+}
+
+TEST_F(MaterialStoreTest, KeepsTheSlotWhenAFileCannotBeLoaded) {
+    store.importTexture(folder.texture(QStringLiteral("a.png")), baseColor);
+    const QStringList before = store.logLines();
+    store.importTexture(folder.noTexture(QStringLiteral("notes.txt")), baseColor);
+    EXPECT_EQ(store.textures().at(baseColor).fileName, QStringLiteral("a.png"));
+    EXPECT_EQ(newest(), stamped(QStringLiteral("Load failed: Could not read image: notes.txt")));
+    EXPECT_EQ(store.logLines().mid(1), before);
+}
+
+TEST_F(MaterialStoreTest, LeavesAnEmptySlotAndTheNameWhenAFileCannotBeLoaded) {
+    store.importTexture(folder.noTexture(QStringLiteral("notes.txt")), baseColor);
+    EXPECT_FALSE(store.hasAnyTexture());
+    EXPECT_EQ(store.settings(), ConversionSettings());
+}
+
+TEST_F(MaterialStoreTest, ImportsADropOnlyAfterItWasAccepted) {
+    const auto data = dragged({folder.texture(QStringLiteral("a.png"))});
+    EXPECT_TRUE(store.acceptDrop(*data, baseColor));
+    EXPECT_FALSE(store.hasAnyTexture());
+    runEventLoop();
+    EXPECT_TRUE(store.canExport());
+}
+
+TEST_F(MaterialStoreTest, TakesOnlyTheFirstFileOfADrop) {
+    const auto data =
+        dragged({QUrl(QStringLiteral("https://example.org/x.png")), folder.texture(QStringLiteral("a.png")),
+                 folder.texture(QStringLiteral("b.png"))});
+    EXPECT_TRUE(store.acceptDrop(*data, TextureSlotKind::normal));
+    runEventLoop();
+    EXPECT_EQ(store.textures().size(), 1U);
+    EXPECT_EQ(store.textures().at(TextureSlotKind::normal).fileName, QStringLiteral("a.png"));
+}
+
+TEST_F(MaterialStoreTest, RefusesADropWithoutAFile) {
+    const QStringList before = store.logLines();
+    QMimeData text;
+    text.setText(QStringLiteral("plain"));
+    EXPECT_FALSE(store.acceptDrop(text, baseColor));
+    EXPECT_FALSE(store.acceptDrop(*dragged({QUrl(QStringLiteral("https://example.org/x.png"))}), baseColor));
+    runEventLoop();
+    EXPECT_EQ(store.logLines(), before);
+}
+
+TEST_F(MaterialStoreTest, AcceptsADropThatTurnsOutUnreadable) {
+    EXPECT_TRUE(store.acceptDrop(*dragged({folder.noTexture(QStringLiteral("a.png"))}), baseColor));
+    runEventLoop();
+    EXPECT_EQ(newest(), stamped(QStringLiteral("Load failed: Could not read image: a.png")));
+}
+
+TEST_F(MaterialStoreTest, ForgetsADropWhenItIsGone) {
+    const auto data = dragged({folder.texture(QStringLiteral("a.png"))});
+    int announced = 0;
+    QObject::connect(&store, &MaterialStore::willChange, [&] { ++announced; });
+    EXPECT_TRUE(store.acceptDrop(*data, baseColor));
+    owned.reset();
+    runEventLoop();
+    EXPECT_EQ(announced, 0);
+}
+
+TEST_F(MaterialStoreTest, RemovesATextureAndRebuildsThePreviewOfTheRest) {
+    store.importTexture(folder.texture(QStringLiteral("a.png")), baseColor);
+    store.importTexture(folder.texture(QStringLiteral("n.png")), TextureSlotKind::normal);
+    store.removeTexture(TextureSlotKind::normal);
+    EXPECT_EQ(store.textures().size(), 1U);
+    EXPECT_EQ(store.logLines().first(2), QStringList({stamped(QStringLiteral("Preview updated.")),
+                                                      stamped(QStringLiteral("Normal removed."))}));
+    EXPECT_TRUE(store.previews().contains(OutputPreviewKind::baseColor));
+}
+
+TEST_F(MaterialStoreTest, ClearsThePreviewsWithTheLastTexture) {
+    store.importTexture(folder.texture(QStringLiteral("a.png")), baseColor);
+    store.removeTexture(baseColor);
+    EXPECT_FALSE(store.hasAnyTexture());
+    EXPECT_TRUE(store.previews().empty());
+    EXPECT_EQ(newest(), stamped(QStringLiteral("Base Color removed.")));
+}
+
+TEST_F(MaterialStoreTest, LogsTheRemovalOfNothing) {
+    store.removeTexture(TextureSlotKind::metallic);
+    EXPECT_EQ(newest(), stamped(QStringLiteral("Metallic removed.")));
+}
+
+TEST_F(MaterialStoreTest, KeepsNameAndSettingsWhenATextureIsRemoved) {
+    store.importTexture(folder.texture(QStringLiteral("Brick.png")), baseColor);
+    store.removeTexture(baseColor);
+    EXPECT_EQ(store.settings().materialName, QStringLiteral("Brick"));
+}
+
+TEST_F(MaterialStoreTest, ResetsToAFreshStateWithOneUnstampedLine) {
+    chooser.folder = folder.url();
+    store.importTexture(folder.texture(QStringLiteral("Brick.png")), baseColor);
+    exportSmall();
+    ASSERT_NE(store.lastExportURL(), std::nullopt);
+    store.reset();
+    EXPECT_FALSE(store.hasAnyTexture());
+    EXPECT_TRUE(store.previews().empty());
+    EXPECT_EQ(store.lastExportURL(), std::nullopt);
+    EXPECT_EQ(store.settings(), ConversionSettings());
+    EXPECT_EQ(store.logLines(), QStringList{QStringLiteral("Inputs cleared.")});
+}
+
+TEST_F(MaterialStoreTest, LogsNoPreviewOfNothing) {
+    const QStringList before = store.logLines();
+    store.buildPreview();
+    EXPECT_TRUE(store.previews().empty());
+    EXPECT_EQ(store.logLines(), before);
+}
+
+TEST_F(MaterialStoreTest, KeepsThePreviewsWhenTheyCannotBeBuilt) {
+    const QUrl file = folder.texture(QStringLiteral("a.png"));
+    store.importTexture(file, baseColor);
+    const OutputPreviews before = store.previews();
+    ASSERT_TRUE(QFile::remove(file.toLocalFile()));
+    store.buildPreview();
+    EXPECT_EQ(newest(), stamped(QStringLiteral("Preview failed: Could not read image: a.png")));
+    EXPECT_EQ(store.previews(), before);
+}
+
+TEST_F(MaterialStoreTest, RebuildsNoPreviewForAChangedSetting) {
+    store.importTexture(folder.texture(QStringLiteral("a.png")), baseColor);
+    const QStringList before = store.logLines();
+    const qint64 picture = store.previews().at(OutputPreviewKind::orm).cacheKey();
+    ConversionSettings settings = store.settings();
+    settings.defaultRoughness = 0.1;
+    store.setSettings(settings);
+    runEventLoop();
+    EXPECT_EQ(store.logLines(), before);
+    EXPECT_EQ(store.previews().at(OutputPreviewKind::orm).cacheKey(), picture);
+}
+
+TEST_F(MaterialStoreTest, BlocksAnExportWithoutBaseColorAndAsksForNoFolder) {
+    store.importTexture(folder.texture(QStringLiteral("n.png")), TextureSlotKind::normal);
+    store.exportMaterialSet();
+    EXPECT_EQ(newest(), stamped(QStringLiteral("Export blocked: Base Color is required.")));
+    EXPECT_TRUE(chooser.folderQuestions.empty());
+}
+
+TEST_F(MaterialStoreTest, AsksWhereToExportTo) {
+    store.importTexture(folder.texture(QStringLiteral("a.png")), baseColor);
+    const QStringList before = store.logLines();
+    store.exportMaterialSet();
+    ASSERT_EQ(chooser.folderQuestions.size(), 1U);
+    EXPECT_EQ(chooser.folderQuestions[0],
+              (FolderQuestion{QStringLiteral("Choose Export Folder"), QStringLiteral("Export Here")}));
+    EXPECT_EQ(store.logLines(), before);
+    EXPECT_EQ(store.lastExportURL(), std::nullopt);
+}
+
+TEST_F(MaterialStoreTest, LogsTheFolderAndEveryWrittenFile) {
+    chooser.folder = folder.url();
+    store.importTexture(folder.texture(QStringLiteral("Brick.png")), baseColor);
+    exportSmall();
+    const QString into = folder.path(QStringLiteral("Brick"));
+    EXPECT_EQ(store.logLines().first(5), QStringList({stamped(QStringLiteral("Wrote Brick_SL_PBR_notes.txt")),
+                                                      stamped(QStringLiteral("Wrote Brick.gltf")),
+                                                      stamped(QStringLiteral("Wrote Brick_ORM.png")),
+                                                      stamped(QStringLiteral("Wrote Brick_BaseColor.png")),
+                                                      stamped(QStringLiteral("Export complete: ") + into)}));
+    ASSERT_NE(store.lastExportURL(), std::nullopt);
+    EXPECT_EQ(QFileInfo(store.lastExportURL()->toLocalFile()), QFileInfo(into));
+    EXPECT_TRUE(QFile::exists(into + QStringLiteral("/Brick_ORM.png")));
+}
+
+TEST_F(MaterialStoreTest, KeepsTheLastExportWhenOneFails) {
+    store.importTexture(folder.texture(QStringLiteral("Brick.png")), baseColor);
+    chooser.folder = folder.url();
+    exportSmall();
+    const auto before = store.lastExportURL();
+    chooser.folder = folder.blocked();
+    exportSmall();
+    EXPECT_TRUE(newest().startsWith(stamped(QStringLiteral("Export failed: ")))) << newest().toStdString();
+    EXPECT_EQ(store.lastExportURL(), before);
+}
+
+TEST_F(MaterialStoreTest, LogsAFailedExportInOneLine) {
+    const QUrl file = folder.texture(QStringLiteral("Brick.png"));
+    store.importTexture(file, baseColor);
+    ASSERT_TRUE(QFile::remove(file.toLocalFile()));
+    chooser.folder = folder.url();
+    const QStringList before = store.logLines();
+    exportSmall();
+    EXPECT_EQ(newest(), stamped(QStringLiteral("Export failed: Could not read image: Brick.png")));
+    EXPECT_EQ(store.logLines().mid(1), before);
+}
+
+TEST_F(MaterialStoreTest, NeverHoldsMoreThanEightyLines) {
+    for (int line = 0; line < 100; ++line) {
+        store.removeTexture(TextureSlotKind::normal);
+    }
+    EXPECT_EQ(store.logLines().size(), 80);
+    EXPECT_FALSE(store.logLines().contains(QStringLiteral(
+        "Load Base Color first, then add Normal, AO, Roughness/Gloss and Metallic as needed.")));
+}
+
+TEST_F(MaterialStoreTest, AnnouncesEveryChangeBeforeItIsMade) {
+    QList<std::size_t> textures;
+    QList<std::size_t> previews;
+    QStringList names;
+    QStringList lines;
+    QObject::connect(&store, &MaterialStore::willChange, [&] {
+        textures << store.textures().size();
+        previews << store.previews().size();
+        names << store.settings().materialName;
+        lines << newest();
+    });
+    store.importTexture(folder.texture(QStringLiteral("Brick.png")), baseColor);
+    // Textures, name, log line, previews, log line: each is still the old one when it is announced.
+    ASSERT_EQ(textures.size(), 5);
+    EXPECT_EQ(textures, QList<std::size_t>({0, 1, 1, 1, 1}));
+    const QString untouched = ConversionSettings::defaultMaterialName();
+    const QString adopted = QStringLiteral("Brick");
+    EXPECT_EQ(names, QStringList({untouched, untouched, adopted, adopted, adopted}));
+    EXPECT_TRUE(lines[2].startsWith(QStringLiteral("Load Base Color first")));
+    EXPECT_EQ(lines[3], stamped(QStringLiteral("Base Color loaded: Brick.png, 4x4")));
+    EXPECT_EQ(previews[3], 0U);
+    EXPECT_EQ(previews[4], store.previews().size());
+}
+
+TEST_F(MaterialStoreTest, AnnouncesANewSettingBeforeItIsThere) {
+    double announced = -1;
+    QObject::connect(&store, &MaterialStore::willChange,
+                     [&] { announced = store.settings().defaultMetallic; });
+    ConversionSettings settings;
+    settings.defaultMetallic = 0.5;
+    store.setSettings(settings);
+    EXPECT_EQ(announced, 0.0);
+    EXPECT_EQ(store.settings().defaultMetallic, 0.5);
+}
+
+TEST_F(MaterialStoreTest, TellsWhenTheEngineRuns) {
+    QStringList phases;
+    QObject::connect(&store, &MaterialStore::workStarted, [&] { phases << QStringLiteral("started"); });
+    QObject::connect(&store, &MaterialStore::workFinished, [&] { phases << QStringLiteral("finished"); });
+    store.importTexture(folder.noTexture(QStringLiteral("a.png")), baseColor);
+    EXPECT_EQ(phases, QStringList({QStringLiteral("started"), QStringLiteral("finished")}));
+}
+
+}  // namespace

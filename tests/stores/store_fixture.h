@@ -1,0 +1,40 @@
+#pragma once
+
+#include "scripted_chooser.h"
+#include "texture_folder.h"
+
+#include <QCoreApplication>
+#include <QMimeData>
+#include <QTime>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace quarlin::fixtures {
+
+/// One store on a scripted chooser, at 14:03:27.
+template <typename Store>
+class StoreFixture : public testing::Test {
+protected:
+    TextureFolder folder;
+    ScriptedChooser chooser;
+    std::unique_ptr<Store> owned = std::make_unique<Store>(chooser, [] { return QTime(14, 3, 27); });
+    Store& store = *owned;
+
+    static QString stamped(const QString& message) { return QStringLiteral("[14:03:27] ") + message; }
+
+    const QString& newest() const { return store.logLines().constFirst(); }
+
+    static std::unique_ptr<QMimeData> dragged(const QList<QUrl>& urls) {
+        auto data = std::make_unique<QMimeData>();
+        data->setUrls(urls);
+        return data;
+    }
+
+    /// Lets what was posted to the event loop happen.
+    static void runEventLoop() { QCoreApplication::sendPostedEvents(); }
+};
+
+}  // namespace quarlin::fixtures

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QColor>
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QString>
+#include <QTemporaryDir>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+namespace quarlin::fixtures {
+
+/// A folder of its own for one test, with ways to put files into it.
+class TextureFolder {
+public:
+    QUrl url() const { return QUrl::fromLocalFile(m_folder.path()); }
+    QString path(const QString& name) const { return m_folder.filePath(name); }
+
+    /// Writes a plain image of `width` x `height` pixels.
+    QUrl texture(const QString& name, int width = 4, int height = 4, const QColor& color = Qt::red) const {
+        QImage image(width, height, QImage::Format_RGB32);
+        image.fill(color);
+        return save(name, image);
+    }
+
+    /// Writes `image`.
+    QUrl save(const QString& name, const QImage& image) const {
+        EXPECT_TRUE(image.save(path(name))) << name.toStdString();
+        return QUrl::fromLocalFile(path(name));
+    }
+
+    /// Writes a file that holds no image, whatever its name says.
+    QUrl noTexture(const QString& name) const {
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write("no image") > 0) << name.toStdString();
+        return QUrl::fromLocalFile(path(name));
+    }
+
+    /// A folder that nothing can be exported into, because a file is in its place.
+    QUrl blocked() const { return noTexture(QStringLiteral("blocked")); }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+}  // namespace quarlin::fixtures
