@@ -1,7 +1,7 @@
 #include "bmp_decoder.h"
 
 #include "image_view.h"
-#include "premultiply.h"
+#include "store_pixels.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -97,9 +97,7 @@ bool isComplete(const QByteArray& bytes) {
 
 }  // namespace
 
-bool isBmp(const QByteArray& bytes) {
-    return bytes.startsWith("BM");
-}
+bool isBmp(const QByteArray& bytes) { return bytes.startsWith("BM"); }
 
 QImage decodeBmp(const QByteArray& bytes) {
     if (!isComplete(bytes)) {
@@ -114,13 +112,8 @@ QImage decodeBmp(const QByteArray& bytes) {
     if (straight.isNull()) {
         return {};
     }
-    std::uint8_t* pixel = straight.bits();
-    for (const std::uint8_t* const end = pixel + straight.sizeInBytes(); pixel != end;
-         pixel += bytesPerPixel) {
-        for (int channel = 0; channel < 3; ++channel) {
-            pixel[channel] = premultiplied(pixel[channel], pixel[3]);
-        }
-    }
+    storePixels<std::uint8_t, 4>(straight.constBits(), straight.sizeInBytes() / bytesPerPixel,
+                                 straight.bits());
     straight.reinterpretAsFormat(pixelFormat);
     return straight;
 }

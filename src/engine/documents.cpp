@@ -7,9 +7,7 @@ namespace quarlin {
 
 namespace {
 
-QString yesOrNo(bool value) {
-    return value ? QStringLiteral("yes") : QStringLiteral("no");
-}
+QString yesOrNo(bool value) { return value ? QStringLiteral("yes") : QStringLiteral("no"); }
 
 /// "LABEL: NAME", or "LABEL: not exported".
 QString fileLine(const QString& label, const QString& name, bool exported) {

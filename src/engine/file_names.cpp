@@ -5,9 +5,7 @@
 
 namespace quarlin {
 
-QString lastPathComponent(const QUrl& url) {
-    return QDir::cleanPath(url.toLocalFile()).section(u'/', -1);
-}
+QString lastPathComponent(const QUrl& url) { return QDir::cleanPath(url.toLocalFile()).section(u'/', -1); }
 
 QString fileStem(const QUrl& url) {
     const QString name = lastPathComponent(url);

@@ -28,9 +28,7 @@ struct Colour {
     Double red, green, blue;
 };
 
-HWY_INLINE HWY_ATTR Double number(double value) {
-    return hn::Set(Doubles(), value);
-}
+HWY_INLINE HWY_ATTR Double number(double value) { return hn::Set(Doubles(), value); }
 
 /// Reads pixels as components of 0...255.
 HWY_INLINE HWY_ATTR Colour loadColour(const std::uint8_t* pixels) {

@@ -9,9 +9,7 @@ namespace quarlin {
 
 namespace {
 
-QJsonObject textureIndex(int index) {
-    return {{QStringLiteral("index"), index}};
-}
+QJsonObject textureIndex(int index) { return {{QStringLiteral("index"), index}}; }
 
 }  // namespace
 

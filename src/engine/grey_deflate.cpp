@@ -62,12 +62,8 @@ using Token = std::uint32_t;
 constexpr Token payload = 0xFFFF;
 constexpr Token byteFlag = 0x8000'0000;
 
-constexpr Token byteToken(std::uint8_t byte) {
-    return byteFlag | byte;
-}
-constexpr Token pixelToken(std::uint8_t residual) {
-    return residual;
-}
+constexpr Token byteToken(std::uint8_t byte) { return byteFlag | byte; }
+constexpr Token pixelToken(std::uint8_t residual) { return residual; }
 constexpr Token matchToken(std::int64_t pixels, std::int64_t distance) {
     return static_cast<Token>(pixels) << 16U | static_cast<Token>(distance - 1);
 }

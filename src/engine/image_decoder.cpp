@@ -1,6 +1,7 @@
 #include "image_decoder.h"
 
 #include "bmp_decoder.h"
+#include "plain_png_decoder.h"
 #include "vips_decoder.h"
 
 #include <new>
@@ -9,7 +10,11 @@ namespace quarlin {
 
 QImage decodeImage(const QByteArray& bytes) {
     try {
-        return isBmp(bytes) ? decodeBmp(bytes) : decodeWithVips(bytes);
+        if (isBmp(bytes)) {
+            return decodeBmp(bytes);
+        }
+        QImage plain = decodePlainPng(bytes);
+        return plain.isNull() ? decodeWithVips(bytes) : plain;
     } catch (const std::bad_alloc&) {
         return {};
     }

@@ -31,9 +31,7 @@ TextureAsset TextureProcessor::loadAsset(const QUrl& url) const {
     return asset;
 }
 
-QImage TextureProcessor::loadCGImage(const QUrl& url) const {
-    return decodeFile(url).image;
-}
+QImage TextureProcessor::loadCGImage(const QUrl& url) const { return decodeFile(url).image; }
 
 PixelImage TextureProcessor::renderImage(const QUrl& url, std::int64_t width, std::int64_t height) const {
     return toPixelImage(renderFile(url, width, height));

@@ -35,8 +35,6 @@ std::tuple<double, double, double> TextureProcessor::normalized(double x, double
     return {x / divisor, y / divisor, z / divisor};
 }
 
-std::uint8_t TextureProcessor::byteFromSignedUnit(double value) {
-    return byteFromUnit(value * 0.5 + 0.5);
-}
+std::uint8_t TextureProcessor::byteFromSignedUnit(double value) { return byteFromUnit(value * 0.5 + 0.5); }
 
 }  // namespace quarlin

@@ -9,9 +9,7 @@
 
 namespace quarlin {
 
-unsigned coreCount() {
-    return std::max(1U, std::thread::hardware_concurrency());
-}
+unsigned coreCount() { return std::max(1U, std::thread::hardware_concurrency()); }
 
 void forEachInParallel(std::int64_t count, const std::function<void(std::int64_t)>& work, unsigned threads) {
     std::atomic<std::int64_t> next = 0;

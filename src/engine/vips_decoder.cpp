@@ -2,7 +2,7 @@
 
 #include "colour_profile.h"
 #include "image_view.h"
-#include "premultiply.h"
+#include "store_pixels.h"
 
 #include <vips/vips.h>
 
@@ -153,60 +153,6 @@ Image toSRGB(Image image, const QByteArray& bytes) {
     });
     return converted ? result([&](VipsImage** out) { return vips_cast_uchar(converted.get(), out, nullptr); })
                      : nullptr;
-}
-
-std::uint8_t toByte(std::uint8_t sample) {
-    return sample;
-}
-
-/// `sample / 257`, rounded: 65535 becomes 255.
-std::uint8_t toByte(std::uint16_t sample) {
-    return static_cast<std::uint8_t>((sample * 255U + 32895U) >> 16U);
-}
-
-bool isOpaque(const std::uint8_t* pixels, std::int64_t count) {
-    std::uint8_t all = 255;
-    for (std::int64_t index = 0; index < count; ++index) {
-        all = static_cast<std::uint8_t>(all & pixels[index * bytesPerPixel + 3]);
-    }
-    return all == 255;
-}
-
-/// Turns `count` pixels of one to four samples into premultiplied RGBA.
-template <typename Sample, int bands>
-void storePixels(const Sample* input, std::int64_t count, std::uint8_t* output) {
-    for (std::int64_t index = 0; index < count; ++index, input += bands, output += bytesPerPixel) {
-        constexpr bool isGrey = bands <= 2;
-        const std::uint8_t red = toByte(input[0]);
-        const std::uint8_t green = isGrey ? red : toByte(input[1]);
-        const std::uint8_t blue = isGrey ? red : toByte(input[2]);
-        if constexpr (bands % 2 == 1) {
-            output[0] = red;
-            output[1] = green;
-            output[2] = blue;
-            output[3] = 255;
-        } else {
-            const std::uint8_t alpha = toByte(input[bands - 1]);
-            output[0] = premultiplied(red, alpha);
-            output[1] = premultiplied(green, alpha);
-            output[2] = premultiplied(blue, alpha);
-            output[3] = alpha;
-        }
-    }
-}
-
-/// Opaque pixels of 8 bits need nothing done.
-template <>
-void storePixels<std::uint8_t, 4>(const std::uint8_t* input, std::int64_t count, std::uint8_t* output) {
-    std::copy_n(input, count * bytesPerPixel, output);
-    if (isOpaque(input, count)) {
-        return;
-    }
-    for (std::int64_t index = 0; index < count; ++index, output += bytesPerPixel) {
-        for (int channel = 0; channel < 3; ++channel) {
-            output[channel] = premultiplied(output[channel], output[3]);
-        }
-    }
 }
 
 using StorePixels = void (*)(const void*, std::int64_t, std::uint8_t*);

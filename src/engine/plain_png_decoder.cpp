@@ -1,0 +1,199 @@
+#include "plain_png_decoder.h"
+
+#include "image_view.h"
+#include "png_unfilter.h"
+#include "store_pixels.h"
+
+#include <QtEndian>
+
+#include <isa-l/crc.h>
+#include <libdeflate.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+namespace quarlin {
+
+namespace {
+
+/// One chunk of the file; its checksum is right.
+struct Chunk {
+    std::string_view type;
+    QByteArrayView data;
+};
+
+/// Takes chunks off `rest`, which begins behind the signature; nothing where no whole, intact one follows.
+std::optional<Chunk> takeChunk(QByteArrayView& rest) {
+    constexpr qsizetype overhead = 12;
+    if (rest.size() < overhead) {
+        return std::nullopt;
+    }
+    const auto length = static_cast<qsizetype>(qFromBigEndian<quint32>(rest.data()));
+    if (length > rest.size() - overhead) {
+        return std::nullopt;
+    }
+    const QByteArrayView checked = rest.sliced(4, length + 4);
+    const quint32 checksum = crc32_gzip_refl(0, reinterpret_cast<const unsigned char*>(checked.data()),
+                                             static_cast<std::uint64_t>(checked.size()));
+    if (checksum != qFromBigEndian<quint32>(rest.data() + length + 8)) {
+        return std::nullopt;
+    }
+    rest = rest.sliced(length + overhead);
+    return Chunk{{checked.data(), 4}, checked.sliced(4)};
+}
+
+/// Chunks that say nothing about the pixels. Any other, known or not, is left to the general decoder.
+bool isWithoutEffect(const Chunk& chunk) {
+    constexpr std::array<std::string_view, 9> types{"sRGB", "cHRM", "pHYs", "tEXt", "zTXt",
+                                                    "iTXt", "tIME", "bKGD", "eXIf"};
+    constexpr quint32 gammaOfSRGB = 45455;
+    return std::find(types.begin(), types.end(), chunk.type) != types.end() ||
+           (chunk.type == "gAMA" && chunk.data.size() == 4 &&
+            qFromBigEndian<quint32>(chunk.data.data()) == gammaOfSRGB);
+}
+
+struct Header {
+    std::int64_t width = 0;
+    std::int64_t height = 0;
+    int samples = 0;
+
+    std::size_t rowSize() const { return static_cast<std::size_t>(width * samples); }
+    /// What the pixels inflate to: rows, each behind the number of its filter.
+    std::size_t filteredSize() const { return (rowSize() + 1) * static_cast<std::size_t>(height); }
+};
+
+std::optional<Header> readHeader(const Chunk& chunk) {
+    if (chunk.type != "IHDR" || chunk.data.size() != 13) {
+        return std::nullopt;
+    }
+    const auto byteAt = [&](qsizetype index) { return static_cast<std::uint8_t>(chunk.data[index]); };
+    Header header{qFromBigEndian<quint32>(chunk.data.data()), qFromBigEndian<quint32>(chunk.data.data() + 4),
+                  0};
+    constexpr std::uint8_t bitDepth = 8;
+    constexpr std::array<int, 7> samplesOfColourType{1, 0, 3, 0, 2, 0, 4};
+    const std::uint8_t colourType = byteAt(9);
+    const bool isPlain = byteAt(8) == bitDepth && colourType < samplesOfColourType.size() &&
+                         byteAt(10) == 0 && byteAt(11) == 0 && byteAt(12) == 0;
+    if (!isPlain || !isUsableSize(header.width, header.height)) {
+        return std::nullopt;
+    }
+    header.samples = samplesOfColourType[colourType];
+    return header.samples > 0 ? std::optional(header) : std::nullopt;
+}
+
+struct PlainPng {
+    Header header;
+    /// The zlib stream: where it stands when it is in one chunk, else put together in `joined`.
+    QByteArrayView stream;
+    QByteArray joined;
+};
+
+std::optional<PlainPng> readPlainPng(const QByteArray& bytes) {
+    constexpr std::string_view signature("\x89PNG\r\n\x1A\n", 8);
+    if (!bytes.startsWith(QByteArrayView(signature.data(), signature.size()))) {
+        return std::nullopt;
+    }
+    QByteArrayView rest = QByteArrayView(bytes).sliced(signature.size());
+    const std::optional<Chunk> first = takeChunk(rest);
+    const std::optional<Header> header = first ? readHeader(*first) : std::nullopt;
+    if (!header) {
+        return std::nullopt;
+    }
+    PlainPng png{*header, {}, {}};
+    bool pixelsHaveEnded = false;
+    while (const std::optional<Chunk> chunk = takeChunk(rest)) {
+        if (chunk->type == "IEND") {
+            if (!png.joined.isEmpty()) {
+                png.stream = png.joined;
+            }
+            return png;
+        }
+        if (chunk->type == "IDAT") {
+            if (pixelsHaveEnded) {
+                return std::nullopt;
+            }
+            if (png.stream.isEmpty()) {
+                png.stream = chunk->data;
+            } else {
+                if (png.joined.isEmpty()) {
+                    png.joined.reserve(bytes.size());
+                    png.joined.append(png.stream);
+                }
+                png.joined.append(chunk->data);
+            }
+        } else {
+            pixelsHaveEnded = !png.stream.isEmpty();
+            if (!isWithoutEffect(*chunk)) {
+                return std::nullopt;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+/// The filtered rows, or nothing when the stream is damaged or of another length.
+PixelBuffer inflated(const PlainPng& png) {
+    // Deflate makes nothing smaller than this; a header that claims more is not worth allocating for.
+    constexpr std::size_t largestRatio = 1032;
+    const std::size_t size = png.header.filteredSize();
+    const auto streamSize = static_cast<std::size_t>(png.stream.size());
+    if (size / largestRatio > streamSize) {
+        return {};
+    }
+    const std::unique_ptr<libdeflate_decompressor, decltype(&libdeflate_free_decompressor)> decompressor(
+        libdeflate_alloc_decompressor(), &libdeflate_free_decompressor);
+    PixelBuffer filtered(size);
+    std::size_t written = 0;
+    const libdeflate_result result = libdeflate_zlib_decompress(decompressor.get(), png.stream.data(),
+                                                                streamSize, filtered.data(), size, &written);
+    return result == LIBDEFLATE_SUCCESS && written == size ? filtered : PixelBuffer();
+}
+
+template <int samples>
+QImage decodeRows(const Header& header, PixelBuffer& filtered) {
+    QImage image(static_cast<int>(header.width), static_cast<int>(header.height), pixelFormat);
+    if (image.isNull()) {
+        return {};
+    }
+    std::uint8_t* output = image.bits();
+    const std::size_t rowSize = header.rowSize();
+    const PixelBuffer zeros(rowSize, 0);
+    const std::uint8_t* above = zeros.data();
+    std::uint8_t* row = filtered.data();
+    for (std::int64_t y = 0; y < header.height; ++y) {
+        const std::uint8_t filter = *row++;
+        if (!unfilterPngRow<samples>(filter, {row, rowSize}, above)) {
+            return {};
+        }
+        storePixels<std::uint8_t, samples>(row, header.width, output);
+        output += header.width * bytesPerPixel;
+        above = row;
+        row += rowSize;
+    }
+    return image;
+}
+
+}  // namespace
+
+QImage decodePlainPng(const QByteArray& bytes) {
+    const std::optional<PlainPng> png = readPlainPng(bytes);
+    PixelBuffer filtered = png ? inflated(*png) : PixelBuffer();
+    if (filtered.empty()) {
+        return {};
+    }
+    switch (png->header.samples) {
+        case 1:
+            return decodeRows<1>(png->header, filtered);
+        case 2:
+            return decodeRows<2>(png->header, filtered);
+        case 3:
+            return decodeRows<3>(png->header, filtered);
+        default:
+            return decodeRows<4>(png->header, filtered);
+    }
+}
+
+}  // namespace quarlin
