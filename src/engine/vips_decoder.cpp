@@ -202,13 +202,16 @@ QImage decodeWithVips(const QByteArray& bytes) {
         return {};
     }
     const auto size = static_cast<std::size_t>(bytes.size());
-    const bool supported = isSupportedLoader(vips_foreign_find_load_buffer(bytes.constData(), size));
+    const char* loader = vips_foreign_find_load_buffer(bytes.constData(), size);
     vips_error_clear();
-    if (!supported) {
+    if (!isSupportedLoader(loader)) {
         return {};
     }
+    // The JPEG decoder calls a scan that is damaged or ends too soon a warning and fills the rest with grey.
+    const bool isJpeg = std::string_view(loader) == "VipsForeignLoadJpegBuffer";
+    const VipsFailOn failOn = isJpeg ? VIPS_FAIL_ON_WARNING : VIPS_FAIL_ON_ERROR;
     Image image(vips_image_new_from_buffer(bytes.constData(), size, "", "access", VIPS_ACCESS_SEQUENTIAL,
-                                           "fail_on", VIPS_FAIL_ON_ERROR, nullptr));
+                                           "fail_on", failOn, nullptr));
     if (!image || !isUsableSize(vips_image_get_width(image.get()), vips_image_get_height(image.get()))) {
         vips_error_clear();
         return {};

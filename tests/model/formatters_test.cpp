@@ -30,6 +30,26 @@ TEST_F(PercentLabel, RoundsHalvesToTheEvenNeighbour) {
     EXPECT_EQ(percentLabel(0.015), QStringLiteral("2%"));
 }
 
+TEST_F(PercentLabel, ShowsEveryWholePercentageAsItself) {
+    QLocale::setDefault(QLocale(QStringLiteral("en_US")));
+    for (int percent = 0; percent <= 100; ++percent) {
+        EXPECT_EQ(percentLabel(percent / 100.0), QString::number(percent) + u'%');
+    }
+}
+
+TEST_F(PercentLabel, ClampsNothing) {
+    QLocale::setDefault(QLocale(QStringLiteral("en_US")));
+    EXPECT_EQ(percentLabel(1.7), QStringLiteral("170%"));
+    EXPECT_EQ(percentLabel(-0.25), QStringLiteral("-25%"));
+}
+
+TEST_F(PercentLabel, FollowsAChangeOfTheLocale) {
+    QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
+    EXPECT_EQ(percentLabel(0.18), QStringLiteral("18\u00a0%"));
+    QLocale::setDefault(QLocale(QStringLiteral("en_US")));
+    EXPECT_EQ(percentLabel(0.18), QStringLiteral("18%"));
+}
+
 TEST_F(PercentLabel, FollowsTheLocale) {
     QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
     EXPECT_EQ(percentLabel(0.65), QStringLiteral("65\u00a0%"));

@@ -1,0 +1,209 @@
+#include "bmp_files.h"
+#include "engine_errors.h"
+#include "picture.h"
+#include "rendering.h"
+#include "temporary_folder.h"
+#include "tiff_files.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace quarlin;
+using namespace quarlin::fixtures;
+
+namespace {
+
+class TiffInput : public testing::Test {
+protected:
+    const TemporaryFolder folder;
+    const QUrl file = folder.url(QStringLiteral("a.tif"));
+};
+
+Picture grey(const Picture& picture) {
+    return drawnPicture(picture.width, picture.height, [&](int x, int y) {
+        const std::uint8_t value = picture.at(x, y)[0];
+        return Rgba{value, value, value, 255};
+    });
+}
+
+TEST_F(TiffInput, StripsOfEveryCompression) {
+    const Picture picture = noisePicture(37, 23, 1);
+    for (const int compression : {1, 5, 8, 32773}) {
+        TiffForm form;
+        form.compression = compression;
+        writeTiff(file, {tiffPage(picture, 3)}, form);
+        EXPECT_TRUE(rendersAs(picture, file)) << compression;
+    }
+}
+
+TEST_F(TiffInput, Tiles) {
+    const Picture picture = noisePicture(75, 41, 2);
+    for (const int tile : {16, 32, 128}) {
+        TiffForm form;
+        form.tile = tile;
+        writeTiff(file, {tiffPage(picture, 3)}, form);
+        EXPECT_TRUE(rendersAs(picture, file)) << tile;
+    }
+}
+
+TEST_F(TiffInput, OnlyTheFirstPageCounts) {
+    const Picture first = noisePicture(20, 10, 3);
+    writeTiff(file, {tiffPage(first, 3), tiffPage(noisePicture(40, 30, 4), 3),
+                     tiffPage(noisePicture(20, 10, 5), 3)});
+    EXPECT_TRUE(rendersAs(first, file));
+}
+
+TEST_F(TiffInput, SixteenBitIsRoundedToTheNearestByte) {
+    TiffForm form;
+    form.bitsPerSample = 16;
+    TiffPage page{64, 4, {}};
+    for (unsigned index = 0; index < 64 * 4 * 3; ++index) {
+        page.samples.push_back(static_cast<std::uint16_t>(index * 85 + index % 7));
+    }
+    writeTiff(file, {page}, form);
+    EXPECT_TRUE(rendersAs(drawnPicture(64, 4,
+                                       [&](int x, int y) {
+                                           const auto at = static_cast<std::size_t>(y * 64 + x) * 3;
+                                           const auto byte = [&](std::size_t index) {
+                                               return static_cast<std::uint8_t>(
+                                                   std::lround(page.samples[index] * 255.0 / 65535));
+                                           };
+                                           return Rgba{byte(at), byte(at + 1), byte(at + 2), 255};
+                                       }),
+                          file));
+}
+
+TEST_F(TiffInput, Grey) {
+    TiffForm form;
+    form.colours = 1;
+    const Picture picture = noisePicture(19, 11, 6);
+    writeTiff(file, {tiffPage(picture, 1)}, form);
+    EXPECT_TRUE(rendersAs(grey(picture), file));
+}
+
+TEST_F(TiffInput, SixteenBitGrey) {
+    TiffForm form;
+    form.colours = 1;
+    form.bitsPerSample = 16;
+    const Picture picture = noisePicture(19, 11, 7);
+    writeTiff(file, {tiffPage(picture, 1, 257)}, form);
+    EXPECT_TRUE(rendersAs(grey(picture), file));
+}
+
+TEST_F(TiffInput, GreyWhoseZeroIsWhite) {
+    TiffForm form;
+    form.colours = 1;
+    form.minimumIsWhite = true;
+    const Picture picture = noisePicture(19, 11, 8);
+    TiffPage page = tiffPage(picture, 1);
+    for (std::uint16_t& sample : page.samples) {
+        sample = static_cast<std::uint16_t>(255 - sample);
+    }
+    writeTiff(file, {page}, form);
+    EXPECT_TRUE(rendersAs(grey(picture), file));
+}
+
+TEST_F(TiffInput, StraightAlphaIsPremultiplied) {
+    TiffForm form;
+    form.alpha = TiffForm::Alpha::unassociated;
+    const Picture picture = noisePicture(21, 9, 9, true);
+    writeTiff(file, {tiffPage(picture, 4)}, form);
+    EXPECT_TRUE(rendersAs(picture, file));
+}
+
+TEST_F(TiffInput, PremultipliedAlphaIsNotMultipliedTwice) {
+    TiffForm form;
+    form.alpha = TiffForm::Alpha::associated;
+    const Picture picture = noisePicture(21, 9, 10, true);
+    const Picture stored{21, 9, premultiplied(picture)};
+    writeTiff(file, {tiffPage(stored, 4)}, form);
+    EXPECT_TRUE(nearlySameBytes(stored.bytes, rendered(file).pixels, 1));
+}
+
+TEST_F(TiffInput, TheOrientationIsIgnored) {
+    const Picture picture = noisePicture(12, 5, 11);
+    for (int orientation = 1; orientation <= 8; ++orientation) {
+        TiffForm form;
+        form.orientation = orientation;
+        writeTiff(file, {tiffPage(picture, 3)}, form);
+        EXPECT_TRUE(rendersAs(picture, file)) << orientation;
+    }
+}
+
+class BmpInput : public testing::Test {
+protected:
+    QUrl fileOf(const QByteArray& bytes) const {
+        const QUrl file = folder.url(QStringLiteral("a.bmp"));
+        writeFile(file, bytes);
+        return file;
+    }
+
+    const TemporaryFolder folder;
+};
+
+TEST_F(BmpInput, TwentyFourBitsOfEveryRowPadding) {
+    for (int width = 1; width <= 8; ++width) {
+        const Picture picture = noisePicture(width, 5, 1);
+        EXPECT_TRUE(rendersAs(picture, fileOf(bmp24(picture)))) << width;
+        EXPECT_TRUE(rendersAs(picture, fileOf(bmp24(picture, true)))) << width;
+    }
+}
+
+TEST_F(BmpInput, ThirtyTwoBitsWithoutAlphaAreOpaque) {
+    const Picture picture = noisePicture(9, 7, 2);
+    EXPECT_TRUE(rendersAs(picture, fileOf(bmp32(picture))));
+}
+
+TEST_F(BmpInput, ThirtyTwoBitsWithAlphaMaskAreTransparent) {
+    const Picture picture = noisePicture(9, 7, 3, true);
+    EXPECT_TRUE(rendersAs(picture, fileOf(bmp32WithAlpha(picture))));
+}
+
+TEST_F(BmpInput, EightBitPalette) {
+    const Picture picture = noisePicture(11, 6, 4);
+    EXPECT_TRUE(rendersAs(grey(picture), fileOf(bmp8Grey(picture))));
+}
+
+TEST_F(BmpInput, IsRecognisedWithoutItsExtension) {
+    const QUrl file = folder.url(QStringLiteral("texture"));
+    writeFile(file, bmp24(smoothPicture(9, 7)));
+    EXPECT_TRUE(rendersAs(smoothPicture(9, 7), file));
+}
+
+TEST_F(BmpInput, CutOffAnywhereIsAnError) {
+    const Picture picture = noisePicture(9, 7, 5);
+    for (const QByteArray& whole :
+         {bmp24(picture), bmp32(picture), bmp32WithAlpha(picture), bmp8Grey(picture)}) {
+        ASSERT_TRUE(rendered(fileOf(whole)).width == 9);
+        // Anywhere in the headers, and at steps that meet every place in a row of pixels.
+        for (qsizetype length = 0; length < whole.size(); length += length < 60 ? 1 : 7) {
+            const QUrl file = fileOf(whole.first(length));
+            ASSERT_EQ(errorOf([&] { return TextureProcessor().loadCGImage(file); }),
+                      TextureProcessorError::cannotReadImage(file))
+                << length << " of " << whole.size();
+        }
+    }
+}
+
+TEST_F(BmpInput, AbsurdSizesAreErrors) {
+    QByteArray wide = bmp24(noisePicture(9, 7, 6));
+    for (const auto& [offset, value] :
+         {std::pair{18, '\x7f'}, {21, '\x7f'}, {25, '\x7f'}, {21, '\x80'}, {25, '\x80'}}) {
+        QByteArray broken = wide;
+        broken[offset] = value;
+        const QUrl file = fileOf(broken);
+        EXPECT_EQ(errorOf([&] { return TextureProcessor().loadCGImage(file); }),
+                  TextureProcessorError::cannotReadImage(file))
+            << offset;
+    }
+    for (const int dimension : {18, 22}) {
+        QByteArray none = wide;
+        none.replace(dimension, 4, QByteArray(4, '\0'));
+        const QUrl file = fileOf(none);
+        EXPECT_EQ(errorOf([&] { return TextureProcessor().loadCGImage(file); }),
+                  TextureProcessorError::cannotReadImage(file));
+    }
+}
+
+}  // namespace

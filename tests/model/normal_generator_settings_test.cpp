@@ -1,0 +1,90 @@
+#include "normal_generator_settings.h"
+
+#include "qstring_printing.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <vector>
+
+using namespace quarlin;
+
+namespace {
+
+TEST(NormalGeneratorSettings, FreshValuesCarryTheDefaults) {
+    const NormalGeneratorSettings settings;
+    EXPECT_EQ(settings.materialName, QStringLiteral("VOREK_Normal"));
+    EXPECT_EQ(settings.outputResolution, OutputResolution::px2048);
+    EXPECT_EQ(settings.strength, 3.0);
+    EXPECT_EQ(settings.smoothing, 1);
+    EXPECT_FALSE(settings.invertHeight);
+    EXPECT_FALSE(settings.flipGreen);
+    EXPECT_EQ(settings.roughnessMin, 0.18);
+    EXPECT_EQ(settings.roughnessMax, 0.82);
+    EXPECT_EQ(settings.metallicStrength, 0.45);
+    EXPECT_EQ(settings.aoStrength, 0.55);
+    EXPECT_TRUE(settings.exportHeight);
+    EXPECT_TRUE(settings.exportRoughness);
+    EXPECT_TRUE(settings.exportGloss);
+    EXPECT_TRUE(settings.exportMetallic);
+    EXPECT_TRUE(settings.exportAO);
+    EXPECT_TRUE(settings.exportORM);
+    EXPECT_TRUE(settings.exportGLTF);
+    EXPECT_TRUE(settings.exportNotes);
+}
+
+TEST(NormalGeneratorSettings, TwoDefaultsAreEqual) {
+    EXPECT_EQ(NormalGeneratorSettings(), NormalGeneratorSettings());
+}
+
+TEST(NormalGeneratorSettings, AChangeOfAnyOneFieldMakesThemUnequal) {
+    const std::vector<std::function<void(NormalGeneratorSettings&)>> changes{
+        [](auto& settings) { settings.materialName = QStringLiteral("Other"); },
+        [](auto& settings) { settings.outputResolution = OutputResolution::matchBase; },
+        [](auto& settings) { settings.strength = 3.01; },
+        [](auto& settings) { settings.smoothing = 2; },
+        [](auto& settings) { settings.invertHeight = true; },
+        [](auto& settings) { settings.flipGreen = true; },
+        [](auto& settings) { settings.roughnessMin = 0.19; },
+        [](auto& settings) { settings.roughnessMax = 0.81; },
+        [](auto& settings) { settings.metallicStrength = 0.46; },
+        [](auto& settings) { settings.aoStrength = 0.56; },
+        [](auto& settings) { settings.exportHeight = false; },
+        [](auto& settings) { settings.exportRoughness = false; },
+        [](auto& settings) { settings.exportGloss = false; },
+        [](auto& settings) { settings.exportMetallic = false; },
+        [](auto& settings) { settings.exportAO = false; },
+        [](auto& settings) { settings.exportORM = false; },
+        [](auto& settings) { settings.exportGLTF = false; },
+        [](auto& settings) { settings.exportNotes = false; },
+    };
+    for (std::size_t index = 0; index < changes.size(); ++index) {
+        NormalGeneratorSettings changed;
+        changes[index](changed);
+        EXPECT_NE(changed, NormalGeneratorSettings()) << "field " << index;
+    }
+}
+
+TEST(NormalGeneratorSettings, KeepSwappedRoughnessBounds) {
+    NormalGeneratorSettings settings;
+    settings.roughnessMin = 0.9;
+    settings.roughnessMax = 0.1;
+    EXPECT_EQ(settings.roughnessMin, 0.9);
+    EXPECT_EQ(settings.roughnessMax, 0.1);
+}
+
+TEST(NormalGeneratorSettings, CleanTheirMaterialName) {
+    NormalGeneratorSettings settings;
+    settings.materialName = QStringLiteral("My Brick  #1");
+    EXPECT_EQ(settings.safeMaterialName(), QStringLiteral("My_Brick___1"));
+}
+
+TEST(NormalGeneratorSettings, AnEmptyNameBecomesTheDefault) {
+    NormalGeneratorSettings settings;
+    settings.materialName = QString();
+    EXPECT_EQ(settings.safeMaterialName(), QStringLiteral("VOREK_Normal"));
+    settings.materialName = QStringLiteral("   ");
+    EXPECT_EQ(settings.safeMaterialName(), QStringLiteral("VOREK_Normal"));
+}
+
+}  // namespace
