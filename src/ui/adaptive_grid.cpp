@@ -38,26 +38,24 @@ int AdaptiveGrid::arrange(const QRect& rectangle, bool move) const {
     const int columns = columnCount(rectangle.width());
     const Qt::LayoutDirection direction =
         parentWidget() ? parentWidget()->layoutDirection() : Qt::LeftToRight;
-    // Where column `column` begins; what does not divide evenly is spread over the columns.
-    const auto columnStart = [&](int column) { return (rectangle.width() + spacing()) * column / columns; };
+    // Every column is equally wide, so that the rows line up; what does not divide evenly goes between them.
+    const int width = (rectangle.width() - (columns - 1) * spacing()) / columns;
+    const auto columnStart = [&](int column) {
+        return columns == 1 ? 0 : (rectangle.width() - width) * column / (columns - 1);
+    };
     int bottom = 0;
     for (std::size_t first = 0; first < m_items.size(); first += static_cast<std::size_t>(columns)) {
         const std::size_t end = std::min(m_items.size(), first + static_cast<std::size_t>(columns));
         const int top = first == 0 ? 0 : bottom + spacing();
-        const auto cellWidth = [&](int column) {
-            return columnStart(column + 1) - spacing() - columnStart(column);
-        };
         int height = 0;
         for (std::size_t index = first; index < end; ++index) {
-            const int width = cellWidth(static_cast<int>(index - first));
             const QLayoutItem& item = *m_items[index];
             height = std::max(
                 height, item.hasHeightForWidth() ? item.heightForWidth(width) : item.sizeHint().height());
         }
         for (std::size_t index = first; move && index < end; ++index) {
             const int column = static_cast<int>(index - first);
-            const QRect cell(rectangle.left() + columnStart(column), rectangle.top() + top, cellWidth(column),
-                             height);
+            const QRect cell(rectangle.left() + columnStart(column), rectangle.top() + top, width, height);
             m_items[index]->setGeometry(QStyle::visualRect(direction, rectangle, cell));
         }
         bottom = top + height;

@@ -225,6 +225,21 @@ TEST(AdaptiveGrid, SpreadsItsColumnsOverTheWholeWidth) {
     EXPECT_EQ(grid->itemAt(5), nullptr);
 }
 
+TEST(AdaptiveGrid, MakesEveryColumnEquallyWide) {
+    QWidget owner;
+    auto* grid = new AdaptiveGrid(140, 12, &owner);
+    for (int index = 0; index < 3; ++index) {
+        grid->addWidget(new QWidget);
+    }
+    for (int width = 444; width < 460; ++width) {
+        grid->setGeometry(QRect(0, 0, width, 100));
+        EXPECT_EQ(grid->itemAt(1)->geometry().width(), grid->itemAt(0)->geometry().width()) << width;
+        EXPECT_EQ(grid->itemAt(2)->geometry().width(), grid->itemAt(0)->geometry().width()) << width;
+        EXPECT_EQ(grid->itemAt(2)->geometry().right(), width - 1) << width;
+        EXPECT_GE(grid->itemAt(1)->geometry().left() - grid->itemAt(0)->geometry().right() - 1, 12) << width;
+    }
+}
+
 TEST(ImageView, FillsItsFrameAndCutsOffWhatStandsOver) {
     // Red on the left, green in the middle, blue on the right: the frame is square, so only green is left.
     QImage wide(90, 30, QImage::Format_RGB32);
