@@ -31,7 +31,6 @@ const QPixmap& ImageView::scaledFor(double scale) {
         const QRectF source(part.topLeft() * ratio, part.size() * ratio);
         m_scaled = QPixmap::fromImage(m_image.copy(source.toAlignedRect().intersected(m_image.rect()))
                                           .scaled(frame, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-        m_scaled.setDevicePixelRatio(scale);
     }
     return m_scaled;
 }
@@ -41,7 +40,7 @@ void ImageView::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     const double scale = deviceScale(painter);
     if (const QPixmap& picture = scaledFor(scale); !picture.isNull()) {
-        // A brush rather than a clip: its edge is smooth.
+        // A brush rather than a clip: its edge is smooth. Its pixels are the device's.
         painter.setPen(Qt::NoPen);
         QBrush brush(picture);
         brush.setTransform(QTransform::fromScale(1 / scale, 1 / scale));

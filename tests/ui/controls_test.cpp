@@ -12,6 +12,7 @@
 #include "view_fixture.h"
 
 #include <QAccessible>
+#include <QPainter>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QVBoxLayout>
@@ -257,6 +258,35 @@ TEST(ImageView, FillsItsFrameAndCutsOffWhatStandsOver) {
     EXPECT_EQ(shown.pixelColor(2, 27), QColor(Qt::green));
     EXPECT_EQ(shown.pixelColor(51, 2), QColor(Qt::green));
     EXPECT_EQ(shown.pixelColor(27, 51), QColor(Qt::green));
+}
+
+TEST(ImageView, ShowsTheSamePartAtEveryScale) {
+    // One dark quarter: a picture that were tiled or shifted would show it elsewhere too.
+    QImage image(64, 64, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    for (int y = 0; y < 32; ++y) {
+        for (int x = 0; x < 32; ++x) {
+            image.setPixelColor(x, y, Qt::black);
+        }
+    }
+    ImageView view(0, false);
+    view.setFixedSize(40, 40);
+    view.setImage(image);
+    for (const double scale : {1.0, 1.5, 2.0}) {
+        QImage shown((QSizeF(40, 40) * scale).toSize(), QImage::Format_RGB32);
+        shown.setDevicePixelRatio(scale);
+        QPainter painter(&shown);
+        view.render(&painter);
+        painter.end();
+        const auto at = [&](double x, double y) {
+            return shown.pixelColor(qRound(x * scale), qRound(y * scale));
+        };
+        EXPECT_EQ(at(2, 2), QColor(Qt::black)) << scale;
+        EXPECT_EQ(at(17, 17), QColor(Qt::black)) << scale;
+        EXPECT_EQ(at(23, 17), QColor(Qt::white)) << scale;
+        EXPECT_EQ(at(17, 38), QColor(Qt::white)) << scale;
+        EXPECT_EQ(at(38, 38), QColor(Qt::white)) << scale;
+    }
 }
 
 TEST(ImageView, RoundsItsCorners) {
