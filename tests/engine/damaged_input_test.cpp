@@ -178,6 +178,17 @@ TEST_F(DamagedInput, ARefusedFileLeavesNoTraceInTheNextOne) {
     }
 }
 
+TEST_F(DamagedInput, BytesAfterAJpegDoNoHarm) {
+    // Cameras append previews and tables behind the image.
+    const QByteArray jpeg = colourJpeg(smoothPicture(40, 30));
+    writeFile(file, jpeg);
+    const PixelImage plain = rendered(file);
+    writeFile(file, jpeg + QByteArray(100, 'x'));
+    EXPECT_EQ(rendered(file), plain);
+    writeFile(file, jpeg + jpeg);
+    EXPECT_EQ(rendered(file), plain);
+}
+
 TEST_F(DamagedInput, BytesAfterTheImageDoNoHarm) {
     writePng(file, noisePicture(20, 20, 13));
     writeFile(file, readFile(file) + QByteArray(100, 'x'));
