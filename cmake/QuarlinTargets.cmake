@@ -31,7 +31,8 @@ function(quarlin_layer name)
   target_link_libraries(quarlin_${name} PUBLIC ${LAYER_LINK} PRIVATE quarlin_flags ${LAYER_PRIVATE_LINK})
 endfunction()
 
-# quarlin_test(NAME SOURCES ... LINK ...): one GoogleTest program; each of its tests is a ctest test.
+# quarlin_test(NAME SOURCES ... LINK ...): one GoogleTest program; each of its tests is a ctest test, named without
+# the printed value of its parameter, which may hold addresses and so change from run to run.
 function(quarlin_test name)
   cmake_parse_arguments(TEST "QT_MAIN" "" "SOURCES;LINK;PROPERTIES" ${ARGN})
   add_executable(${name} ${TEST_SOURCES})
@@ -39,5 +40,5 @@ function(quarlin_test name)
   if(NOT TEST_QT_MAIN)
     target_link_libraries(${name} PRIVATE GTest::gmock_main)
   endif()
-  gtest_discover_tests(${name} PROPERTIES TIMEOUT 300 ${TEST_PROPERTIES} DISCOVERY_TIMEOUT 60)
+  gtest_discover_tests(${name} NO_PRETTY_VALUES PROPERTIES TIMEOUT 300 ${TEST_PROPERTIES} DISCOVERY_TIMEOUT 60)
 endfunction()

@@ -19,9 +19,7 @@ int AdaptiveGrid::columnCount(int width) const {
     return std::max(1, (width + spacing()) / (m_minimumColumnWidth + spacing()));
 }
 
-void AdaptiveGrid::addItem(QLayoutItem* item) {
-    m_items.emplace_back(item);
-}
+void AdaptiveGrid::addItem(QLayoutItem* item) { m_items.emplace_back(item); }
 
 QLayoutItem* AdaptiveGrid::itemAt(int index) const {
     return index >= 0 && index < count() ? m_items[static_cast<std::size_t>(index)].get() : nullptr;
@@ -67,18 +65,14 @@ int AdaptiveGrid::arrange(const QRect& rectangle, bool move) const {
     return bottom;
 }
 
-int AdaptiveGrid::heightForWidth(int width) const {
-    return arrange(QRect(0, 0, width, 0), false);
-}
+int AdaptiveGrid::heightForWidth(int width) const { return arrange(QRect(0, 0, width, 0), false); }
 
 QSize AdaptiveGrid::sizeHint() const {
     const int width = 2 * m_minimumColumnWidth + spacing();
     return {width, heightForWidth(width)};
 }
 
-QSize AdaptiveGrid::minimumSize() const {
-    return {m_minimumColumnWidth, 0};
-}
+QSize AdaptiveGrid::minimumSize() const { return {m_minimumColumnWidth, 0}; }
 
 void AdaptiveGrid::setGeometry(const QRect& rectangle) {
     QLayout::setGeometry(rectangle);

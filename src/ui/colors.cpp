@@ -11,37 +11,23 @@ QColor towardsText(const QPalette& palette, double part) {
 
 }  // namespace
 
-QColor accentColor(const QPalette& palette) {
-    return palette.color(QPalette::Active, QPalette::Highlight);
-}
+QColor accentColor(const QPalette& palette) { return palette.color(QPalette::Active, QPalette::Highlight); }
 
 QColor onAccentColor(const QPalette& palette) {
     return palette.color(QPalette::Active, QPalette::HighlightedText);
 }
 
-QColor primaryColor(const QPalette& palette) {
-    return palette.color(QPalette::Active, QPalette::WindowText);
-}
+QColor primaryColor(const QPalette& palette) { return palette.color(QPalette::Active, QPalette::WindowText); }
 
-QColor secondaryColor(const QPalette& palette) {
-    return towardsText(palette, 0.66);
-}
+QColor secondaryColor(const QPalette& palette) { return towardsText(palette, 0.66); }
 
-QColor tertiaryColor(const QPalette& palette) {
-    return towardsText(palette, 0.4);
-}
+QColor tertiaryColor(const QPalette& palette) { return towardsText(palette, 0.4); }
 
-QColor disabledColor(const QPalette& palette) {
-    return towardsText(palette, 0.36);
-}
+QColor disabledColor(const QPalette& palette) { return towardsText(palette, 0.36); }
 
-QColor separatorColor(const QPalette& palette) {
-    return towardsText(palette, 0.16);
-}
+QColor separatorColor(const QPalette& palette) { return towardsText(palette, 0.16); }
 
-QColor barColor(const QPalette& palette) {
-    return towardsText(palette, 0.035);
-}
+QColor barColor(const QPalette& palette) { return towardsText(palette, 0.035); }
 
 QColor withOpacity(QColor color, double opacity) {
     color.setAlphaF(static_cast<float>(opacity));

@@ -50,9 +50,7 @@ ColumnSplitter::ColumnSplitter(QWidget* inputs, QWidget* settings, QWidget* prev
     add(previews, previewColumn);
 }
 
-QSplitterHandle* ColumnSplitter::createHandle() {
-    return new Handle(orientation(), this);
-}
+QSplitterHandle* ColumnSplitter::createHandle() { return new Handle(orientation(), this); }
 
 void ColumnSplitter::resizeEvent(QResizeEvent* event) {
     if (!m_hasIdealWidths) {

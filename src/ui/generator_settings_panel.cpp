@@ -9,9 +9,7 @@ namespace {
 constexpr ValueRange strengthRange{0.2, 10, 0.1, 1};
 
 /// One decimal, written alike in every locale.
-QString strengthLabel(double value) {
-    return QString::asprintf("%.1f", value);
-}
+QString strengthLabel(double value) { return QString::asprintf("%.1f", value); }
 
 }  // namespace
 

@@ -21,8 +21,8 @@ void ImageView::setImage(const QImage& image) {
     }
 }
 
-const QPixmap& ImageView::scaled() {
-    const QSize frame = size() * devicePixelRatioF();
+const QPixmap& ImageView::scaledFor(double scale) {
+    const QSize frame = size() * scale;
     if (m_scaled.size() != frame && !m_image.isNull()) {
         const QSize whole = m_image.size().scaled(frame, Qt::KeepAspectRatioByExpanding);
         const QRectF part((whole.width() - frame.width()) / 2.0, (whole.height() - frame.height()) / 2.0,
@@ -31,7 +31,7 @@ const QPixmap& ImageView::scaled() {
         const QRectF source(part.topLeft() * ratio, part.size() * ratio);
         m_scaled = QPixmap::fromImage(m_image.copy(source.toAlignedRect().intersected(m_image.rect()))
                                           .scaled(frame, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-        m_scaled.setDevicePixelRatio(devicePixelRatioF());
+        m_scaled.setDevicePixelRatio(scale);
     }
     return m_scaled;
 }
@@ -39,11 +39,12 @@ const QPixmap& ImageView::scaled() {
 void ImageView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (const QPixmap& picture = scaled(); !picture.isNull()) {
+    const double scale = deviceScale(painter);
+    if (const QPixmap& picture = scaledFor(scale); !picture.isNull()) {
         // A brush rather than a clip: its edge is smooth.
         painter.setPen(Qt::NoPen);
         QBrush brush(picture);
-        brush.setTransform(QTransform::fromScale(1 / devicePixelRatioF(), 1 / devicePixelRatioF()));
+        brush.setTransform(QTransform::fromScale(1 / scale, 1 / scale));
         painter.setBrush(brush);
         painter.drawRoundedRect(rect(), m_radius, m_radius);
     }

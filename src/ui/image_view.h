@@ -22,7 +22,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    const QPixmap& scaled();
+    /// The picture at the size of the frame, for `scale` device pixels per pixel.
+    const QPixmap& scaledFor(double scale);
 
     QImage m_image;
     QPixmap m_scaled;

@@ -47,9 +47,7 @@ LogView::LogView(QWidget* parent) : QTextEdit(parent) {
     applyStyle();
 }
 
-QStringList LogView::lines() const {
-    return m_lines;
-}
+QStringList LogView::lines() const { return m_lines; }
 
 void LogView::setLines(const QStringList& lines) {
     removeFirstLines(outdated(m_lines, lines));

@@ -1,8 +1,12 @@
 #include "name_field.h"
 
+#include "colors.h"
 #include "metrics.h"
+#include "painting.h"
 
+#include <QApplication>
 #include <QKeyEvent>
+#include <QPainter>
 
 namespace quarlin {
 
@@ -10,7 +14,13 @@ NameField::NameField(QWidget* parent) : QLineEdit(parent) {
     setPlaceholderText(QStringLiteral("Name"));
     setAccessibleName(QStringLiteral("Name"));
     setMinimumHeight(metrics::controlHeight);
-    setTextMargins(3, 0, 3, 0);
+    setTextMargins(6, 0, 6, 0);
+    // The field is painted here, with rounded corners; what the toolkit fills in behind the text must not
+    // show.
+    setFrame(false);
+    QPalette colors;
+    colors.setColor(QPalette::Base, Qt::transparent);
+    setPalette(colors);
 }
 
 void NameField::showName(const QString& name) {
@@ -34,6 +44,21 @@ bool NameField::event(QEvent* event) {
         }
     }
     return QLineEdit::event(event);
+}
+
+void NameField::paintEvent(QPaintEvent* event) {
+    {
+        QPainter painter(this);
+        const QColor secondary = secondaryColor(palette());
+        paintSurface(painter, rect(), metrics::controlRadius,
+                     QApplication::palette().color(QPalette::Active, QPalette::Base),
+                     withOpacity(secondary, 0.4));
+    }
+    QLineEdit::paintEvent(event);
+    if (hasFocus()) {
+        QPainter painter(this);
+        paintRing(painter, *this, rect(), metrics::controlRadius);
+    }
 }
 
 }  // namespace quarlin

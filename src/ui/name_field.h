@@ -16,6 +16,7 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 };
 
 }  // namespace quarlin

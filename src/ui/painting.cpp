@@ -21,16 +21,21 @@ void paintSurface(QPainter& painter, const QRectF& rectangle, double radius, con
     painter.restore();
 }
 
-void paintFocusRing(QPainter& painter, const QWidget& widget, const QRectF& rectangle, double radius) {
-    if (!widget.hasFocus() || !widget.window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
-        return;
-    }
+double deviceScale(const QPainter& painter) { return painter.deviceTransform().m11(); }
+
+void paintRing(QPainter& painter, const QWidget& widget, const QRectF& rectangle, double radius) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(withOpacity(accentColor(widget.palette()), 0.75), 2));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(rectangle.adjusted(1, 1, -1, -1), radius - 1, radius - 1);
     painter.restore();
+}
+
+void paintFocusRing(QPainter& painter, const QWidget& widget, const QRectF& rectangle, double radius) {
+    if (widget.hasFocus() && widget.window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
+        paintRing(painter, widget, rectangle, radius);
+    }
 }
 
 }  // namespace quarlin

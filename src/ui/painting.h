@@ -13,6 +13,12 @@ namespace quarlin {
 void paintSurface(QPainter& painter, const QRectF& rectangle, double radius, const QColor& fill,
                   const QColor& border);
 
+/// The number of device pixels per pixel that `painter` draws with.
+double deviceScale(const QPainter& painter);
+
+/// Draws a ring in the accent colour around the inner edge of `rectangle`.
+void paintRing(QPainter& painter, const QWidget& widget, const QRectF& rectangle, double radius);
+
 /// Marks `widget` as the one that keys go to, if it is and the keyboard is being used to move about.
 /// `rectangle` is the shape that the ring lies around the inner edge of.
 void paintFocusRing(QPainter& painter, const QWidget& widget, const QRectF& rectangle, double radius);

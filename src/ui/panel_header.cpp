@@ -18,8 +18,6 @@ PanelHeader::PanelHeader(const QString& title, QWidget* parent)
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
-void PanelHeader::addAtEnd(QWidget* widget, int stretch) {
-    m_row->addWidget(widget, stretch);
-}
+void PanelHeader::addAtEnd(QWidget* widget, int stretch) { m_row->addWidget(widget, stretch); }
 
 }  // namespace quarlin

@@ -39,17 +39,11 @@ void PreviewTile::setContent(const PreviewTileContent& content) {
     setAccessibleDescription(content.subtitle);
 }
 
-QString PreviewTile::title() const {
-    return m_title->text();
-}
+QString PreviewTile::title() const { return m_title->text(); }
 
-QString PreviewTile::subtitle() const {
-    return m_subtitle->text();
-}
+QString PreviewTile::subtitle() const { return m_subtitle->text(); }
 
-const QImage& PreviewTile::image() const {
-    return m_image->image();
-}
+const QImage& PreviewTile::image() const { return m_image->image(); }
 
 void PreviewTile::paintEvent(QPaintEvent*) {
     QPainter painter(this);

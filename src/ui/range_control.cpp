@@ -16,9 +16,7 @@ RangeControl::RangeControl(const ValueRange& range, std::function<QString(double
     setFocusPolicy(Qt::StrongFocus);
 }
 
-void RangeControl::setValue(double value) {
-    change(std::clamp(value, m_range.minimum, m_range.maximum));
-}
+void RangeControl::setValue(double value) { change(std::clamp(value, m_range.minimum, m_range.maximum)); }
 
 void RangeControl::edit(double value) {
     const double before = m_value;

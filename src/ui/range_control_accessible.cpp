@@ -47,8 +47,6 @@ QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
 }  // namespace
 
 // The factories are a list of the toolkit's own, which keeps each of them once.
-void installRangeControlAccessibility() {
-    QAccessible::installFactory(&makeAccessible);
-}
+void installRangeControlAccessibility() { QAccessible::installFactory(&makeAccessible); }
 
 }  // namespace quarlin

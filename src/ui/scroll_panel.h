@@ -6,7 +6,10 @@ class QVBoxLayout;
 
 namespace quarlin {
 
-/// A column of content that scrolls up and down, and is always as wide as the view of it.
+class OverlayScrollBar;
+
+/// A column of content that scrolls up and down, and is always as wide as the view of it. Its scroll bar lies
+/// over the margin at the end of the rows, so that they are as wide with it as without.
 class ScrollPanel : public QScrollArea {
     Q_OBJECT
 
@@ -19,8 +22,12 @@ public:
 
     QSize minimumSizeHint() const override;
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     QVBoxLayout* m_rows;
+    OverlayScrollBar* m_bar;
 };
 
 }  // namespace quarlin

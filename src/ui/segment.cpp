@@ -11,7 +11,7 @@ namespace quarlin {
 namespace {
 
 constexpr int sidePadding = 10;
-constexpr int leastSidePadding = 4;
+constexpr int leastSidePadding = 3;
 /// Between the chosen segment and the frame of the picker.
 constexpr int inset = 2;
 
@@ -53,10 +53,7 @@ void Segment::paintEvent(QPaintEvent*) {
     }
     painter.setPen(isChecked() ? onAccentColor(palette()) : primaryColor(palette()));
     painter.drawText(rect(), Qt::AlignCenter, text());
-    if (hasFocus()) {
-        // The chosen segment is filled with the accent colour, so the ring goes around it on the frame.
-        paintFocusRing(painter, *this, rect(), metrics::controlRadius);
-    }
+    paintFocusRing(painter, *this, rect(), metrics::controlRadius);
 }
 
 }  // namespace quarlin

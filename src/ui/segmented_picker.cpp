@@ -23,6 +23,10 @@ SegmentedPicker::SegmentedPicker(const QString& label, const QStringList& titles
     for (const QString& title : titles) {
         auto* segment = new Segment(title, this);
         segment->setAccessibleDescription(label);
+        // Tab stops at the chosen segment; the arrow keys go on from there.
+        connect(segment, &Segment::toggled, segment,
+                [segment](bool isChosen) { segment->setFocusPolicy(isChosen ? Qt::TabFocus : Qt::NoFocus); });
+        segment->setFocusPolicy(Qt::NoFocus);
         m_segments->addButton(segment, index++);
         row->addWidget(segment, segment->minimumSizeHint().width());
     }
@@ -30,9 +34,7 @@ SegmentedPicker::SegmentedPicker(const QString& label, const QStringList& titles
     connect(m_segments, &QButtonGroup::idClicked, this, &SegmentedPicker::chosen);
 }
 
-int SegmentedPicker::currentIndex() const {
-    return m_segments->checkedId();
-}
+int SegmentedPicker::currentIndex() const { return m_segments->checkedId(); }
 
 void SegmentedPicker::setCurrentIndex(int index) {
     if (QAbstractButton* segment = m_segments->button(index)) {

@@ -55,8 +55,6 @@ void SettingsPanel::addActions(GroupBox& group) {
     group.rows()->addLayout(row);
 }
 
-void SettingsPanel::closeColumn() {
-    rows()->addStretch();
-}
+void SettingsPanel::closeColumn() { rows()->addStretch(); }
 
 }  // namespace quarlin

@@ -54,12 +54,8 @@ void SliderRow::setValue(double value) {
     showValue();
 }
 
-QString SliderRow::valueLabel() const {
-    return m_valueLabel->text();
-}
+QString SliderRow::valueLabel() const { return m_valueLabel->text(); }
 
-void SliderRow::showValue() {
-    m_valueLabel->setText(m_format(m_slider->value()));
-}
+void SliderRow::showValue() { m_valueLabel->setText(m_format(m_slider->value())); }
 
 }  // namespace quarlin

@@ -33,12 +33,8 @@ void StepperRow::setValue(int value) {
     showValue();
 }
 
-QString StepperRow::valueLabel() const {
-    return m_valueLabel->text();
-}
+QString StepperRow::valueLabel() const { return m_valueLabel->text(); }
 
-void StepperRow::showValue() {
-    m_valueLabel->setText(m_stepper->valueText());
-}
+void StepperRow::showValue() { m_valueLabel->setText(m_stepper->valueText()); }
 
 }  // namespace quarlin

@@ -1,6 +1,7 @@
 #include "symbol.h"
 
 #include "colors.h"
+#include "painting.h"
 
 #include <QGuiApplication>
 #include <QIconEngine>
@@ -70,7 +71,7 @@ private:
 }  // namespace
 
 void paintSymbol(QPainter& painter, const QString& name, const QRectF& rectangle, const QColor& color) {
-    const double scale = painter.device()->devicePixelRatioF();
+    const double scale = deviceScale(painter);
     const int pixels = qRound(qMin(rectangle.width(), rectangle.height()) * scale);
     if (pixels <= 0) {
         return;
@@ -83,8 +84,6 @@ void paintSymbol(QPainter& painter, const QString& name, const QRectF& rectangle
     painter.drawPixmap(QRectF(corner, QSizeF(edge, edge)), pixmap, pixmap.rect());
 }
 
-QIcon symbolIcon(const QString& name) {
-    return QIcon(new SymbolIconEngine(name));
-}
+QIcon symbolIcon(const QString& name) { return QIcon(new SymbolIconEngine(name)); }
 
 }  // namespace quarlin

@@ -161,9 +161,7 @@ void TextureCard::dragMoveEvent(QDragMoveEvent* event) {
     event->setAccepted(m_isDropTarget);
 }
 
-void TextureCard::dragLeaveEvent(QDragLeaveEvent*) {
-    setDropTarget(false);
-}
+void TextureCard::dragLeaveEvent(QDragLeaveEvent*) { setDropTarget(false); }
 
 void TextureCard::dropEvent(QDropEvent* event) {
     setDropTarget(false);

@@ -1,0 +1,99 @@
+#include "cli_test.h"
+
+#include <QDir>
+
+#include <gmock/gmock.h>
+
+using namespace quarlin::tests;
+
+namespace {
+
+class BadOutput : public CliTest {
+protected:
+    const QString good = writeImage(QStringLiteral("good.png"), patternedImage(64, 64, 1));
+
+    QStringList material(const QString& folder) const {
+        return {QStringLiteral("material"), QStringLiteral("--base-color"), good,
+                QStringLiteral("--name"),   QStringLiteral("Brick"),        QStringLiteral("--size"),
+                QStringLiteral("base"),     QStringLiteral("--output"),     folder};
+    }
+    QStringList maps(const QString& folder) const {
+        return {QStringLiteral("maps"),   QStringLiteral("--source"), good,
+                QStringLiteral("--name"), QStringLiteral("Brick"),    QStringLiteral("--size"),
+                QStringLiteral("base"),   QStringLiteral("--output"), folder};
+    }
+
+    static void expectExportFailure(const Outcome& outcome, const std::string& description) {
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.output, "");
+        EXPECT_EQ(outcome.errors, "Export failed: " + description + "\n");
+    }
+};
+
+TEST_F(BadOutput, FileInThePlaceOfTheFolder) {
+    const QString file = writeFile(QStringLiteral("file"), "kept");
+    expectExportFailure(runCli(material(file)), "Could not create folder: Brick (Not a directory)");
+    expectExportFailure(runCli(maps(file)), "Could not create folder: Brick (Not a directory)");
+    EXPECT_EQ(bytesOf(file), "kept");
+}
+
+TEST_F(BadOutput, FileInThePlaceOfTheSet) {
+    const QString file = writeFile(QStringLiteral("Brick"), "kept");
+    const Outcome outcome = runCli(material(path({})));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.errors, testing::StartsWith("Export failed: Could not create folder: Brick ("));
+    EXPECT_EQ(bytesOf(file), "kept");
+}
+
+TEST_F(BadOutput, FolderInThePlaceOfAnImage) {
+    ASSERT_TRUE(QDir(path({})).mkpath(QStringLiteral("output/Brick/Brick_ORM.png/in the way")));
+    const Outcome outcome = runCli(material(output()));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_THAT(
+        outcome.errors,
+        testing::MatchesRegex("Export failed: Could not (create PNG image|write PNG): Brick_ORM.png\n"));
+    // What was written before it stays, and nothing half-written does.
+    EXPECT_EQ(contentsOf(output() + QStringLiteral("/Brick")).keys(),
+              QStringList{QStringLiteral("Brick_BaseColor.png")});
+}
+
+TEST_F(BadOutput, FolderInThePlaceOfTheNotes) {
+    ASSERT_TRUE(QDir(path({})).mkpath(QStringLiteral("output/Brick/Brick_maps_notes.txt/in the way")));
+    expectExportFailure(runCli(maps(output())), "Could not write file: Brick_maps_notes.txt");
+    EXPECT_EQ(contentsOf(output() + QStringLiteral("/Brick")).size(), 9);
+}
+
+TEST_F(BadOutput, FullDiskLeavesTheEarlierImage) {
+    ASSERT_EQ(runCli(material(output())).status, 0);
+    const FolderContents before = contentsOf(output() + QStringLiteral("/Brick"));
+    // A limit on the size of files stands in for the full disk: it stops the image, which is larger than
+    // that.
+    ASSERT_GT(before[QStringLiteral("Brick_BaseColor.png")].size(), 512);
+    writeImage(QStringLiteral("good.png"), patternedImage(64, 64, 2));
+    const Outcome outcome =
+        runCliThroughShell(QStringLiteral("trap '' XFSZ; ulimit -f 1; exec \"$@\""), material(output()));
+    expectExportFailure(outcome, "Could not write PNG: Brick_BaseColor.png");
+    expectSame(contentsOf(output() + QStringLiteral("/Brick")), before);
+}
+
+TEST_F(BadOutput, ClosedStandardOutputIsAFailure) {
+    const Outcome outcome = runCliThroughShell(QStringLiteral("exec \"$@\" >&-"), material(output()));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.errors, "quarlin-cli: Could not write to the standard output\n");
+    // The set itself is there, and the report has not found its way into one of the files.
+    const FolderContents contents = contentsOf(output() + QStringLiteral("/Brick"));
+    EXPECT_EQ(contents.size(), 4);
+    for (const QByteArray& file : contents) {
+        EXPECT_FALSE(file.contains("Export complete"));
+    }
+}
+
+TEST_F(BadOutput, FullStandardOutputIsAFailure) {
+    const Outcome outcome =
+        runCliThroughShell(QStringLiteral("exec \"$@\" >/dev/full"), {QStringLiteral("--version")});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.errors, "quarlin-cli: Could not write to the standard output\n");
+}
+
+}  // namespace

@@ -1,0 +1,38 @@
+#include "cli_run.h"
+
+#include <QProcess>
+
+namespace quarlin::tests {
+
+Outcome run(const QString& program, const QStringList& words, const QString& workingDirectory) {
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+    // A program that needs a display has to fail here, even where there is one.
+    environment.remove(QStringLiteral("DISPLAY"));
+    environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(workingDirectory);
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.start(program, words);
+    constexpr int patience = 240'000;
+    if (!process.waitForFinished(patience)) {
+        return {-1, {}, process.errorString().toStdString()};
+    }
+    const int status = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    return {status, process.readAllStandardOutput().toStdString(),
+            process.readAllStandardError().toStdString()};
+}
+
+QString cliPath() { return QStringLiteral(QUARLIN_CLI_PATH); }
+
+Outcome runCli(const QStringList& words, const QString& workingDirectory) {
+    return run(cliPath(), words, workingDirectory);
+}
+
+Outcome runCliThroughShell(const QString& command, const QStringList& words) {
+    return run(QStringLiteral("sh"),
+               QStringList{QStringLiteral("-c"), command, QStringLiteral("sh"), cliPath()} + words);
+}
+
+}  // namespace quarlin::tests

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "cli_run.h"
+
+#include <QByteArray>
+#include <QColor>
+#include <QImage>
+#include <QMap>
+#include <QString>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace quarlin::tests {
+
+/// Every file of a folder by its name.
+using FolderContents = QMap<QString, QByteArray>;
+
+/// The files of the folder at `path`; hidden ones too.
+FolderContents contentsOf(const QString& path);
+
+/// Expects the same files with the same bytes.
+void expectSame(const FolderContents& actual, const FolderContents& wanted);
+
+/// The files of the folder at `path`, which is removed.
+FolderContents takenFrom(const QString& path);
+
+/// The bytes of the file at `path`.
+QByteArray bytesOf(const QString& path);
+
+/// A small picture in which every pixel and channel differs from its neighbours; `seed` makes it another one.
+QImage patternedImage(int width, int height, int seed);
+
+/// A test with a folder of its own, which is removed afterwards.
+class CliTest : public testing::Test {
+protected:
+    /// The absolute path of `name` in the test's folder.
+    QString path(const QString& name) const { return m_folder.filePath(name); }
+    /// The folder that sets are exported into.
+    QString output() const { return path(QStringLiteral("output")); }
+
+    /// Writes a file into the test's folder and returns its path.
+    QString writeFile(const QString& name, const QByteArray& bytes) const;
+    QString writeImage(const QString& name, const QImage& image) const;
+    /// A picture of one grey all over.
+    QString writeGrey(const QString& name, int value) const;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+}  // namespace quarlin::tests

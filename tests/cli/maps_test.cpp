@@ -1,0 +1,142 @@
+#include "cli_test.h"
+#include "texture_processor.h"
+
+#include <QDir>
+
+#include <functional>
+
+using namespace quarlin;
+using namespace quarlin::tests;
+
+namespace {
+
+class MapsCommand : public CliTest {
+protected:
+    const QString source = writeImage(QStringLiteral("Old Wood.png"), patternedImage(24, 16, 1));
+
+    QStringList leastWords() const {
+        return {QStringLiteral("maps"),
+                QStringLiteral("--source"),
+                source,
+                QStringLiteral("--output"),
+                output(),
+                QStringLiteral("--size"),
+                QStringLiteral("base")};
+    }
+
+    static NormalGeneratorSettings leastSettings() {
+        NormalGeneratorSettings settings;
+        settings.materialName = QStringLiteral("Old Wood");
+        settings.outputResolution = OutputResolution::matchBase;
+        return settings;
+    }
+
+    /// What the engine itself exports.
+    FolderContents expected(const NormalGeneratorSettings& settings) const {
+        const TextureProcessor processor;
+        const QUrl parent = QUrl::fromLocalFile(path(QStringLiteral("expected")));
+        const TextureAsset asset = processor.loadAsset(QUrl::fromLocalFile(source));
+        const QString folder =
+            processor.exportGeneratedNormalSet(asset, settings, parent).folderURL.toLocalFile();
+        return takenFrom(folder);
+    }
+};
+
+TEST_F(MapsCommand, ReportsFolderAndFilesInWritingOrder) {
+    const Outcome outcome = runCli(leastWords());
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_EQ(outcome.output, "Export complete: " + output().toStdString() +
+                                  "/Old_Wood\n"
+                                  "Wrote Old_Wood_basecolor.png\n"
+                                  "Wrote Old_Wood_normal.png\n"
+                                  "Wrote Old_Wood_height.png\n"
+                                  "Wrote Old_Wood_roughness.png\n"
+                                  "Wrote Old_Wood_gloss.png\n"
+                                  "Wrote Old_Wood_metallic.png\n"
+                                  "Wrote Old_Wood_ao.png\n"
+                                  "Wrote Old_Wood_orm.png\n"
+                                  "Wrote Old_Wood.gltf\n"
+                                  "Wrote Old_Wood_maps_notes.txt\n");
+    EXPECT_EQ(contentsOf(output() + QStringLiteral("/Old_Wood")).size(), 10);
+}
+
+TEST_F(MapsCommand, WritesTwoMapsWhenAllElseIsOff) {
+    const Outcome outcome = runCli(
+        leastWords() + QStringLiteral("--no-height --no-roughness --no-gloss --no-metallic --no-ao --no-orm "
+                                      "--no-gltf --no-notes --json")
+                           .split(u' '));
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output,
+              "{\"folder\": \"" + output().toStdString() +
+                  "/Old_Wood\", \"files\": [\"Old_Wood_basecolor.png\", \"Old_Wood_normal.png\"]}\n");
+    EXPECT_EQ(contentsOf(output() + QStringLiteral("/Old_Wood")).keys(),
+              (QStringList{QStringLiteral("Old_Wood_basecolor.png"), QStringLiteral("Old_Wood_normal.png")}));
+}
+
+TEST_F(MapsCommand, MakesMapsOf2048PixelsUnlessTold) {
+    ASSERT_EQ(runCli({QStringLiteral("maps"), QStringLiteral("--source"), source, QStringLiteral("--output"),
+                      output()})
+                  .status,
+              0);
+    EXPECT_EQ(QImage(output() + QStringLiteral("/Old_Wood/Old_Wood_normal.png")).size(), QSize(2048, 2048));
+}
+
+/// An option, and what it is to do to the least settings.
+struct MapsOption {
+    const char* name;
+    const char* words;
+    std::function<void(NormalGeneratorSettings&)> change;
+};
+
+class MapsSetting : public MapsCommand, public testing::WithParamInterface<MapsOption> {};
+
+TEST_P(MapsSetting, GivesTheBytesOfTheEngine) {
+    NormalGeneratorSettings settings = leastSettings();
+    const FolderContents unchanged = expected(settings);
+    GetParam().change(settings);
+    const FolderContents wanted = expected(settings);
+    ASSERT_TRUE(wanted != unchanged);
+
+    const QStringList words = QString::fromUtf8(GetParam().words).split(u' ');
+    QStringList all = leastWords();
+    if (words.contains(QStringLiteral("--size"))) {
+        all.remove(all.indexOf(QStringLiteral("--size")), 2);
+    }
+    const Outcome outcome = runCli(all + words);
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    expectSame(contentsOf(output() + u'/' + settings.safeMaterialName()), wanted);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Options, MapsSetting,
+    testing::Values(
+        MapsOption{"Name", "--name Größe", [](auto& s) { s.materialName = QStringLiteral("Größe"); }},
+        MapsOption{"EmptyName", "--name=", [](auto& s) { s.materialName.clear(); }},
+        MapsOption{"Size", "--size 512", [](auto& s) { s.outputResolution = OutputResolution::px512; }},
+        MapsOption{"StrengthLowest", "--strength 0.2", [](auto& s) { s.strength = 0.2; }},
+        MapsOption{"StrengthHighest", "--strength 10", [](auto& s) { s.strength = 10; }},
+        MapsOption{"SmoothingNone", "--smoothing 0", [](auto& s) { s.smoothing = 0; }},
+        MapsOption{"SmoothingMost", "--smoothing 4", [](auto& s) { s.smoothing = 4; }},
+        MapsOption{"InvertHeight", "--invert-height", [](auto& s) { s.invertHeight = true; }},
+        MapsOption{"FlipGreen", "--flip-green", [](auto& s) { s.flipGreen = true; }},
+        MapsOption{"RoughnessMin", "--roughness-min 0.4", [](auto& s) { s.roughnessMin = 0.4; }},
+        MapsOption{"RoughnessMax", "--roughness-max 0.5", [](auto& s) { s.roughnessMax = 0.5; }},
+        MapsOption{"RoughnessSwapped", "--roughness-min 0.9 --roughness-max 0.1",
+                   [](auto& s) {
+                       s.roughnessMin = 0.9;
+                       s.roughnessMax = 0.1;
+                   }},
+        MapsOption{"MetallicStrength", "--metallic-strength 1", [](auto& s) { s.metallicStrength = 1; }},
+        MapsOption{"AoStrength", "--ao-strength 0", [](auto& s) { s.aoStrength = 0; }},
+        MapsOption{"NoHeight", "--no-height", [](auto& s) { s.exportHeight = false; }},
+        MapsOption{"NoRoughness", "--no-roughness", [](auto& s) { s.exportRoughness = false; }},
+        MapsOption{"NoGloss", "--no-gloss", [](auto& s) { s.exportGloss = false; }},
+        MapsOption{"NoMetallic", "--no-metallic", [](auto& s) { s.exportMetallic = false; }},
+        MapsOption{"NoAo", "--no-ao", [](auto& s) { s.exportAO = false; }},
+        MapsOption{"NoOrm", "--no-orm", [](auto& s) { s.exportORM = false; }},
+        MapsOption{"NoGltf", "--no-gltf", [](auto& s) { s.exportGLTF = false; }},
+        MapsOption{"NoNotes", "--no-notes", [](auto& s) { s.exportNotes = false; }}),
+    [](const auto& tested) { return std::string(tested.param.name); });
+
+}  // namespace

@@ -1,0 +1,258 @@
+#include "adaptive_grid.h"
+#include "button.h"
+#include "image_view.h"
+#include "overlay_scroll_bar.h"
+#include "scroll_panel.h"
+#include "segment.h"
+#include "segmented_picker.h"
+#include "slider.h"
+#include "slider_row.h"
+#include "stepper.h"
+#include "toggle.h"
+#include "view_fixture.h"
+
+#include <QAccessible>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QVBoxLayout>
+
+using namespace quarlin;
+using namespace quarlin::fixtures;
+
+namespace {
+
+class SliderTest : public testing::Test {
+protected:
+    ViewWindow window{SliderRow::percentage(QStringLiteral("AO")), QSize(400, 30)};
+    SliderRow& row = static_cast<SliderRow&>(window.view());
+    Slider& slider = *row.slider();
+    QSignalSpy edits{&row, &SliderRow::valueEdited};
+
+    QPoint at(double part) const { return {qRound(part * slider.width()), slider.height() / 2}; }
+};
+
+TEST_F(SliderTest, FollowsThePointerWithoutSteps) {
+    QTest::mousePress(&slider, Qt::LeftButton, {}, at(0.5));
+    QTest::mouseMove(&slider, at(0.5) + QPoint(37, 0));
+    const double first = slider.value();
+    QTest::mouseMove(&slider, at(0.5) + QPoint(38, 0));
+    EXPECT_GT(slider.value(), first);
+    EXPECT_LT(slider.value() - first, 0.01);
+    QTest::mouseRelease(&slider, Qt::LeftButton, {}, at(0.5));
+    const double released = slider.value();
+    QTest::mouseMove(&slider, at(0.1));
+    EXPECT_EQ(slider.value(), released);
+}
+
+TEST_F(SliderTest, CannotLeaveItsRange) {
+    QTest::mousePress(&slider, Qt::LeftButton, {}, at(0.5));
+    QTest::mouseMove(&slider, QPoint(5000, 5));
+    EXPECT_EQ(slider.value(), 1.0);
+    QTest::mouseMove(&slider, QPoint(-5000, 5));
+    EXPECT_EQ(slider.value(), 0.0);
+    QTest::mouseRelease(&slider, Qt::LeftButton);
+    press(slider, Qt::Key_Left);
+    EXPECT_EQ(slider.value(), 0.0);
+    press(slider, Qt::Key_End);
+    press(slider, Qt::Key_Up);
+    EXPECT_EQ(slider.value(), 1.0);
+}
+
+TEST_F(SliderTest, DoesNotJumpWhenItsKnobIsTakenAside) {
+    row.setValue(0.5);
+    QTest::mousePress(&slider, Qt::LeftButton, {}, QPoint(qRound(slider.knobCenter()) + 5, 10));
+    EXPECT_EQ(slider.value(), 0.5);
+    QTest::mouseRelease(&slider, Qt::LeftButton);
+}
+
+TEST_F(SliderTest, AlwaysShowsItsOwnValue) {
+    for (const double value : {0.0, 0.123, 0.655, 1.0}) {
+        row.setValue(value);
+        EXPECT_EQ(slider.value(), value);
+        EXPECT_EQ(row.valueLabel(), slider.valueText());
+    }
+    press(slider, Qt::Key_PageDown);
+    EXPECT_EQ(row.valueLabel(), QStringLiteral("90%"));
+}
+
+TEST_F(SliderTest, AnnouncesTheUsersEditsOnly) {
+    row.setValue(0.5);
+    EXPECT_EQ(edits.size(), 0);
+    press(slider, Qt::Key_Right);
+    EXPECT_EQ(edits.size(), 1);
+    row.setValue(1.0);
+    press(slider, Qt::Key_Right);
+    EXPECT_EQ(edits.size(), 1);
+}
+
+TEST_F(SliderTest, IsLeftAloneByTheOtherMouseButtonsAndTheWheel) {
+    QTest::mouseClick(&slider, Qt::RightButton, {}, at(0.9));
+    EXPECT_EQ(slider.value(), 0.0);
+    QWheelEvent wheel(at(0.5), at(0.5), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&slider, &wheel);
+    EXPECT_EQ(slider.value(), 0.0);
+}
+
+TEST_F(SliderTest, RunsTheOtherWayInRightToLeftLayouts) {
+    row.setLayoutDirection(Qt::RightToLeft);
+    row.setValue(0.0);
+    EXPECT_GT(slider.knobCenter(), slider.width() / 2.0);
+    press(slider, Qt::Key_Left);
+    EXPECT_GT(slider.value(), 0.0);
+}
+
+TEST_F(SliderTest, TellsAssistiveTechnologyItsNameRoleAndValue) {
+    row.setValue(0.25);
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&slider);
+    ASSERT_NE(accessible, nullptr);
+    EXPECT_EQ(accessible->role(), QAccessible::Slider);
+    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("AO"));
+    EXPECT_EQ(accessible->text(QAccessible::Value), QStringLiteral("25%"));
+    ASSERT_NE(accessible->valueInterface(), nullptr);
+    EXPECT_EQ(accessible->valueInterface()->maximumValue().toDouble(), 1.0);
+    accessible->valueInterface()->setCurrentValue(0.75);
+    EXPECT_EQ(slider.value(), 0.75);
+    EXPECT_EQ(edits.size(), 1);
+}
+
+TEST(Stepper, TellsAssistiveTechnologyItsRoleAndValue) {
+    Stepper stepper(0, 4);
+    stepper.setAccessibleName(QStringLiteral("Smoothing"));
+    stepper.setValue(2);
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&stepper);
+    ASSERT_NE(accessible, nullptr);
+    EXPECT_EQ(accessible->role(), QAccessible::SpinBox);
+    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Smoothing"));
+    EXPECT_EQ(accessible->text(QAccessible::Value), QStringLiteral("2"));
+}
+
+TEST(SegmentedPicker, HasOneChoiceAndTellsItsName) {
+    SegmentedPicker picker(QStringLiteral("Size"), {QStringLiteral("a"), QStringLiteral("b")});
+    QSignalSpy chosen(&picker, &SegmentedPicker::chosen);
+    picker.setCurrentIndex(1);
+    EXPECT_EQ(picker.currentIndex(), 1);
+    EXPECT_EQ(chosen.size(), 0);
+    const auto segments = picker.findChildren<Segment*>();
+    EXPECT_FALSE(segments[0]->isChecked());
+    click(*segments[0]);
+    EXPECT_EQ(chosen.size(), 1);
+    EXPECT_EQ(picker.currentIndex(), 0);
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(segments[0]);
+    EXPECT_EQ(accessible->role(), QAccessible::RadioButton);
+    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("a"));
+    EXPECT_TRUE(accessible->state().checked);
+    EXPECT_EQ(picker.accessibleName(), QStringLiteral("Size"));
+}
+
+TEST(Toggle, TakesAClickAnywhereOnItsTitle) {
+    Toggle toggle(QStringLiteral("Write notes"));
+    toggle.resize(toggle.sizeHint());
+    click(toggle, QPoint(toggle.width() - 4, 4));
+    EXPECT_TRUE(toggle.isChecked());
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&toggle);
+    EXPECT_EQ(accessible->role(), QAccessible::CheckBox);
+    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Write notes"));
+}
+
+TEST(Button, OfOnlyASymbolIsNamedByItsTooltip) {
+    const std::unique_ptr<Button> button(
+        Button::symbolOnly(QStringLiteral("trash"), QStringLiteral("Reset Inputs")));
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(button.get());
+    EXPECT_EQ(accessible->role(), QAccessible::Button);
+    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Reset Inputs"));
+}
+
+class ScrollPanelTest : public testing::Test {
+protected:
+    ViewWindow window{new ScrollPanel(0, {}), QSize(200, 100)};
+    ScrollPanel& panel = static_cast<ScrollPanel&>(window.view());
+    OverlayScrollBar& bar = *panel.findChild<OverlayScrollBar*>();
+
+    void setContentHeight(int height) {
+        auto* content = new QWidget;
+        content->setFixedHeight(height);
+        panel.rows()->addWidget(content);
+        settle();
+    }
+};
+
+TEST_F(ScrollPanelTest, ShowsItsBarOnlyWhenThereIsSomethingToScroll) {
+    setContentHeight(50);
+    EXPECT_FALSE(bar.isVisible());
+    setContentHeight(200);
+    EXPECT_TRUE(bar.isVisible());
+    EXPECT_EQ(panel.viewport()->width(), 200);
+}
+
+TEST_F(ScrollPanelTest, ScrollsWithItsBar) {
+    setContentHeight(400);
+    const QPoint grip = bar.handle().center().toPoint();
+    QTest::mousePress(&bar, Qt::LeftButton, {}, grip);
+    QTest::mouseMove(&bar, grip + QPoint(0, 500));
+    QTest::mouseRelease(&bar, Qt::LeftButton, {}, grip);
+    EXPECT_EQ(panel.verticalScrollBar()->value(), 300);
+    click(bar, QPoint(6, 3));
+    EXPECT_EQ(panel.verticalScrollBar()->value(), 200);
+    panel.verticalScrollBar()->setValue(0);
+    EXPECT_EQ(bar.value(), 0);
+    click(bar, QPoint(6, 97));
+    EXPECT_EQ(panel.verticalScrollBar()->value(), 100);
+}
+
+TEST(AdaptiveGrid, FitsAsManyColumnsAsTheWidthHolds) {
+    AdaptiveGrid grid(140, 12);
+    EXPECT_EQ(grid.columnCount(0), 1);
+    EXPECT_EQ(grid.columnCount(291), 1);
+    EXPECT_EQ(grid.columnCount(292), 2);
+    EXPECT_EQ(grid.columnCount(443), 2);
+    EXPECT_EQ(grid.columnCount(444), 3);
+}
+
+TEST(AdaptiveGrid, SpreadsItsColumnsOverTheWholeWidth) {
+    QWidget owner;
+    auto* grid = new AdaptiveGrid(140, 12, &owner);
+    for (int index = 0; index < 5; ++index) {
+        auto* item = new QWidget;
+        item->setMinimumHeight(20);
+        grid->addWidget(item);
+    }
+    grid->setGeometry(QRect(0, 0, 300, 200));
+    EXPECT_EQ(grid->itemAt(0)->geometry().left(), 0);
+    EXPECT_EQ(grid->itemAt(1)->geometry().right(), 299);
+    EXPECT_EQ(grid->itemAt(1)->geometry().left() - grid->itemAt(0)->geometry().right() - 1, 12);
+    EXPECT_EQ(grid->itemAt(2)->geometry().top(), 20 + 12);
+    EXPECT_EQ(grid->heightForWidth(300), 3 * 20 + 2 * 12);
+    EXPECT_EQ(grid->itemAt(5), nullptr);
+}
+
+TEST(ImageView, FillsItsFrameAndCutsOffWhatStandsOver) {
+    // Red on the left, green in the middle, blue on the right: the frame is square, so only green is left.
+    QImage wide(90, 30, QImage::Format_RGB32);
+    wide.fill(Qt::green);
+    for (int y = 0; y < 30; ++y) {
+        for (int x = 0; x < 30; ++x) {
+            wide.setPixelColor(x, y, Qt::red);
+            wide.setPixelColor(60 + x, y, Qt::blue);
+        }
+    }
+    ImageView view(0, false);
+    view.setFixedSize(54, 54);
+    view.setImage(wide);
+    const QImage shown = view.grab().toImage();
+    EXPECT_EQ(shown.pixelColor(2, 27), QColor(Qt::green));
+    EXPECT_EQ(shown.pixelColor(51, 2), QColor(Qt::green));
+    EXPECT_EQ(shown.pixelColor(27, 51), QColor(Qt::green));
+}
+
+TEST(ImageView, RoundsItsCorners) {
+    QImage image(54, 54, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    ImageView view(6, false);
+    view.setFixedSize(54, 54);
+    view.setImage(image);
+    const QImage shown = view.grab().toImage();
+    EXPECT_NE(shown.pixelColor(0, 0), QColor(Qt::red));
+    EXPECT_EQ(shown.pixelColor(27, 0), QColor(Qt::red));
+}
+
+}  // namespace
