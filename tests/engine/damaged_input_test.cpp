@@ -178,6 +178,20 @@ TEST_F(DamagedInput, ARefusedFileLeavesNoTraceInTheNextOne) {
     }
 }
 
+TEST_F(DamagedInput, IsRefusedEveryTime) {
+    // A decoder that works ahead on another thread may lose an error now and then.
+    const Picture picture = noisePicture(8, 8, 14);
+    writePng(file, picture);
+    const QUrl tiff = folder.url(QStringLiteral("a.tif"));
+    writeTiff(tiff, {tiffPage(picture, 3)});
+    for (const QByteArray& whole :
+         {readFile(file), colourJpeg(picture), readFile(tiff), encoded(Encoder::gif, picture)}) {
+        for (int count = 0; count < 200; ++count) {
+            ASSERT_TRUE(isRefused(whole.first(whole.size() / 2))) << "time " << count;
+        }
+    }
+}
+
 TEST_F(DamagedInput, BytesAfterAJpegDoNoHarm) {
     // Cameras append previews and tables behind the image.
     const QByteArray jpeg = colourJpeg(smoothPicture(40, 30));
