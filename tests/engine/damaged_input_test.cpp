@@ -43,7 +43,7 @@ protected:
         }
     }
 
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     const TemporaryFolder folder;
     const QUrl file = folder.url(QStringLiteral("a.png"));
 };
