@@ -76,9 +76,7 @@ ContentView::ContentView(MaterialStore& materialStore, NormalGeneratorStore& nor
     showTool();
 }
 
-StudioTool ContentView::selectedTool() const {
-    return static_cast<StudioTool>(m_tabs->currentIndex());
-}
+StudioTool ContentView::selectedTool() const { return static_cast<StudioTool>(m_tabs->currentIndex()); }
 
 void ContentView::addTool(StudioTool tool, QWidget* workspace, const QList<Button*>& buttons) {
     m_tabs->addTool(workspace, title(tool), systemImage(tool));

@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QTextEdit>
 
 namespace quarlin {
@@ -53,7 +52,7 @@ bool EditMenu::canPerform(Operation operation) {
             case Operation::copy:
                 return field->hasSelectedText();
             case Operation::paste:
-                return QApplication::clipboard()->mimeData()->hasText();
+                return !QApplication::clipboard()->text().isEmpty();
             case Operation::selectAll:
                 return !field->text().isEmpty();
         }

@@ -5,7 +5,6 @@
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quarlin"));
-    QApplication::setApplicationDisplayName(QStringLiteral("VOREK TECH Quarlin"));
     QApplication::setApplicationVersion(QStringLiteral(QUARLIN_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("quarlin"));
     // What the window does not paint itself looks alike on every desktop, in the desktop's colours and font.

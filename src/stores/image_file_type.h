@@ -25,8 +25,6 @@ struct EnumerationTable<ImageFileType> {
 };
 
 /// The file name extensions of `type`, separated by spaces.
-inline QString extensions(ImageFileType type) {
-    return tableRow(type).extensions;
-}
+inline QString extensions(ImageFileType type) { return tableRow(type).extensions; }
 
 }  // namespace quarlin

@@ -9,9 +9,7 @@ MaterialStore::MaterialStore(Chooser& chooser, Clock clock)
                 QStringLiteral("Load Base Color first, then add Normal, AO, Roughness/Gloss and Metallic as "
                                "needed.")) {}
 
-void MaterialStore::setSettings(const ConversionSettings& settings) {
-    publish(m_settings, settings);
-}
+void MaterialStore::setSettings(const ConversionSettings& settings) { publish(m_settings, settings); }
 
 void MaterialStore::chooseTexture(TextureSlotKind slot) {
     chooseImage(QStringLiteral("Choose ") + title(slot) + QStringLiteral(" Texture"),

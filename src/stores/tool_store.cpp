@@ -13,9 +13,7 @@ namespace quarlin {
 
 namespace {
 
-QString fileSystemPath(const QUrl& folder) {
-    return folder.adjusted(QUrl::StripTrailingSlash).toLocalFile();
-}
+QString fileSystemPath(const QUrl& folder) { return folder.adjusted(QUrl::StripTrailingSlash).toLocalFile(); }
 
 }  // namespace
 

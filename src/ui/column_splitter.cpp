@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QSplitterHandle>
 
+#include <numeric>
+
 namespace quarlin {
 
 namespace {
@@ -13,13 +15,13 @@ struct Column {
     int minimumWidth;
     int idealWidth;
     int maximumWidth;
-    /// Share of the room that is left.
-    int stretch;
+    /// Share of the room beyond the ideal widths, in quarters.
+    int share;
 };
 
 constexpr Column inputColumn{290, 320, 380, 0};
 constexpr Column settingsColumn{360, 440, QWIDGETSIZE_MAX, 1};
-constexpr Column previewColumn{320, 380, QWIDGETSIZE_MAX, 2};
+constexpr Column previewColumn{320, 380, QWIDGETSIZE_MAX, 3};
 
 /// A line, one pixel thick; the toolkit lets it be grabbed a few pixels beside it.
 class Handle : public QSplitterHandle {
@@ -43,7 +45,6 @@ ColumnSplitter::ColumnSplitter(QWidget* inputs, QWidget* settings, QWidget* prev
         widget->setMinimumWidth(qMax(column.minimumWidth, widget->minimumSizeHint().width()));
         widget->setMaximumWidth(column.maximumWidth);
         addWidget(widget);
-        setStretchFactor(count() - 1, column.stretch);
     };
     add(inputs, inputColumn);
     add(settings, settingsColumn);
@@ -53,15 +54,16 @@ ColumnSplitter::ColumnSplitter(QWidget* inputs, QWidget* settings, QWidget* prev
 QSplitterHandle* ColumnSplitter::createHandle() { return new Handle(orientation(), this); }
 
 void ColumnSplitter::resizeEvent(QResizeEvent* event) {
-    if (!m_hasIdealWidths) {
-        m_hasIdealWidths = true;
-        const int spare = qMax(0, width() - 2 * handleWidth() - inputColumn.idealWidth -
-                                      settingsColumn.idealWidth - previewColumn.idealWidth);
-        const int forSettings =
-            spare * settingsColumn.stretch / (settingsColumn.stretch + previewColumn.stretch);
-        setSizes({inputColumn.idealWidth, settingsColumn.idealWidth + forSettings,
-                  previewColumn.idealWidth + spare - forSettings});
-    }
+    const QList<int> before =
+        m_hasWidths ? sizes()
+                    : QList<int>{inputColumn.idealWidth, settingsColumn.idealWidth, previewColumn.idealWidth};
+    m_hasWidths = true;
+    const int room = width() - 2 * handleWidth();
+    const int spare = room - std::accumulate(before.begin(), before.end(), 0);
+    const int settings =
+        qMax(widget(1)->minimumWidth(),
+             before[1] + spare * settingsColumn.share / (settingsColumn.share + previewColumn.share));
+    setSizes({before[0], settings, room - before[0] - settings});
     QSplitter::resizeEvent(event);
 }
 

@@ -4,7 +4,8 @@
 
 namespace quarlin {
 
-/// The three resizable columns of a tool: inputs, settings and previews.
+/// The three resizable columns of a tool: inputs, settings and previews. They start at their ideal widths;
+/// when the window grows, most of the room goes to the previews.
 class ColumnSplitter : public QSplitter {
     Q_OBJECT
 
@@ -16,7 +17,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    bool m_hasIdealWidths = false;
+    bool m_hasWidths = false;
 };
 
 }  // namespace quarlin

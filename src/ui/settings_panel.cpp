@@ -44,11 +44,11 @@ void SettingsPanel::addLabelled(GroupBox& group, const QString& label, QWidget* 
 void SettingsPanel::addActions(GroupBox& group) {
     auto* row = new QHBoxLayout;
     row->setSpacing(buttonSpacing);
-    m_preview = new Button(ButtonStyle::bordered, QStringLiteral("eye"), QStringLiteral("Preview"));
+    m_preview = new Button(ButtonStyle::bordered, QStringLiteral("eye"), QStringLiteral("Pre&view"));
     m_preview->setObjectName(QStringLiteral("preview"));
     row->addWidget(m_preview);
     m_export =
-        new Button(ButtonStyle::prominent, QStringLiteral("square.and.arrow.up"), QStringLiteral("Export"));
+        new Button(ButtonStyle::prominent, QStringLiteral("square.and.arrow.up"), QStringLiteral("E&xport"));
     m_export->setObjectName(QStringLiteral("export"));
     row->addWidget(m_export);
     row->addStretch();

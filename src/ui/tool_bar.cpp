@@ -4,9 +4,7 @@
 #include "metrics.h"
 
 #include <QAction>
-#include <QLayout>
-
-#include <utility>
+#include <QHBoxLayout>
 
 namespace quarlin {
 
@@ -20,23 +18,25 @@ ToolBar::ToolBar(QWidget* parent) : QToolBar(parent) {
     setMovable(false);
     setContextMenuPolicy(Qt::PreventContextMenu);
     setAccessibleName(QStringLiteral("Toolbar"));
-    layout()->setContentsMargins(0, 0, metrics::standardPadding - buttonSpacing, 0);
-    layout()->setSpacing(buttonSpacing);
+    layout()->setContentsMargins(0, 0, metrics::standardPadding / 2, 0);
 }
 
 void ToolBar::addGroup(const QList<Button*>& buttons) {
-    QList<QAction*> group;
+    // The toolbar shows and enables what it holds by actions of its own. It holds the group rather than the
+    // buttons, so that these stay as enabled as they are.
+    auto* group = new QWidget;
+    auto* row = new QHBoxLayout(group);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(buttonSpacing);
     for (Button* button : buttons) {
-        group.append(addWidget(button));
+        row->addWidget(button);
     }
-    m_groups.append(group);
+    m_groups.append(addWidget(group));
 }
 
 void ToolBar::showGroup(qsizetype index) {
     for (qsizetype group = 0; group < m_groups.size(); ++group) {
-        for (QAction* button : std::as_const(m_groups[group])) {
-            button->setVisible(group == index);
-        }
+        m_groups[group]->setVisible(group == index);
     }
 }
 

@@ -25,8 +25,8 @@ protected:
     void paintEvent(QPaintEvent*) override {}
 
 private:
-    /// What shows and hides the buttons, per group.
-    QList<QList<QAction*>> m_groups;
+    /// What shows and hides each group.
+    QList<QAction*> m_groups;
 };
 
 }  // namespace quarlin

@@ -28,9 +28,7 @@ TEST(DroppedFile, IsNothingThatIsNoFile) {
     EXPECT_EQ(firstOf({web}), std::nullopt);
 }
 
-TEST(DroppedFile, PassesOverWhatIsNoFile) {
-    EXPECT_EQ(firstOf({web, one, two}), one);
-}
+TEST(DroppedFile, PassesOverWhatIsNoFile) { EXPECT_EQ(firstOf({web, one, two}), one); }
 
 TEST(DroppedFile, IsNotFoundInText) {
     QMimeData data;

@@ -186,7 +186,7 @@ TEST_F(MaterialSettingsPanelTest, BuildsThePreviewAndExports) {
 
 TEST_F(MaterialSettingsPanelTest, HasOneProminentButton) {
     EXPECT_EQ(exportButton().buttonStyle(), ButtonStyle::prominent);
-    EXPECT_EQ(exportButton().text(), QStringLiteral("Export"));
+    EXPECT_EQ(exportButton().text(), QStringLiteral("E&xport"));
     EXPECT_EQ(exportButton().symbol(), QStringLiteral("square.and.arrow.up"));
     EXPECT_EQ(previewButton().buttonStyle(), ButtonStyle::bordered);
     EXPECT_EQ(previewButton().symbol(), QStringLiteral("eye"));
@@ -221,7 +221,7 @@ TEST_F(MaterialSettingsPanelTest, ReachesEveryControlInReadingOrder) {
                                     QStringLiteral("Flip normal green channel"), QStringLiteral("AO"),
                                     QStringLiteral("Roughness"), QStringLiteral("Metallic"),
                                     QStringLiteral("Write .gltf material"), QStringLiteral("Write notes"),
-                                    QStringLiteral("Preview"), QStringLiteral("Export")}));
+                                    QStringLiteral("Pre&view"), QStringLiteral("E&xport")}));
 }
 
 }  // namespace

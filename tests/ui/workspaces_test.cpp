@@ -53,6 +53,15 @@ TYPED_TEST(Workspace, NeverMakesTheFirstColumnWiderThanItsMaximum) {
     EXPECT_EQ(this->splitter.sizes()[0], 380);
 }
 
+TYPED_TEST(Workspace, GivesMostOfTheRoomToThePreviews) {
+    this->splitter.resize(1142 + 400, 640);
+    settle();
+    EXPECT_EQ(this->splitter.sizes(), QList<int>({320, 540, 680}));
+    this->splitter.resize(1142, 640);
+    settle();
+    EXPECT_EQ(this->splitter.sizes(), QList<int>({320, 440, 380}));
+}
+
 TYPED_TEST(Workspace, LetsTheColumnsBeDragged) {
     QWidget* handle = this->splitter.handle(1);
     const int before = this->splitter.sizes()[0];

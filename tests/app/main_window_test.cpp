@@ -1,0 +1,296 @@
+#include "name_field.h"
+#include "texture_card.h"
+#include "toggle.h"
+#include "window_fixture.h"
+
+#include <QAccessible>
+#include <QMessageBox>
+#include <QTextEdit>
+
+using namespace quarlin;
+using namespace quarlin::fixtures;
+
+namespace {
+
+class MainWindowTest : public WindowFixture {
+protected:
+    QAction& exportEntry = materialEntry(QStringLiteral("Export PBR Set..."));
+    QAction& buildEntry = materialEntry(QStringLiteral("Build Preview"));
+    QAction& resetEntry = materialEntry(QStringLiteral("Reset Inputs"));
+
+    QList<bool> enabledEntries() const {
+        return {exportEntry.isEnabled(), buildEntry.isEnabled(), resetEntry.isEnabled()};
+    }
+    QList<bool> enabledButtons() const {
+        QList<bool> enabled;
+        for (const Button* button : toolBarButtons()) {
+            enabled << button->isEnabled();
+        }
+        return enabled;
+    }
+    QString headerTitle() const { return child<TextLabel>(window, QStringLiteral("toolTitle")).text(); }
+};
+
+TEST_F(MainWindowTest, IsTitledAndNeverTooSmall) {
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("VOREK TECH Quarlin"));
+    window.resize(10, 10);
+    settle();
+    EXPECT_EQ(window.size(), QSize(1120, 720));
+    EXPECT_LE(window.minimumSizeHint().width(), 1120);
+    EXPECT_LE(window.minimumSizeHint().height(), 720);
+}
+
+TEST_F(MainWindowTest, ShowsThePbrToolFirst) {
+    EXPECT_EQ(window.content()->selectedTool(), StudioTool::pbr);
+    EXPECT_EQ(headerTitle(), QStringLiteral("PBR Material"));
+    EXPECT_TRUE(shows(window, QStringLiteral("VOREK TECH")));
+    EXPECT_TRUE(shows(window, QStringLiteral("Textures")));
+    EXPECT_FALSE(shows(window, QStringLiteral("Map Source")));
+    ASSERT_EQ(tabs.count(), 2);
+    EXPECT_EQ(tabs.tabText(0), QStringLiteral("PBR Material"));
+    EXPECT_EQ(tabs.tabText(1), QStringLiteral("Map Generator"));
+}
+
+TEST_F(MainWindowTest, ListsTheMaterialMenuWithItsShortcuts) {
+    const QList<QAction*> entries = exportEntry.associatedObjects().isEmpty()
+                                        ? QList<QAction*>()
+                                        : qobject_cast<QMenu*>(exportEntry.associatedObjects()[0])->actions();
+    ASSERT_EQ(entries.size(), 4);
+    EXPECT_EQ(entries[0], &exportEntry);
+    EXPECT_EQ(entries[1], &buildEntry);
+    EXPECT_TRUE(entries[2]->isSeparator());
+    EXPECT_EQ(entries[3], &resetEntry);
+    EXPECT_EQ(exportEntry.shortcut(), QKeySequence(Qt::CTRL | Qt::Key_E));
+    EXPECT_EQ(buildEntry.shortcut(), QKeySequence(Qt::CTRL | Qt::Key_R));
+    EXPECT_EQ(resetEntry.shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Backspace));
+}
+
+TEST_F(MainWindowTest, EnablesTheMaterialMenuWithTheTextures) {
+    EXPECT_EQ(enabledEntries(), QList<bool>({false, false, false}));
+    load(TextureSlotKind::normal);
+    EXPECT_EQ(enabledEntries(), QList<bool>({false, true, true}));
+    load(TextureSlotKind::baseColor);
+    EXPECT_EQ(enabledEntries(), QList<bool>({true, true, true}));
+    materials.removeTexture(TextureSlotKind::baseColor);
+    settle();
+    EXPECT_EQ(enabledEntries(), QList<bool>({false, true, true}));
+    materials.reset();
+    settle();
+    EXPECT_EQ(enabledEntries(), QList<bool>({false, false, false}));
+}
+
+TEST_F(MainWindowTest, ActsOnTheMaterialWhicheverToolShows) {
+    load(TextureSlotKind::baseColor);
+    loadSource();
+    showTool(StudioTool::normalGenerator);
+    const QStringList mapsLog = maps.logLines();
+    const qsizetype lines = materials.logLines().size();
+    press(window, Qt::Key_R, Qt::ControlModifier);
+    EXPECT_EQ(materials.logLines().size(), lines + 1);
+    press(window, Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(chooser.folderQuestions.size(), 1U);
+    press(window, Qt::Key_Backspace, Qt::ControlModifier);
+    EXPECT_EQ(materials.logLines(), QStringList{QStringLiteral("Inputs cleared.")});
+    EXPECT_TRUE(maps.canExport());
+    EXPECT_EQ(maps.logLines(), mapsLog);
+}
+
+TEST_F(MainWindowTest, ChangesTheToolbarWithTheTool) {
+    const auto toolTips = [&] {
+        QStringList tips;
+        for (const Button* button : toolBarButtons()) {
+            tips << button->text() << button->symbol() << button->toolTip();
+        }
+        return tips;
+    };
+    const QString build = QStringLiteral("Build Preview");
+    const QString buildSymbol = QStringLiteral("arrow.triangle.2.circlepath");
+    const QString exportText = QStringLiteral("Export");
+    const QString exportSymbol = QStringLiteral("square.and.arrow.up");
+    EXPECT_EQ(toolTips(), QStringList({build, buildSymbol, QStringLiteral("Build PBR Preview"), exportText,
+                                       exportSymbol, QStringLiteral("Export PBR Set")}));
+    showTool(StudioTool::normalGenerator);
+    EXPECT_EQ(toolTips(),
+              QStringList({build, buildSymbol, QStringLiteral("Build Generated Map Preview"), exportText,
+                           exportSymbol, QStringLiteral("Export Generated Map Set")}));
+    EXPECT_EQ(headerTitle(), QStringLiteral("Map Generator"));
+    EXPECT_EQ(window.content()->selectedTool(), StudioTool::normalGenerator);
+}
+
+TEST_F(MainWindowTest, EnablesTheToolbarOfEachToolByItsOwnRule) {
+    EXPECT_EQ(enabledButtons(), QList<bool>({false, false}));
+    load(TextureSlotKind::occlusion);
+    EXPECT_EQ(enabledButtons(), QList<bool>({true, false}));
+    load(TextureSlotKind::baseColor);
+    EXPECT_EQ(enabledButtons(), QList<bool>({true, true}));
+    showTool(StudioTool::normalGenerator);
+    EXPECT_EQ(enabledButtons(), QList<bool>({false, false}));
+    loadSource();
+    EXPECT_EQ(enabledButtons(), QList<bool>({true, true}));
+}
+
+TEST_F(MainWindowTest, RunsTheToolbarsActionsOnTheShownTool) {
+    load(TextureSlotKind::baseColor);
+    loadSource();
+    qsizetype lines = materials.logLines().size();
+    click(*toolBarButtons()[0]);
+    EXPECT_EQ(materials.logLines().size(), lines + 1);
+    click(*toolBarButtons()[1]);
+    EXPECT_EQ(chooser.folderQuestions.size(), 1U);
+    showTool(StudioTool::normalGenerator);
+    lines = maps.logLines().size();
+    click(*toolBarButtons()[0]);
+    EXPECT_EQ(maps.logLines().size(), lines + 1);
+    click(*toolBarButtons()[1]);
+    EXPECT_EQ(chooser.folderQuestions.size(), 2U);
+}
+
+TEST_F(MainWindowTest, KeepsEverythingWhileToolsAreSwitched) {
+    load(TextureSlotKind::baseColor, QStringLiteral("Brick.png"));
+    loadSource(QStringLiteral("Stone.png"));
+    click(withText<Toggle>(page(), QStringLiteral("Write notes")));
+    showTool(StudioTool::normalGenerator);
+    click(withText<Toggle>(page(), QStringLiteral("Invert height")));
+    showTool(StudioTool::pbr);
+    EXPECT_FALSE(materials.settings().exportNotes);
+    EXPECT_FALSE(withText<Toggle>(page(), QStringLiteral("Write notes")).isChecked());
+    EXPECT_TRUE(shows(page(), QStringLiteral("Brick.png")));
+    showTool(StudioTool::normalGenerator);
+    EXPECT_TRUE(withText<Toggle>(page(), QStringLiteral("Invert height")).isChecked());
+    EXPECT_TRUE(shows(page(), QStringLiteral("Stone.png")));
+    EXPECT_EQ(materials.settings().materialName, QStringLiteral("Brick"));
+    EXPECT_EQ(maps.settings().materialName, QStringLiteral("Stone"));
+}
+
+TEST_F(MainWindowTest, SwitchesToolsWithTheArrowKeys) {
+    tabs.setFocus(Qt::TabFocusReason);
+    press(tabs, Qt::Key_Right);
+    EXPECT_EQ(window.content()->selectedTool(), StudioTool::normalGenerator);
+    press(tabs, Qt::Key_Left);
+    EXPECT_EQ(window.content()->selectedTool(), StudioTool::pbr);
+}
+
+TEST_F(MainWindowTest, DeletesAWordInTheNameRatherThanResetting) {
+    load(TextureSlotKind::baseColor);
+    auto& name = *page().findChild<NameField*>();
+    name.setFocus();
+    name.selectAll();
+    QTest::keyClicks(&name, QStringLiteral("Red Brick"));
+    press(name, Qt::Key_Backspace, Qt::ControlModifier);
+    EXPECT_EQ(name.text(), QStringLiteral("Red "));
+    press(name, Qt::Key_Backspace, Qt::ControlModifier);
+    press(name, Qt::Key_Backspace, Qt::ControlModifier);
+    EXPECT_EQ(name.text(), QString());
+    EXPECT_TRUE(materials.hasAnyTexture());
+}
+
+TEST_F(MainWindowTest, ExportsByItsShortcutFromTheNameToo) {
+    load(TextureSlotKind::baseColor);
+    auto& name = *page().findChild<NameField*>();
+    name.setFocus();
+    press(name, Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(chooser.folderQuestions.size(), 1U);
+}
+
+TEST_F(MainWindowTest, ResetsByItsShortcutOutsideOfText) {
+    load(TextureSlotKind::baseColor);
+    withText<Toggle>(page(), QStringLiteral("Write notes")).setFocus(Qt::TabFocusReason);
+    press(*QApplication::focusWidget(), Qt::Key_Backspace, Qt::ControlModifier);
+    EXPECT_FALSE(materials.hasAnyTexture());
+}
+
+TEST_F(MainWindowTest, IgnoresShortcutsOfDisabledEntries) {
+    const QStringList before = materials.logLines();
+    press(window, Qt::Key_E, Qt::ControlModifier);
+    press(window, Qt::Key_R, Qt::ControlModifier);
+    press(window, Qt::Key_Backspace, Qt::ControlModifier);
+    EXPECT_EQ(materials.logLines(), before);
+}
+
+TEST_F(MainWindowTest, TellsOfItselfInItsAboutBox) {
+    entry(QStringLiteral("Help"), QStringLiteral("About Quarlin")).trigger();
+    settle();
+    auto* box = window.findChild<QMessageBox*>();
+    ASSERT_NE(box, nullptr);
+    EXPECT_TRUE(box->isVisible());
+    EXPECT_TRUE(box->text().contains(QStringLiteral("VOREK TECH Quarlin")));
+    box->close();
+    settle();
+}
+
+TEST_F(MainWindowTest, ClosesOnQuit) {
+    entry(QStringLiteral("File"), QStringLiteral("Quit")).trigger();
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(MainWindowTest, NamesEveryControlThatTakesTheKeyboard) {
+    load(TextureSlotKind::baseColor);
+    loadSource();
+    for (const StudioTool tool : allCases<StudioTool>()) {
+        showTool(tool);
+        for (QWidget* widget : window.findChildren<QWidget*>()) {
+            if (widget->isVisible() && (widget->focusPolicy() & Qt::TabFocus) != 0 &&
+                widget->focusProxy() == nullptr) {
+                QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget);
+                ASSERT_NE(accessible, nullptr);
+                EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty())
+                    << widget->metaObject()->className();
+                EXPECT_NE(accessible->role(), QAccessible::NoRole) << widget->metaObject()->className();
+                EXPECT_NE(accessible->role(), QAccessible::Client) << widget->metaObject()->className();
+            }
+        }
+    }
+}
+
+TEST_F(MainWindowTest, IsWalkedThroughInReadingOrder) {
+    load(TextureSlotKind::baseColor);
+    QWidget* first = toolBarButtons()[0];
+    first->setFocus(Qt::TabFocusReason);
+    QList<QRect> places;
+    do {
+        QWidget* focused = QApplication::focusWidget();
+        places << QRect(focused->mapTo(&window, QPoint()), focused->size());
+        press(*focused, Qt::Key_Tab);
+    } while (QApplication::focusWidget() != first && places.size() < 60);
+    ASSERT_GT(places.size(), 20);
+    // From the bar at the top to the tabs, and then down one column after the other.
+    const auto column = [](const QRect& place) {
+        return place.top() < 100 ? 0 : place.left() < 320 ? 1 : place.left() < 760 ? 2 : 3;
+    };
+    for (qsizetype index = 1; index < places.size(); ++index) {
+        const QRect& from = places[index - 1];
+        const QRect& to = places[index];
+        EXPECT_LE(column(from), column(to)) << index;
+        if (column(from) == column(to)) {
+            EXPECT_TRUE(to.bottom() > from.top()) << index;
+        }
+    }
+    EXPECT_EQ(column(places.constLast()), 3);
+}
+
+TEST_F(MainWindowTest, LogsAFailedLoadAndAFailedExportWhereTheyCanBeRead) {
+    load(TextureSlotKind::baseColor);
+    materials.importTexture(folder.noTexture(QStringLiteral("b.png")), TextureSlotKind::normal);
+    chooser.folder = folder.blocked();
+    click(*toolBarButtons()[1]);
+    const QString text = page().findChild<QTextEdit*>()->toPlainText();
+    EXPECT_TRUE(text.contains(QStringLiteral("Load failed: Could not read image: b.png")));
+    EXPECT_TRUE(text.contains(QStringLiteral("Export failed: ")));
+    EXPECT_FALSE(child<TextLabel>(page(), QStringLiteral("lastExport")).isVisible());
+}
+
+TEST_F(MainWindowTest, LoadsADropAndExportsIt) {
+    auto& card = child<TextureCard>(page(), QStringLiteral("baseColor"));
+    QMimeData data;
+    data.setUrls({folder.texture(QStringLiteral("Brick.png"))});
+    EXPECT_TRUE(dragOver(card, data));
+    EXPECT_TRUE(dropOn(card, data));
+    settle();
+    click(withText<QAbstractButton>(page(), QStringLiteral("Base Size")));
+    chooser.folder = folder.url();
+    click(child<Button>(page(), QStringLiteral("export")));
+    EXPECT_TRUE(QFile::exists(folder.path(QStringLiteral("Brick/Brick_BaseColor.png"))));
+    EXPECT_EQ(child<TextLabel>(page(), QStringLiteral("lastExport")).text(), QStringLiteral("Brick"));
+}
+
+}  // namespace
