@@ -1,3 +1,4 @@
+#include "desktop_color_scheme.h"
 #include "vorek_quarlin_app.h"
 
 #include <QApplication>
@@ -10,6 +11,7 @@ int main(int argc, char** argv) {
     // What the window does not paint itself looks alike on every desktop, in the desktop's colours and font.
     QApplication::setStyle(QStringLiteral("Fusion"));
 
+    const auto colorScheme = quarlin::followDesktopColorScheme();
     quarlin::VorekQuarlinApp program;
     program.start();
     return QApplication::exec();

@@ -38,7 +38,8 @@ protected:
 }  // namespace
 
 ColumnSplitter::ColumnSplitter(QWidget* inputs, QWidget* settings, QWidget* previews, QWidget* parent)
-    : QSplitter(Qt::Horizontal, parent) {
+    : QSplitter(Qt::Horizontal, parent),
+      m_widths{inputColumn.idealWidth, settingsColumn.idealWidth, previewColumn.idealWidth} {
     setChildrenCollapsible(false);
     setHandleWidth(1);
     const auto add = [this](QWidget* widget, const Column& column) {
@@ -49,21 +50,18 @@ ColumnSplitter::ColumnSplitter(QWidget* inputs, QWidget* settings, QWidget* prev
     add(inputs, inputColumn);
     add(settings, settingsColumn);
     add(previews, previewColumn);
+    connect(this, &QSplitter::splitterMoved, this, [this] { m_widths = sizes(); });
 }
 
 QSplitterHandle* ColumnSplitter::createHandle() { return new Handle(orientation(), this); }
 
 void ColumnSplitter::resizeEvent(QResizeEvent* event) {
-    const QList<int> before =
-        m_hasWidths ? sizes()
-                    : QList<int>{inputColumn.idealWidth, settingsColumn.idealWidth, previewColumn.idealWidth};
-    m_hasWidths = true;
     const int room = width() - 2 * handleWidth();
-    const int spare = room - std::accumulate(before.begin(), before.end(), 0);
+    const int spare = room - std::accumulate(m_widths.begin(), m_widths.end(), 0);
     const int settings =
         qMax(widget(1)->minimumWidth(),
-             before[1] + spare * settingsColumn.share / (settingsColumn.share + previewColumn.share));
-    setSizes({before[0], settings, room - before[0] - settings});
+             m_widths[1] + spare * settingsColumn.share / (settingsColumn.share + previewColumn.share));
+    setSizes({m_widths[0], settings, room - m_widths[0] - settings});
     QSplitter::resizeEvent(event);
 }
 

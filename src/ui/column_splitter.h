@@ -17,7 +17,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    bool m_hasWidths = false;
+    /// The widths that a change of the window's width starts from: the ideal ones, or those the user has set.
+    QList<int> m_widths;
 };
 
 }  // namespace quarlin

@@ -5,6 +5,7 @@
 
 #include <QAccessible>
 #include <QMessageBox>
+#include <QSplitter>
 #include <QTextEdit>
 
 using namespace quarlin;
@@ -38,6 +39,13 @@ TEST_F(MainWindowTest, IsTitledAndNeverTooSmall) {
     EXPECT_EQ(window.size(), QSize(1120, 720));
     EXPECT_LE(window.minimumSizeHint().width(), 1120);
     EXPECT_LE(window.minimumSizeHint().height(), 720);
+}
+
+TEST_F(MainWindowTest, StartsWithTheIdealWidthsAsFarAsTheyFit) {
+    for (const StudioTool tool : allCases<StudioTool>()) {
+        showTool(tool);
+        EXPECT_EQ(static_cast<QSplitter&>(page()).sizes(), QList<int>({320, 435, 363}));
+    }
 }
 
 TEST_F(MainWindowTest, ShowsThePbrToolFirst) {
@@ -255,7 +263,7 @@ TEST_F(MainWindowTest, IsWalkedThroughInReadingOrder) {
     ASSERT_GT(places.size(), 20);
     // From the bar at the top to the tabs, and then down one column after the other.
     const auto column = [](const QRect& place) {
-        return place.top() < 100 ? 0 : place.left() < 320 ? 1 : place.left() < 760 ? 2 : 3;
+        return place.top() < 100 ? 0 : place.left() < 320 ? 1 : place.left() < 755 ? 2 : 3;
     };
     for (qsizetype index = 1; index < places.size(); ++index) {
         const QRect& from = places[index - 1];

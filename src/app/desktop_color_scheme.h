@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QObject>
+
+#include <memory>
+
+namespace quarlin {
+
+/// Keeps the application in the desktop's colour scheme, as long as the returned object lives, where the
+/// toolkit does not do so by itself.
+std::unique_ptr<QObject> followDesktopColorScheme();
+
+}  // namespace quarlin

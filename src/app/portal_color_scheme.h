@@ -1,0 +1,28 @@
+#pragma once
+
+#include "color_scheme.h"
+
+#include <QDBusVariant>
+#include <QObject>
+#include <QString>
+#include <QVariant>
+
+namespace quarlin {
+
+/// Reads the desktop's colour scheme from the settings portal that Linux desktops share, at first and
+/// whenever it changes. Without a portal nothing happens.
+class PortalColorScheme : public QObject {
+    Q_OBJECT
+
+public:
+    explicit PortalColorScheme(QObject* parent = nullptr);
+
+    /// What a value of the portal's setting means.
+    static ColorScheme schemeOf(const QVariant& setting);
+
+public Q_SLOTS:
+    /// The portal tells that `key` of `area` has become `value`.
+    void settingChanged(const QString& area, const QString& key, const QDBusVariant& value);
+};
+
+}  // namespace quarlin
