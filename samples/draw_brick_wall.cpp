@@ -22,9 +22,7 @@ std::size_t indexOf(int x, int y) {
     return static_cast<std::size_t>(y) * textureSize + static_cast<std::size_t>(x);
 }
 
-int byteOf(double value) {
-    return static_cast<int>(std::lround(std::clamp(value, 0.0, 255.0)));
-}
+int byteOf(double value) { return static_cast<int>(std::lround(std::clamp(value, 0.0, 255.0))); }
 
 /// A colour picture of which `colorAt(index)` gives each pixel.
 template <typename ColorAt>

@@ -8,13 +8,9 @@ namespace quarlin::samples {
 
 namespace {
 
-std::int64_t wrapped(std::int64_t value, std::int64_t period) {
-    return ((value % period) + period) % period;
-}
+std::int64_t wrapped(std::int64_t value, std::int64_t period) { return ((value % period) + period) % period; }
 
-std::uint64_t bits(std::int64_t number) {
-    return static_cast<std::uint64_t>(number);
-}
+std::uint64_t bits(std::int64_t number) { return static_cast<std::uint64_t>(number); }
 
 /// Spreads every bit of a number over all bits of the result.
 std::uint64_t scattered(std::uint64_t number) {
@@ -31,9 +27,7 @@ double slope(std::int64_t column, std::int64_t row, double dx, double dy, std::u
 }
 
 /// A step from 0 to 1 whose first and second derivatives vanish at both ends.
-double easing(double t) {
-    return t * t * t * (t * (t * 6 - 15) + 10);
-}
+double easing(double t) { return t * t * t * (t * (t * 6 - 15) + 10); }
 
 }  // namespace
 
@@ -97,8 +91,6 @@ double fade(double from, double to, double value) {
     return t * t * (3 - 2 * t);
 }
 
-double mix(double a, double b, double amount) {
-    return a + (b - a) * amount;
-}
+double mix(double a, double b, double amount) { return a + (b - a) * amount; }
 
 }  // namespace quarlin::samples

@@ -15,8 +15,6 @@ CommandOptions Command::options() {
     return all;
 }
 
-QUrl Command::parentDirectory() const {
-    return localFile(m_output);
-}
+QUrl Command::parentDirectory() const { return localFile(m_output); }
 
 }  // namespace quarlin

@@ -24,9 +24,7 @@ QString listed(const QStringList& words) {
     return words.mid(0, words.size() - 1).join(QStringLiteral(", ")) + QStringLiteral(" or ") + words.last();
 }
 
-QString defaultText(const QString& value) {
-    return QStringLiteral(" (default ") + value + u')';
-}
+QString defaultText(const QString& value) { return QStringLiteral(" (default ") + value + u')'; }
 
 [[noreturn]] void rejectValue(const QString& name, const QString& wanted, const QString& value) {
     throw UsageError(QStringLiteral("--") + name + QStringLiteral(" takes ") + wanted +

@@ -14,9 +14,7 @@ QString usageOf(const CommandOption& option) {
 
 }  // namespace
 
-QString programName() {
-    return QStringLiteral("quarlin-cli");
-}
+QString programName() { return QStringLiteral("quarlin-cli"); }
 
 QString programHelp(std::span<Command* const> commands) {
     QString text =

@@ -34,12 +34,8 @@ void reserveStandardStreams() {
 #endif
 }
 
-bool writeToStandardOutput(const QString& text) {
-    return write(text, stdout);
-}
+bool writeToStandardOutput(const QString& text) { return write(text, stdout); }
 
-void writeToStandardError(const QString& text) {
-    write(text, stderr);
-}
+void writeToStandardError(const QString& text) { write(text, stderr); }
 
 }  // namespace quarlin

@@ -225,6 +225,9 @@ QImage decodeWithVips(const QByteArray& bytes) {
     if (decoded.isNull()) {
         return {};
     }
+    // With several threads that read ahead, libvips 8.14 now and then loses the error of a damaged row and
+    // takes the row as blank.
+    vips_image_set_int(image.get(), VIPS_META_CONCURRENCY, 1);
     Sink sink{store, decoded.bits(), decoded.bytesPerLine()};
     if (vips_sink_disc(image.get(), storeRows, &sink) != 0) {
         vips_error_clear();

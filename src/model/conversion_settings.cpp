@@ -4,9 +4,7 @@
 
 namespace quarlin {
 
-QString ConversionSettings::defaultMaterialName() {
-    return QStringLiteral("VOREK_PBR_Material");
-}
+QString ConversionSettings::defaultMaterialName() { return QStringLiteral("VOREK_PBR_Material"); }
 
 QString ConversionSettings::safeMaterialName() const {
     return quarlin::safeMaterialName(materialName, defaultMaterialName());

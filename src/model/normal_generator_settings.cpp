@@ -4,9 +4,7 @@
 
 namespace quarlin {
 
-QString NormalGeneratorSettings::defaultMaterialName() {
-    return QStringLiteral("VOREK_Normal");
-}
+QString NormalGeneratorSettings::defaultMaterialName() { return QStringLiteral("VOREK_Normal"); }
 
 QString NormalGeneratorSettings::safeMaterialName() const {
     return quarlin::safeMaterialName(materialName, defaultMaterialName());

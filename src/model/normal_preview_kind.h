@@ -31,8 +31,6 @@ struct EnumerationTable<NormalPreviewKind> {
 };
 
 /// What the tile shows, in a few words.
-inline QString subtitle(NormalPreviewKind kind) {
-    return tableRow(kind).subtitle;
-}
+inline QString subtitle(NormalPreviewKind kind) { return tableRow(kind).subtitle; }
 
 }  // namespace quarlin

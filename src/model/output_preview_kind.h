@@ -22,8 +22,6 @@ struct EnumerationTable<OutputPreviewKind> {
 };
 
 /// What the tile shows, in a few words.
-inline QString subtitle(OutputPreviewKind kind) {
-    return tableRow(kind).subtitle;
-}
+inline QString subtitle(OutputPreviewKind kind) { return tableRow(kind).subtitle; }
 
 }  // namespace quarlin

@@ -21,8 +21,6 @@ struct EnumerationTable<StudioTool> {
 };
 
 /// The name of the tool's symbol.
-inline QString systemImage(StudioTool tool) {
-    return tableRow(tool).systemImage;
-}
+inline QString systemImage(StudioTool tool) { return tableRow(tool).systemImage; }
 
 }  // namespace quarlin

@@ -2,13 +2,9 @@
 
 namespace quarlin {
 
-QString shortTitle(TextureSlotKind slot) {
-    return tableRow(slot).shortTitle;
-}
+QString shortTitle(TextureSlotKind slot) { return tableRow(slot).shortTitle; }
 
-QString systemImage(TextureSlotKind slot) {
-    return tableRow(slot).systemImage;
-}
+QString systemImage(TextureSlotKind slot) { return tableRow(slot).systemImage; }
 
 QString help(TextureSlotKind slot) {
     switch (slot) {
@@ -33,8 +29,6 @@ QString help(TextureSlotKind slot) {
     return {};
 }
 
-bool required(TextureSlotKind slot) {
-    return slot == TextureSlotKind::baseColor;
-}
+bool required(TextureSlotKind slot) { return slot == TextureSlotKind::baseColor; }
 
 }  // namespace quarlin

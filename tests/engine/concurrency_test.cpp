@@ -39,7 +39,7 @@ protected:
     }
     QUrl file(std::size_t index) const { return folder.url(QStringLiteral("input%1.png").arg(index)); }
 
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     const TemporaryFolder folder;
 };
 

@@ -43,7 +43,7 @@ protected:
         }
     }
 
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     const TemporaryFolder folder;
     const QUrl file = folder.url(QStringLiteral("a.png"));
 };
@@ -176,6 +176,31 @@ TEST_F(DamagedInput, ARefusedFileLeavesNoTraceInTheNextOne) {
         writeFile(file, whole);
         EXPECT_TRUE(rendersAs(noisePicture(64, 64, 12), file));
     }
+}
+
+TEST_F(DamagedInput, IsRefusedEveryTime) {
+    // A decoder that works ahead on another thread may lose an error now and then.
+    const Picture picture = noisePicture(8, 8, 14);
+    writePng(file, picture);
+    const QUrl tiff = folder.url(QStringLiteral("a.tif"));
+    writeTiff(tiff, {tiffPage(picture, 3)});
+    for (const QByteArray& whole :
+         {readFile(file), colourJpeg(picture), readFile(tiff), encoded(Encoder::gif, picture)}) {
+        for (int count = 0; count < 200; ++count) {
+            ASSERT_TRUE(isRefused(whole.first(whole.size() / 2))) << "time " << count;
+        }
+    }
+}
+
+TEST_F(DamagedInput, BytesAfterAJpegDoNoHarm) {
+    // Cameras append previews and tables behind the image.
+    const QByteArray jpeg = colourJpeg(smoothPicture(40, 30));
+    writeFile(file, jpeg);
+    const PixelImage plain = rendered(file);
+    writeFile(file, jpeg + QByteArray(100, 'x'));
+    EXPECT_EQ(rendered(file), plain);
+    writeFile(file, jpeg + jpeg);
+    EXPECT_EQ(rendered(file), plain);
 }
 
 TEST_F(DamagedInput, BytesAfterTheImageDoNoHarm) {

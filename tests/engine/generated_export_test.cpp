@@ -44,7 +44,7 @@ protected:
         settings.exportAO = settings.exportORM = settings.exportGLTF = settings.exportNotes = on;
     }
 
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     const TemporaryFolder folder;
     const QUrl sourceFile = folder.url(QStringLiteral("brick photo.png"));
     NormalGeneratorSettings settings;

@@ -22,7 +22,7 @@ protected:
         return processor.loadAsset(file);
     }
 
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     const TemporaryFolder folder;
     const QUrl file = folder.url(QStringLiteral("source.png"));
     NormalGeneratorSettings settings;

@@ -27,7 +27,7 @@ protected:
         EXPECT_EQ(errorOf([&] { return processor.renderImage(file, 4, 4); }), expected);
     }
 
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     const TemporaryFolder folder;
 };
 
@@ -263,7 +263,7 @@ TEST_F(ImageInput, AnUnreadableFileIsReportedBeforeAnImpossibleSize) {
 }
 
 TEST(TextureProcessor, WorksInPremultipliedBigEndianSrgb) {
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     EXPECT_EQ(processor.colorSpace, QColorSpace(QColorSpace::SRgb));
     EXPECT_EQ(TextureProcessor::bitmapInfo, 16385U);
 }

@@ -21,7 +21,7 @@ namespace {
 
 class ImageOutput : public testing::Test {
 protected:
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     const TemporaryFolder folder;
     const QUrl file = folder.url(QStringLiteral("out.png"));
 };

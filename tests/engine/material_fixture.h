@@ -50,7 +50,7 @@ protected:
         return errorOf([&] { return exported(); });
     }
 
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     const fixtures::TemporaryFolder folder;
     TextureMap textures;
     ConversionSettings settings;

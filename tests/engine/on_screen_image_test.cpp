@@ -13,7 +13,7 @@ namespace {
 const QUrl anywhere = QUrl::fromLocalFile(QStringLiteral("/out/Brick_ORM.png"));
 
 TEST(OnScreenImage, ShowsThePixels) {
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     for (const auto& [width, height] : {std::pair{1, 1}, {3, 2}, {17, 31}, {64, 64}}) {
         const PixelImage image = pixelImage(noisePicture(width, height, 1, true));
         const QImage onScreen = processor.makeNSImage(image);
@@ -24,7 +24,7 @@ TEST(OnScreenImage, ShowsThePixels) {
 }
 
 TEST(OnScreenImage, OutlivesThePixelsItWasMadeFrom) {
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     PixelImage image = pixelImage(noisePicture(40, 40, 2));
     const PixelImage before = image;
     const QImage onScreen = processor.makeNSImage(image);
@@ -34,7 +34,7 @@ TEST(OnScreenImage, OutlivesThePixelsItWasMadeFrom) {
 }
 
 TEST(OnScreenImage, AFailedPreviewIsNamedPreview) {
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     for (const PixelImage& none : {PixelImage{}, PixelImage{2, 2, PixelBuffer(15)},
                                    PixelImage{-1, 2, PixelBuffer()}, PixelImage{0, 7, PixelBuffer()}}) {
         const auto error = errorOf([&] { return processor.makeNSImage(none); });
@@ -45,7 +45,7 @@ TEST(OnScreenImage, AFailedPreviewIsNamedPreview) {
 }
 
 TEST(OnScreenImage, AFailureNamesTheFileItIsFor) {
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     EXPECT_EQ(errorOf([&] {
                   return processor.makeCGImage(PixelImage{2, 2, PixelBuffer(3)}, anywhere);
               }),

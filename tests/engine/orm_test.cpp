@@ -32,7 +32,7 @@ protected:
         return colour;
     }
 
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     const TemporaryFolder folder;
     ConversionSettings settings;
 };

@@ -235,6 +235,41 @@ TEST_F(PngInput, ATaggedSrgbImageComesOutAsItsOwnBytes) {
     EXPECT_TRUE(rendersAs(picture, file));
 }
 
+TEST_F(PngInput, TheGammaOfSrgbChangesNoByte) {
+    const Picture picture = noisePicture(40, 40, 14);
+    PngForm form;
+    form.gamma = 45455;
+    writePngSamples(file, 40, 40, {picture.bytes.begin(), picture.bytes.end()}, form);
+    EXPECT_TRUE(rendersAs(picture, file));
+}
+
+TEST_F(PngInput, AnotherGammaConverts) {
+    // The exponent of early screens: encoded with 1 / 1.8, and from there through light to the curve of sRGB.
+    const auto encoded = [](double unit) {
+        const double linear = std::pow(unit, 1.8);
+        const double curved =
+            linear <= 0.0031308 ? 12.92 * linear : 1.055 * std::pow(linear, 1 / 2.4) - 0.055;
+        return static_cast<std::uint8_t>(std::lround(curved * 255));
+    };
+    for (const int colourType : {0, 2}) {
+        PngForm form;
+        form.colourType = colourType;
+        form.gamma = 55556;
+        std::vector<std::uint16_t> samples;
+        for (std::uint16_t grey = 0; grey < 256; ++grey) {
+            samples.insert(samples.end(), colourType == 0 ? 1 : 3, grey);
+        }
+        writePngSamples(file, 256, 1, samples, form);
+        EXPECT_TRUE(rendersAs(drawnPicture(256, 1,
+                                           [&](int x, int) {
+                                               const std::uint8_t grey = encoded(x / 255.0);
+                                               return Rgba{grey, grey, grey, 255};
+                                           }),
+                              file, 1))
+            << colourType;
+    }
+}
+
 TEST_F(PngInput, TheOrientationIsIgnored) {
     const Picture picture = noisePicture(6, 4, 13);
     for (int orientation = 1; orientation <= 8; ++orientation) {

@@ -10,7 +10,7 @@ namespace quarlin {
 
 /// The file as the engine renders it at its own size, which it must also show as the decoded image.
 inline PixelImage rendered(const QUrl& file) {
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     const QImage decoded = processor.loadCGImage(file);
     PixelImage image = processor.renderImage(file, decoded.width(), decoded.height());
     EXPECT_TRUE(sameBytes(bytesOf(decoded), image.pixels)) << "decoded and rendered differ";

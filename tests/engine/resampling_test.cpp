@@ -37,7 +37,7 @@ protected:
         return image;
     }
 
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     const TemporaryFolder folder;
     const QUrl file = folder.url(QStringLiteral("a.png"));
 };

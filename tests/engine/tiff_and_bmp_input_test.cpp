@@ -165,6 +165,36 @@ TEST_F(BmpInput, EightBitPalette) {
     EXPECT_TRUE(rendersAs(grey(picture), fileOf(bmp8Grey(picture))));
 }
 
+TEST_F(BmpInput, RunLengths) {
+    const Picture picture = drawnPicture(40, 9, [](int x, int y) {
+        const auto value = static_cast<std::uint8_t>((x / 7 + y) * 31);
+        return Rgba{value, value, value, 255};
+    });
+    EXPECT_TRUE(rendersAs(picture, fileOf(bmp8GreyRunLength(picture))));
+}
+
+TEST_F(BmpInput, RunLengthsThatEndEarlyAreAnError) {
+    const QByteArray whole = bmp8GreyRunLength(grey(noisePicture(12, 9, 7)));
+    const qsizetype header = 14 + 40 + 1024;
+    for (qsizetype length = header; length < whole.size() - 4; length += 3) {
+        const QUrl file = fileOf(whole.first(length));
+        EXPECT_EQ(errorOf([&] { return TextureProcessor().loadCGImage(file); }),
+                  TextureProcessorError::cannotReadImage(file))
+            << length << " of " << whole.size();
+    }
+}
+
+TEST_F(BmpInput, OneBitPalette) {
+    for (const int width : {1, 7, 8, 9, 33}) {
+        const Picture noise = noisePicture(width, 6, 8);
+        const Rgba clear{10, 200, 30, 255};
+        const Rgba set{250, 5, 90, 255};
+        const Picture expected =
+            drawnPicture(width, 6, [&](int x, int y) { return noise.at(x, y)[0] > 127 ? set : clear; });
+        EXPECT_TRUE(rendersAs(expected, fileOf(bmp1(noise, clear, set)))) << width;
+    }
+}
+
 TEST_F(BmpInput, IsRecognisedWithoutItsExtension) {
     const QUrl file = folder.url(QStringLiteral("texture"));
     writeFile(file, bmp24(smoothPicture(9, 7)));
