@@ -1,0 +1,73 @@
+// Decoding the same files with the decoder for plain PNGs and with libvips.
+
+#include "libpng_writer.h"
+#include "measured.h"
+#include "photograph.h"
+#include "plain_png_decoder.h"
+#include "vips_decoder.h"
+
+#include "image_view.h"
+
+#include <QBuffer>
+
+#include <map>
+
+namespace quarlin::bench {
+
+namespace {
+
+using Decode = QImage (*)(const QByteArray&);
+
+const PixelImage& picture() {
+    static const PixelImage image = photograph(2048);
+    return image;
+}
+
+const QByteArray& pngFile(int samples) {
+    static std::map<int, QByteArray> files;
+    QByteArray& file = files[samples];
+    if (file.isEmpty()) {
+        file = writtenByLibpng(picture(), samples);
+    }
+    return file;
+}
+
+void decode(benchmark::State& state, Decode decoder, const QByteArray& file) {
+    for (auto _ : state) {
+        if (decoder(file).isNull()) {
+            state.SkipWithError("the file is refused");
+            break;
+        }
+    }
+    countBytes(state, picture().pixels.size());
+}
+
+void decodeJpeg(benchmark::State& state) {
+    static const QByteArray file = [] {
+        const PixelImage& image = largePhotograph();
+        const QImage view(image.pixels.data(), static_cast<int>(image.width), static_cast<int>(image.height),
+                          pixelFormat);
+        QBuffer buffer;
+        constexpr int quality = 90;
+        return view.save(&buffer, "JPEG", quality) ? buffer.data() : QByteArray();
+    }();
+    decode(state, decodeWithVips, file);
+    countBytes(state, largePhotograph().pixels.size());
+}
+
+[[maybe_unused]] const int registered = [] {
+    for (const int samples : {1, 3, 4}) {
+        const auto add = [&](const std::string& name, Decode decoder) {
+            measure("decode/" + name + "/samples_" + std::to_string(samples),
+                    [=](benchmark::State& state) { decode(state, decoder, pngFile(samples)); });
+        };
+        add("plain_png", decodePlainPng);
+        add("libvips_png", decodeWithVips);
+    }
+    measure("decode/libvips_jpeg", decodeJpeg);
+    return 0;
+}();
+
+}  // namespace
+
+}  // namespace quarlin::bench
