@@ -67,8 +67,7 @@ void encodeWhole(benchmark::State& state) {
     grey("occlusion", &GeneratedBand::occlusion);
     measure("encode/band/photograph",
             [](benchmark::State& state) { encodeColour(state, largePhotograph().pixels.data()); });
-    measure("encode/band/normal",
-            [](benchmark::State& state) { encodeColour(state, maps().normal.data()); });
+    measure("encode/band/normal", [](benchmark::State& state) { encodeColour(state, maps().normal.data()); });
     measure("encode/band/orm",
             [](benchmark::State& state) { encodeColour(state, ormPixels(maps()).data()); });
     measure("encode/image/photograph", encodeWhole);

@@ -54,9 +54,8 @@ void chooseFilter(benchmark::State& state) {
         for (const std::size_t pixelSize : {std::size_t{1}, std::size_t{4}}) {
             const std::string place = std::string(name) + "/pixel_size_" + std::to_string(pixelSize);
             const auto add = [&, chosen = filter](const std::string& form, Apply apply) {
-                measure("filter/" + form + "/" + place, [=](benchmark::State& state) {
-                    applyFilter(state, apply, chosen, pixelSize);
-                });
+                measure("filter/" + form + "/" + place,
+                        [=](benchmark::State& state) { applyFilter(state, apply, chosen, pixelSize); });
             };
             add("fast", applyPngFilter);
             add("plain", plain::applyPngFilter);

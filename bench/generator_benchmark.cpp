@@ -35,9 +35,7 @@ void makeBands(benchmark::State& state, std::int64_t target, unsigned threads) {
     for (auto _ : state) {
         forEachInParallel(
             bands.count(),
-            [&](std::int64_t band) {
-                benchmark::DoNotOptimize(generateBand(source, settings, bands[band]));
-            },
+            [&](std::int64_t band) { benchmark::DoNotOptimize(generateBand(source, settings, bands[band])); },
             threads);
     }
     hwy::SetSupportedTargetsForTest(0);

@@ -33,8 +33,7 @@ const PhotographFiles& files() {
     return made;
 }
 
-void packChannels(benchmark::State& state) {
-    const PixelImage& image = largePhotograph();
+void packChannels(benchmark::State& state, const PixelImage& image) {
     const OrmChannel texture{.pixels = image.pixels.data(), .fallback = 0, .inverted = false};
     const OrmChannels channels{texture, texture, texture};
     PixelBuffer output(image.pixels.size());
@@ -81,7 +80,13 @@ void previewMaps(benchmark::State& state, const QUrl PhotographFiles::*file, Tex
 }
 
 [[maybe_unused]] const int registered = [] {
-    measure("operation/pack_orm", packChannels);
+    measure("operation/pack_orm/coloured",
+            [](benchmark::State& state) { packChannels(state, largePhotograph()); });
+    measure("operation/pack_orm/grey", [](benchmark::State& state) {
+        const PixelImage& image = largePhotograph();
+        const HeightField heights = TextureProcessor::smoothedHeightValues(image, NormalGeneratorSettings());
+        packChannels(state, TextureProcessor::heightImage(heights, image.width, image.height));
+    });
     const auto add = [](const std::string& name, const QUrl PhotographFiles::*file) {
         measure("operation/load_asset/" + name, [=](benchmark::State& state) { load(state, file); });
         for (const Textures textures : {Textures::loaded, Textures::changedSince}) {

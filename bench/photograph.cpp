@@ -38,8 +38,7 @@ public:
         const double right = m_blend[static_cast<std::size_t>(x % m_cell)];
         const double down = m_blend[static_cast<std::size_t>(y % m_cell)];
         const double top = corner[0] + (corner[1] - corner[0]) * right;
-        const double bottom =
-            corner[m_columns] + (corner[m_columns + 1] - corner[m_columns]) * right;
+        const double bottom = corner[m_columns] + (corner[m_columns + 1] - corner[m_columns]) * right;
         return top + (bottom - top) * down;
     }
 
@@ -80,8 +79,8 @@ PixelImage photograph(std::int64_t size, std::uint64_t seed) {
                 const auto first = static_cast<double>(random & 1023U);
                 const auto second = static_cast<double>((random >> 10U) & 1023U);
                 random >>= 20U;
-                const double value = light + drift.at(x, y) * driftAmplitude +
-                                     (first + second - 1023.0) / 1023.0 * grain;
+                const double value =
+                    light + drift.at(x, y) * driftAmplitude + (first + second - 1023.0) / 1023.0 * grain;
                 *pixel++ = static_cast<std::uint8_t>(std::clamp(value, 0.0, 255.0));
             }
             *pixel++ = 255;

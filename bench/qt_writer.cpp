@@ -18,6 +18,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     const QByteArray bytes = file.readAll();
-    const QImage image(reinterpret_cast<const uchar*>(bytes.constData()), size, size, QImage::Format_RGBA8888);
+    const QImage image(reinterpret_cast<const uchar*>(bytes.constData()), size, size,
+                       QImage::Format_RGBA8888);
     return image.save(QString::fromLocal8Bit(arguments[3])) ? 0 : 1;
 }

@@ -1,4 +1,5 @@
-// rewrite_png IN OUT [SAMPLES]: has libpng write a picture anew, at its own settings, with 1, 3 or 4 samples a pixel.
+// rewrite_png IN OUT [SAMPLES]: has libpng write a picture anew, at its own settings, with 1, 3 or 4 samples
+// a pixel.
 
 #include "libpng_writer.h"
 #include "texture_processor.h"
@@ -20,8 +21,7 @@ int main(int argc, char** argv) {
     const TextureProcessor processor;
     const TextureAsset asset = processor.loadAsset(input);
     const PixelImage image = processor.renderImage(asset, asset.pixelWidth, asset.pixelHeight);
-    const QByteArray written =
-        bench::writtenByLibpng(image, argc > 3 ? QByteArray(arguments[3]).toInt() : 4);
+    const QByteArray written = bench::writtenByLibpng(image, argc > 3 ? QByteArray(arguments[3]).toInt() : 4);
     QFile file(QString::fromLocal8Bit(arguments[2]));
     return file.open(QIODevice::WriteOnly) && file.write(written) == written.size() ? 0 : 1;
 }

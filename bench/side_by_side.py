@@ -14,7 +14,9 @@ import platform
 import shutil
 import statistics
 import subprocess
+import sys
 import time
+from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 SIZE = 4096
@@ -66,25 +68,19 @@ def make_textures():
     TEXTURES.mkdir(exist_ok=True)
     drawn = TEXTURES / "photograph.png"
     if not drawn.exists():
-        print("Making the textures (once)", flush=True)
+        print("Making the textures (once)", file=sys.stderr)
         run([PROGRAMS / "draw_photograph", SIZE, RAW, drawn])
         run([CLI, "maps", "--source", drawn, "--size", SIZE, "--output", TEXTURES])
     maps = TEXTURES / "photograph"
     wanted = {"base": ("basecolor", 3), "normal": ("normal", 3), "occlusion": ("ao", 1),
               "roughness": ("roughness", 1), "metallic": ("metallic", 1)}
-    processes = []
-    for name, (source, samples) in wanted.items():
-        if not (TEXTURES / f"{name}.png").exists():
-            processes.append(subprocess.Popen([PROGRAMS / "rewrite_png", maps / f"photograph_{source}.png",
-                                               TEXTURES / f"{name}.png", str(samples)]))
+    missing = [(maps / f"photograph_{source}.png", TEXTURES / f"{name}.png", samples)
+               for name, (source, samples) in wanted.items()]
     # What libpng makes of every image of a generated set, to compare sizes with.
     (TEXTURES / "libpng").mkdir(exist_ok=True)
-    for image in sorted(maps.glob("*.png")):
-        if not (TEXTURES / "libpng" / image.name).exists():
-            processes.append(subprocess.Popen([PROGRAMS / "rewrite_png", image,
-                                               TEXTURES / "libpng" / image.name, "4"]))
-    if any(process.wait() != 0 for process in processes):
-        raise SystemExit("a texture could not be made")
+    missing += [(image, TEXTURES / "libpng" / image.name, 4) for image in sorted(maps.glob("*.png"))]
+    with ThreadPoolExecutor(os.cpu_count()) as pool:
+        list(pool.map(lambda each: each[1].exists() or run([PROGRAMS / "rewrite_png", *each]), missing))
 
 
 # ---- Tasks -------------------------------------------------------------------------------------------------------
@@ -151,9 +147,8 @@ def measure(tasks, rounds):
     runs = {name: [] for name in tasks}
     for turn in range(rounds):
         for name, task in tasks.items():
-            print(f"\r\033[K  round {turn + 1} of {rounds}: {name}", end="", flush=True)
+            print(f"  round {turn + 1} of {rounds}: {name}", file=sys.stderr)
             runs[name].append(task())
-    print("\r\033[K", end="")
     return {name: median(each) for name, each in runs.items()}
 
 
