@@ -13,8 +13,6 @@ AdaptiveGrid::AdaptiveGrid(int minimumColumnWidth, int spacing, QWidget* parent)
     setSpacing(spacing);
 }
 
-AdaptiveGrid::~AdaptiveGrid() = default;
-
 int AdaptiveGrid::columnCount(int width) const {
     return std::max(1, (width + spacing()) / (m_minimumColumnWidth + spacing()));
 }

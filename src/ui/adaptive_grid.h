@@ -15,7 +15,6 @@ class AdaptiveGrid : public QLayout {
 public:
     /// Columns are at least `minimumColumnWidth` wide, and `spacing` lies between columns and between rows.
     AdaptiveGrid(int minimumColumnWidth, int spacing, QWidget* parent = nullptr);
-    ~AdaptiveGrid() override;
 
     /// The number of columns that fit into `width`, at least one.
     int columnCount(int width) const;
