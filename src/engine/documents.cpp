@@ -3,22 +3,9 @@
 
 #include "formatters.h"
 
-#include <array>
-#include <charconv>
-#include <limits>
-
 namespace quarlin {
 
 namespace {
-
-/// The number with two decimals as "%.2f" writes it, in any locale: rounded from the exact value of the
-/// double, a tie to the even digit. Qt's own formatting rounds ties up.
-QString twoDecimals(double value) {
-    std::array<char, std::numeric_limits<double>::max_exponent10 + 8> text{};
-    const auto written =
-        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, 2);
-    return QString::fromLatin1(text.data(), written.ptr - text.data());
-}
 
 QString yesOrNo(bool value) { return value ? QStringLiteral("yes") : QStringLiteral("no"); }
 
@@ -108,7 +95,7 @@ QString TextureProcessor::makeNormalNotes(const NormalOutputNames& names,
            QStringLiteral("\n\nSource file:\n") + source.fileName + QStringLiteral(" (") +
            source.sizeLabel() + QStringLiteral(")\n\nSettings:\nOutput size: ") +
            title(settings.outputResolution) + QStringLiteral("\nStrength: ") +
-           twoDecimals(settings.strength) + QStringLiteral("\nSmoothing passes: ") +
+           Formatters::decimalLabel(settings.strength, 2) + QStringLiteral("\nSmoothing passes: ") +
            QString::number(settings.smoothing) + QStringLiteral("\nHeight inverted: ") +
            yesOrNo(settings.invertHeight) + QStringLiteral("\nGreen channel flipped: ") +
            yesOrNo(settings.flipGreen) + QStringLiteral("\nRoughness min: ") +

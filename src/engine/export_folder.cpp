@@ -10,7 +10,7 @@
 namespace quarlin {
 
 QUrl createExportFolder(const QUrl& parent, const QString& name) {
-    const QUrl folder = fileIn(parent, name);
+    QUrl folder = fileIn(parent, name);
     std::error_code failure;
     std::filesystem::create_directories(localPath(folder), failure);
     if (failure) {

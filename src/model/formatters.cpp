@@ -4,6 +4,9 @@
 
 #include <unicode/numfmt.h>
 
+#include <array>
+#include <charconv>
+#include <limits>
 #include <memory>
 
 namespace quarlin::Formatters {
@@ -41,6 +44,15 @@ QString percentLabel(double value) {
         return QString::number(static_cast<qint64>(value * 100)) + u'%';
     }
     return QString::fromUtf16(text.getBuffer(), text.length());
+}
+
+QString decimalLabel(double value, int decimals) {
+    // Qt's own formatting rounds ties up.
+    constexpr std::size_t longest = std::numeric_limits<double>::max_exponent10 + 32;
+    std::array<char, longest> text{};
+    const auto written =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals);
+    return QString::fromLatin1(text.data(), written.ptr - text.data());
 }
 
 }  // namespace quarlin::Formatters

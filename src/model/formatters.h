@@ -8,4 +8,8 @@ namespace quarlin::Formatters {
 /// Halves are rounded to the even neighbour.
 QString percentLabel(double value);
 
+/// `value` with `decimals` digits behind a point, in every locale, as "%.*f" of the C language writes it:
+/// rounded from the double's exact value, a tie to the even digit.
+QString decimalLabel(double value, int decimals);
+
 }  // namespace quarlin::Formatters

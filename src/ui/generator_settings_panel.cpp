@@ -1,15 +1,16 @@
 #include "generator_settings_panel.h"
 
 #include "button.h"
+#include "formatters.h"
+#include "setting_range.h"
 
 namespace quarlin {
 
 namespace {
 
-constexpr ValueRange strengthRange{0.2, 10, 0.1, 1};
+constexpr ValueRange strengths{strengthRange.lowest, strengthRange.highest, 0.1, 1};
 
-/// One decimal, written alike in every locale.
-QString strengthLabel(double value) { return QString::asprintf("%.1f", value); }
+QString strengthLabel(double value) { return Formatters::decimalLabel(value, 1); }
 
 }  // namespace
 
@@ -21,9 +22,11 @@ GeneratorSettingsPanel::GeneratorSettingsPanel(NormalGeneratorStore& store)
     addSizePicker(*output, &Settings::outputResolution);
 
     GroupBox* relief = addGroup(QStringLiteral("Normal / Height"), 14);
-    addSlider(*relief, new SliderRow(QStringLiteral("Strength"), strengthRange, &strengthLabel),
+    addSlider(*relief, new SliderRow(QStringLiteral("Strength"), strengths, &strengthLabel),
               &Settings::strength);
-    addStepper(*relief, new StepperRow(QStringLiteral("Smoothing"), 0, 4), &Settings::smoothing);
+    addStepper(*relief,
+               new StepperRow(QStringLiteral("Smoothing"), smoothingRange.lowest, smoothingRange.highest),
+               &Settings::smoothing);
     addToggle(*relief, QStringLiteral("Invert height"), &Settings::invertHeight);
     addToggle(*relief, QStringLiteral("Flip green channel"), &Settings::flipGreen);
 

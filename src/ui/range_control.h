@@ -1,5 +1,7 @@
 #pragma once
 
+#include "setting_range.h"
+
 #include <QString>
 #include <QWidget>
 
@@ -9,8 +11,8 @@ namespace quarlin {
 
 /// The values that a control offers.
 struct ValueRange {
-    double minimum = 0;
-    double maximum = 1;
+    double minimum = fractionRange.lowest;
+    double maximum = fractionRange.highest;
     /// How far an arrow key goes.
     double step = 0.01;
     /// How far a page key goes.

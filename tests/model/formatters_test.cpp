@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+using quarlin::Formatters::decimalLabel;
 using quarlin::Formatters::percentLabel;
 
 namespace {
@@ -57,6 +58,15 @@ TEST_F(PercentLabel, FollowsTheLocale) {
     EXPECT_NE(percentLabel(0.65), QStringLiteral("65%"));
     QLocale::setDefault(QLocale::c());
     EXPECT_EQ(percentLabel(0.65), QStringLiteral("65%"));
+}
+
+TEST(DecimalLabel, RoundsTheExactValueWithTiesToTheEvenDigit) {
+    EXPECT_EQ(decimalLabel(3, 1), QStringLiteral("3.0"));
+    EXPECT_EQ(decimalLabel(10, 1), QStringLiteral("10.0"));
+    EXPECT_EQ(decimalLabel(0.25, 1), QStringLiteral("0.2"));
+    EXPECT_EQ(decimalLabel(0.75, 1), QStringLiteral("0.8"));
+    EXPECT_EQ(decimalLabel(2.675, 2), QStringLiteral("2.67"));
+    EXPECT_EQ(decimalLabel(-1.5, 2), QStringLiteral("-1.50"));
 }
 
 }  // namespace
