@@ -90,6 +90,7 @@ HuffmanCode makeHuffmanCode(std::span<const std::uint32_t> counts, int longest) 
     std::stable_sort(symbols.begin(), symbols.end(),
                      [&](std::size_t left, std::size_t right) { return counts[left] < counts[right]; });
     std::vector<std::uint32_t> weights;
+    weights.reserve(symbols.size());
     for (const std::size_t symbol : symbols) {
         weights.push_back(std::max(1U, counts[symbol]));
     }
