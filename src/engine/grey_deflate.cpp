@@ -59,9 +59,10 @@ public:
     };
 
     /// The match for the pixel at `place`, of at most `limit` pixels; none when nothing worth it is known.
-    Match find(std::int64_t place, std::int64_t limit) const {
+    Match find(std::int64_t place, std::int64_t limit, std::int64_t hint) const {
         const std::uint8_t* values = m_residuals.values + place;
-        Match best = longest(m_eights[hash(loadWord<std::uint64_t>(values))], place, limit);
+        Match best;
+        if (hint >= 3) best = longest(m_eights[hash(loadWord<std::uint64_t>(values))], place, limit);
         if (best.pixels < 8) {
             best = longerOf(best, longest(m_fours[hash(loadWord<std::uint32_t>(values))], place, limit));
         }
@@ -79,28 +80,33 @@ public:
     /// Makes the pixel at `place` known.
     void insert(std::int64_t place) {
         const std::uint8_t* values = m_residuals.values + place;
-        const auto entry = static_cast<std::int32_t>(place);
-        m_singles[*values] = entry;
-        m_pairs[loadWord<std::uint16_t>(values)] = entry;
-        m_fours[hash(loadWord<std::uint32_t>(values))] = entry;
-        m_eights[hash(loadWord<std::uint64_t>(values))] = entry;
+        const auto low = static_cast<LowBits>(place);
+        m_singles[*values] = low;
+        m_pairs[loadWord<std::uint16_t>(values)] = low;
+        m_fours[hash(loadWord<std::uint32_t>(values))] = low;
+        m_eights[hash(loadWord<std::uint64_t>(values))] = low;
     }
 
 private:
+    /// Places are known by their low bits only, which is eight times as far as a match can reach. A stale one
+    /// points at other pixels, as a collision of hashes does.
+    using LowBits = std::uint16_t;
     static constexpr unsigned hashBits = 15;
-    static constexpr std::int32_t nowhere = -1;
-    using Table = std::vector<std::int32_t>;
+    template <std::size_t size>
+    using Table = std::array<LowBits, size>;
 
     static std::size_t hash(std::uint32_t word) { return (word * 0x9E3779B1U) >> (32U - hashBits); }
     static std::size_t hash(std::uint64_t word) { return (word * 0x9E3779B97F4A7C15U) >> (64U - hashBits); }
 
     static Match longerOf(Match left, Match right) { return right.pixels > left.pixels ? right : left; }
 
-    /// The match of `place` with the earlier place `candidate`, which does not leave the candidate's row.
-    Match longest(std::int32_t candidate, std::int64_t place, std::int64_t limit) const {
-        if (candidate == nowhere || (place - candidate) * bytesPerPixel >= farthestMatch) {
+    /// The match of `place` with the earlier place known by `low`, which does not leave that one's row.
+    Match longest(LowBits low, std::int64_t place, std::int64_t limit) const {
+        const auto back = static_cast<LowBits>(static_cast<LowBits>(place) - low);
+        if (back == 0 || back * bytesPerPixel >= farthestMatch) {
             return {};
         }
+        const std::int64_t candidate = place - back;
         const std::uint8_t* here = m_residuals.values + place;
         const std::uint8_t* there = m_residuals.values + candidate;
         std::int64_t length = 0;
@@ -120,7 +126,7 @@ private:
         const std::uint32_t row = static_cast<std::uint32_t>(candidate) / width;
         const std::uint32_t column = static_cast<std::uint32_t>(candidate) - row * width;
         const std::uint32_t rowHere = static_cast<std::uint32_t>(place) / width;
-        const std::int64_t distance = (place - candidate) * bytesPerPixel + rowHere - row;
+        const std::int64_t distance = back * bytesPerPixel + rowHere - row;
         if (distance > farthestMatch) {
             return {};
         }
@@ -128,10 +134,10 @@ private:
     }
 
     const GreyResiduals& m_residuals;
-    Table m_singles = Table(256, nowhere);
-    Table m_pairs = Table(65536, nowhere);
-    Table m_fours = Table(std::size_t{1} << hashBits, nowhere);
-    Table m_eights = Table(std::size_t{1} << hashBits, nowhere);
+    Table<256> m_singles{};
+    Table<65536> m_pairs{};
+    Table<std::size_t{1} << hashBits> m_fours{};
+    Table<std::size_t{1} << hashBits> m_eights{};
 };
 
 Tokens tokenize(const GreyResiduals& residuals) {
@@ -148,8 +154,9 @@ Tokens tokenize(const GreyResiduals& residuals) {
                                         residuals.values[first], residuals.firstAlphas[index]}) {
             result.addByte(byte);
         }
+        std::int64_t hint = 8;
         for (std::int64_t place = first + 1; place < end;) {
-            const MatchFinder::Match match = finder.find(place, std::min(longestMatch, end - place));
+            const MatchFinder::Match match = finder.find(place, std::min(longestMatch, end - place), hint); hint = match.pixels;
             if (match.pixels == 0) {
                 result.addPixel(residuals.values[place]);
                 finder.insert(place++);
