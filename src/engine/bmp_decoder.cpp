@@ -19,39 +19,39 @@ T valueAt(const QByteArray& bytes, qsizetype offset) {
     return qFromLittleEndian<T>(bytes.constData() + offset);
 }
 
-/// Follows run-length codes from `position` to the end-of-bitmap code or the last pixel of the last row.
-bool runsAreComplete(const QByteArray& bytes, qsizetype position, bool fourBits, std::int64_t width,
-                     std::int64_t height) {
+/// Follows run-length codes from `position`: whether they give every pixel of every row a value, and none
+/// outside. The decoder below leaves a pixel that is skipped to whatever the memory held before.
+bool runsFillEveryPixel(const QByteArray& bytes, qsizetype position, bool fourBits, std::int64_t width,
+                        std::int64_t height) {
     std::int64_t column = 0;
     std::int64_t row = 0;
     const auto byteAt = [&](qsizetype offset) { return static_cast<std::uint8_t>(bytes[offset]); };
     while (position + 1 < bytes.size()) {
         const std::uint8_t count = byteAt(position);
         const std::uint8_t code = byteAt(position + 1);
+        constexpr std::uint8_t endOfRow = 0;
+        constexpr std::uint8_t endOfBitmap = 1;
+        constexpr std::uint8_t jump = 2;
         position += 2;
         if (count > 0) {
             column += count;
-        } else if (code == 0) {
-            column = 0;
-            ++row;
-        } else if (code == 1) {
-            return true;
-        } else if (code == 2) {
-            if (position + 1 >= bytes.size()) {
+        } else if (code == endOfRow) {
+            if (column != width) {
                 return false;
             }
-            column += byteAt(position);
-            row += byteAt(position + 1);
-            position += 2;
+            column = 0;
+            ++row;
+        } else if (code == endOfBitmap || code == jump) {
+            return false;
         } else {
             column += code;
             const qsizetype length = fourBits ? (code + 1) / 2 : code;
             position += length + length % 2;
-            if (position > bytes.size()) {
-                return false;
-            }
         }
-        if (row >= height || (row == height - 1 && column >= width)) {
+        if (column > width || position > bytes.size()) {
+            return false;
+        }
+        if (row == height - 1 && column == width) {
             return true;
         }
     }
@@ -89,7 +89,7 @@ bool isComplete(const QByteArray& bytes) {
     constexpr std::uint32_t runLength8 = 1;
     constexpr std::uint32_t runLength4 = 2;
     if (compression == runLength8 || compression == runLength4) {
-        return runsAreComplete(bytes, pixelOffset, compression == runLength4, width, height);
+        return runsFillEveryPixel(bytes, pixelOffset, compression == runLength4, width, height);
     }
     const std::int64_t bytesPerRow = (width * bitsPerPixel + 31) / 32 * 4;
     return bytesPerRow * height <= bytes.size() - pixelOffset;
