@@ -1,6 +1,7 @@
 #include "image_decoder.h"
 
 #include "bmp_decoder.h"
+#include "jpeg_padding.h"
 #include "plain_png_decoder.h"
 #include "vips_decoder.h"
 
@@ -14,7 +15,7 @@ QImage decodeImage(const QByteArray& bytes) {
             return decodeBmp(bytes);
         }
         QImage plain = decodePlainPng(bytes);
-        return plain.isNull() ? decodeWithVips(bytes) : plain;
+        return plain.isNull() ? decodeWithVips(withoutJpegPadding(bytes).value_or(bytes)) : plain;
     } catch (const std::bad_alloc&) {
         return {};
     }
