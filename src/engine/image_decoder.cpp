@@ -1,7 +1,7 @@
 #include "image_decoder.h"
 
 #include "bmp_decoder.h"
-#include "jpeg_padding.h"
+#include "jpeg_decoder.h"
 #include "plain_png_decoder.h"
 #include "vips_decoder.h"
 
@@ -14,8 +14,11 @@ QImage decodeImage(const QByteArray& bytes) {
         if (isBmp(bytes)) {
             return decodeBmp(bytes);
         }
+        if (isJpeg(bytes)) {
+            return decodeJpeg(bytes);
+        }
         QImage plain = decodePlainPng(bytes);
-        return plain.isNull() ? decodeWithVips(withoutJpegPadding(bytes).value_or(bytes)) : plain;
+        return plain.isNull() ? decodeWithVips(bytes) : plain;
     } catch (const std::bad_alloc&) {
         return {};
     }

@@ -38,52 +38,53 @@ qsizetype nextMarker(const QByteArray& bytes, qsizetype position) {
     return position >= 0 ? position : bytes.size();
 }
 
-/// The length of `scan` without the zeros at its end, but for as many as its samples may end in themselves:
-/// the last bits are filled up with ones, so that one zero is rare and two hardly ever seen.
-qsizetype lengthWithoutZeros(QByteArrayView scan) {
-    constexpr qsizetype ownZeros = 2;
+/// `scan` without the zeros at its end. One behind 0xff is part of a sample.
+QByteArrayView withoutZeros(QByteArrayView scan) {
     qsizetype length = scan.size();
     while (length > 0 && scan[length - 1] == '\0') {
         --length;
     }
-    return std::min(scan.size(), length + ownZeros);
+    const bool endsInPrefix = length > 0 && scan[length - 1] == static_cast<char>(markerPrefix);
+    return scan.first(endsInPrefix ? std::min(scan.size(), length + 1) : length);
 }
 
 }  // namespace
 
-std::optional<QByteArray> withoutJpegPadding(const QByteArray& bytes) {
+JpegParts jpegParts(const QByteArray& bytes) {
     constexpr qsizetype markerSize = 2;
+    constexpr qsizetype lengthSize = 2;
     if (!isMarker(bytes, 0) || byteAt(bytes, 1) != startOfImage) {
-        return std::nullopt;
+        return {bytes, bytes};
     }
-    QByteArray clean = bytes.first(markerSize);
+    const QByteArrayView all(bytes);
+    JpegParts parts{bytes.first(markerSize), bytes.first(markerSize)};
+    const auto add = [&](QByteArrayView segment) {
+        parts.clean += segment;
+        parts.withoutZeros += segment;
+    };
     qsizetype position = markerSize;
-    bool hasPadding = false;
     while (position < bytes.size()) {
         const qsizetype marker = nextMarker(bytes, position);
-        hasPadding = hasPadding || marker > position;
-        if (marker + 2 * markerSize > bytes.size()) {
-            clean += QByteArrayView(bytes).sliced(marker);
-            break;
-        }
-        const std::uint8_t code = byteAt(bytes, marker + 1);
-        if (code == endOfImage) {
-            clean += QByteArrayView(bytes).sliced(marker);
+        if (marker + markerSize + lengthSize > bytes.size() || byteAt(bytes, marker + 1) == endOfImage) {
+            add(all.sliced(marker));
             break;
         }
         const qsizetype end =
             marker + markerSize + qFromBigEndian<std::uint16_t>(bytes.constData() + marker + markerSize);
-        position = code == startOfScan ? nextMarker(bytes, end) : end;
-        if (position > bytes.size()) {
-            return std::nullopt;
+        if (end > bytes.size()) {
+            add(all.sliced(marker));
+            break;
         }
-        clean += QByteArrayView(bytes).sliced(marker, end - marker);
-        const QByteArrayView scan = QByteArrayView(bytes).sliced(end, position - end);
-        const qsizetype scanLength = lengthWithoutZeros(scan);
-        hasPadding = hasPadding || scanLength < scan.size();
-        clean += scan.first(scanLength);
+        add(all.sliced(marker, end - marker));
+        position = end;
+        if (byteAt(bytes, marker + 1) == startOfScan) {
+            position = nextMarker(bytes, end);
+            const QByteArrayView scan = all.sliced(end, position - end);
+            parts.clean += scan;
+            parts.withoutZeros += withoutZeros(scan);
+        }
     }
-    return hasPadding ? std::optional(clean) : std::nullopt;
+    return parts;
 }
 
 }  // namespace quarlin

@@ -19,7 +19,7 @@ namespace {
 
 TEST_P(FailingDisk, RunningFullAtAnyFileKeepsTheOldOneAndTheNewOnesBefore) {
     makeOlderSet();
-    for (const rlim_t room : {0, 57}) {
+    for (const rlim_t room : {rlim_t{0}, rlim_t{57}}) {
         for (int moment = 0; moment < setNames().size(); ++moment) {
             std::optional<FullDisk> disk;
             if (moment == 0) {

@@ -86,7 +86,7 @@ TEST_P(KilledExport, LeavesWholeFilesAndAtMostOneHiddenOne) {
 
 TEST_P(KilledExport, InTheMiddleOfAFileLeavesTheOldOneWhole) {
     makeOlderSet();
-    for (const rlim_t bytes : {1, 100, 500, 1000}) {
+    for (const rlim_t bytes : {rlim_t{1}, rlim_t{100}, rlim_t{500}, rlim_t{1000}}) {
         killWithin(bytes);
         EXPECT_LE(takeTemporaryFile(), static_cast<qsizetype>(bytes));
         // The first file, the noise, is larger than any of these limits.
