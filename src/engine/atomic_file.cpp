@@ -12,6 +12,11 @@
 namespace quarlin {
 
 AtomicFile::AtomicFile(const QUrl& url) : m_target(url.toLocalFile()) {
+    // A name that is too long, or a link that leads nowhere but to itself, would come out only at the end.
+    std::error_code failure;
+    if (std::filesystem::status(localPath(url), failure).type() == std::filesystem::file_type::none) {
+        return;
+    }
     const QFileInfo old(m_target);
     if (old.exists()) {
         if (!old.isFile() || !old.isWritable()) {
