@@ -5,7 +5,7 @@
 #include "maps_command.h"
 #include "material_command.h"
 #include "option_parser.h"
-#include "report.h"
+#include "print.h"
 #include "standard_streams.h"
 #include "usage_error.h"
 
@@ -14,14 +14,6 @@
 namespace quarlin {
 
 namespace {
-
-ExitStatus print(const QString& text) {
-    if (!writeToStandardOutput(text)) {
-        writeToStandardError(programName() + QStringLiteral(": Could not write to the standard output\n"));
-        return ExitStatus::workFailed;
-    }
-    return ExitStatus::done;
-}
 
 ExitStatus fail(const QString& message) {
     writeToStandardError(message + u'\n');
@@ -41,8 +33,7 @@ ExitStatus runCommand(Command& command, const QStringList& words) {
         if (parseOptions(words, command.options()) == Request::help) {
             return print(commandHelp(command));
         }
-        const ExportResult result = command.run();
-        return print(command.reportsAsJSON() ? jsonReport(result) : textReport(result));
+        return command.run();
     } catch (const UsageError& error) {
         return reject(error, command.name());
     } catch (const CommandFailure& failure) {
