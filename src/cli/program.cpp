@@ -1,5 +1,6 @@
 #include "program.h"
 
+#include "check_command.h"
 #include "command_failure.h"
 #include "help_text.h"
 #include "maps_command.h"
@@ -46,7 +47,8 @@ ExitStatus runCommand(Command& command, const QStringList& words) {
 ExitStatus runProgram(const QStringList& words) {
     MaterialCommand material;
     MapsCommand maps;
-    const std::array<Command*, 2> commands{&material, &maps};
+    CheckCommand check;
+    const std::array<Command*, 3> commands{&material, &maps, &check};
 
     if (words.isEmpty()) {
         return reject(UsageError(QStringLiteral("A command is missing")), {});

@@ -26,6 +26,7 @@ TEST_F(Usage, HelpNamesTheCommands) {
     EXPECT_THAT(outcome.output, StartsWith("Usage: quarlin-cli COMMAND [OPTION...]\n"));
     EXPECT_THAT(outcome.output, HasSubstr("\n  material "));
     EXPECT_THAT(outcome.output, HasSubstr("\n  maps "));
+    EXPECT_THAT(outcome.output, HasSubstr("\n  check "));
 }
 
 struct CommandWords {
