@@ -1,16 +1,12 @@
 #include "program.h"
 
-#include "check_command.h"
 #include "command_failure.h"
+#include "commands.h"
 #include "help_text.h"
-#include "maps_command.h"
-#include "material_command.h"
 #include "option_parser.h"
 #include "print.h"
 #include "standard_streams.h"
 #include "usage_error.h"
-
-#include <array>
 
 namespace quarlin {
 
@@ -45,22 +41,19 @@ ExitStatus runCommand(Command& command, const QStringList& words) {
 }  // namespace
 
 ExitStatus runProgram(const QStringList& words) {
-    MaterialCommand material;
-    MapsCommand maps;
-    CheckCommand check;
-    const std::array<Command*, 3> commands{&material, &maps, &check};
+    const Commands commands;
 
     if (words.isEmpty()) {
         return reject(UsageError(QStringLiteral("A command is missing")), {});
     }
     const QString& first = words.first();
-    for (Command* command : commands) {
+    for (Command* command : commands.all()) {
         if (command->name() == first) {
             return runCommand(*command, words.mid(1));
         }
     }
     if (first == QStringLiteral("--help")) {
-        return print(programHelp(commands));
+        return print(programHelp(commands.all()));
     }
     if (first == QStringLiteral("--version")) {
         return print(programName() + QStringLiteral(" " QUARLIN_VERSION "\n"));
