@@ -1,6 +1,7 @@
 #include "png_encoder.h"
 
 #include "grey_deflate.h"
+#include "pixel_deflate.h"
 #include "png_filter.h"
 #include "premultiply.h"
 
@@ -13,7 +14,6 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <stdexcept>
 
 namespace quarlin {
 
@@ -178,28 +178,6 @@ std::uint32_t adlerOf(const GreyResiduals& residuals) {
     return adler;
 }
 
-/// Deflates `input` to `output` and returns the number of bytes written. The stream ends on a byte's edge,
-/// with nothing that a following band could refer to; the last band also ends the stream.
-std::size_t deflateBand(std::span<std::uint8_t> input, std::span<std::uint8_t> output, bool isLast) {
-    isal_zstream stream;
-    isal_deflate_init(&stream);
-    // Of the levels, this one is the fastest but for the lowest two and makes the smallest files of pixels.
-    PixelBuffer workspace(ISAL_DEF_LVL2_DEFAULT);
-    stream.level = 2;
-    stream.level_buf = workspace.data();
-    stream.level_buf_size = static_cast<std::uint32_t>(workspace.size());
-    stream.flush = FULL_FLUSH;
-    stream.end_of_stream = isLast ? 1 : 0;
-    stream.next_in = input.data();
-    stream.avail_in = static_cast<std::uint32_t>(input.size());
-    stream.next_out = output.data();
-    stream.avail_out = static_cast<std::uint32_t>(output.size());
-    if (isal_deflate(&stream) != COMP_OK || stream.avail_in != 0 || stream.avail_out == 0) {
-        throw std::logic_error("deflate needs more room than a band can take");
-    }
-    return output.size() - stream.avail_out;
-}
-
 }  // namespace
 
 PngEncoder::PngEncoder(std::int64_t width, std::int64_t height)
@@ -217,18 +195,19 @@ void PngEncoder::encodeBand(std::int64_t band, const std::uint8_t* rows) {
         return;
     }
 
-    PixelBuffer filtered(static_cast<std::size_t>(rowCount) * (rowSize + 1));
+    const FilteredRows layout{m_width, rowCount, nullptr};
+    constexpr std::size_t spare = 8;
+    PixelBuffer filtered(static_cast<std::size_t>(layout.bytes()) + spare, 0);
     StraightRows straight(rows, rowSize);
     RowFilter filter(bytesPerPixel, rowSize);
     for (std::int64_t index = 0; index < rowCount; ++index) {
         std::uint8_t* place = filtered.data() + static_cast<std::size_t>(index) * (rowSize + 1);
         *place = static_cast<std::uint8_t>(filter.apply(straight.row(index), {place + 1, rowSize}));
     }
-    // Incompressible data grow by five bytes per stored block of up to 65535.
-    PixelBuffer deflated(filtered.size() + filtered.size() / 1024 + 4096);
-    const std::size_t size = deflateBand(filtered, deflated, isLast(band));
-    storeBand(band, {deflated.data(), static_cast<qsizetype>(size)},
-              isal_adler32(1, filtered.data(), filtered.size()));
+    const FilteredRows filteredRows{m_width, rowCount, filtered.data()};
+    const PixelBuffer deflated = deflatePixels(filteredRows, isLast(band));
+    storeBand(band, {deflated.data(), static_cast<qsizetype>(deflated.size())},
+              isal_adler32(1, filtered.data(), static_cast<std::uint64_t>(filteredRows.bytes())));
 }
 
 void PngEncoder::encodeGreyBand(std::int64_t band, const std::uint8_t* grey) {
@@ -254,7 +233,7 @@ void PngEncoder::storeBand(std::int64_t band, QByteArrayView deflated, std::uint
     m_bands[static_cast<std::size_t>(band)] = {.chunk = makeChunk("IDAT", deflated), .adler = adler};
 }
 
-bool PngEncoder::writeTo(const std::function<bool(QByteArrayView)>& write) const {
+QByteArray PngEncoder::beginning() const {
     constexpr std::array<char, 8> signature{'\x89', 'P', 'N', 'G', '\r', '\n', '\x1A', '\n'};
     constexpr std::array<char, 5> eightBitRGBA{8, 6, 0, 0, 0};
     constexpr char perceptualIntent = 0;
@@ -264,23 +243,19 @@ bool PngEncoder::writeTo(const std::function<bool(QByteArrayView)>& write) const
     const QByteArray header = bigEndian(static_cast<quint32>(m_width)) +
                               bigEndian(static_cast<quint32>(m_height)) +
                               QByteArray(eightBitRGBA.data(), eightBitRGBA.size());
-    QByteArray beginning(signature.data(), signature.size());
-    beginning += makeChunk("IHDR", header);
-    beginning += makeChunk("sRGB", {&perceptualIntent, 1});
-    beginning += makeChunk("IDAT", {zlibHeader.data(), static_cast<qsizetype>(zlibHeader.size())});
-    if (!write(beginning)) {
-        return false;
-    }
+    return QByteArray(signature.data(), signature.size()) + makeChunk("IHDR", header) +
+           makeChunk("sRGB", {&perceptualIntent, 1}) +
+           makeChunk("IDAT", {zlibHeader.data(), static_cast<qsizetype>(zlibHeader.size())});
+}
+
+QByteArray PngEncoder::ending() const {
     uLong adler = adler32(0, nullptr, 0);
     for (std::int64_t index = 0; index < bands().count(); ++index) {
-        const Band& band = m_bands[static_cast<std::size_t>(index)];
-        if (!write(band.chunk)) {
-            return false;
-        }
         const std::int64_t size = bands()[index].count * (m_width * bytesPerPixel + 1);
-        adler = adler32_combine(adler, band.adler, static_cast<z_off_t>(size));
+        adler = adler32_combine(adler, m_bands[static_cast<std::size_t>(index)].adler,
+                                static_cast<z_off_t>(size));
     }
-    return write(makeChunk("IDAT", bigEndian(static_cast<quint32>(adler))) + makeChunk("IEND", {}));
+    return makeChunk("IDAT", bigEndian(static_cast<quint32>(adler))) + makeChunk("IEND", {});
 }
 
 }  // namespace quarlin
