@@ -12,7 +12,10 @@ class BitWriter {
 public:
     explicit BitWriter(std::span<std::uint8_t> room) : m_begin(room.data()), m_next(room.data()) {}
 
-    /// Adds the lowest `count` bits of `bits`, of which no others are set; at most 48 at once.
+    /// Up to seven bits are held back until they fill a byte; this many more fit a word with them.
+    static constexpr int mostAtOnce = 56;
+
+    /// Adds the lowest `count` bits of `bits`, of which no others are set; at most `mostAtOnce`.
     void add(std::uint64_t bits, int count) {
         m_held |= bits << static_cast<unsigned>(m_heldCount);
         m_heldCount += count;

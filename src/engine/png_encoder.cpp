@@ -1,6 +1,7 @@
 #include "png_encoder.h"
 
 #include "grey_deflate.h"
+#include "pixel_deflate.h"
 #include "png_filter.h"
 #include "premultiply.h"
 
@@ -13,7 +14,6 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <stdexcept>
 
 namespace quarlin {
 
@@ -178,28 +178,6 @@ std::uint32_t adlerOf(const GreyResiduals& residuals) {
     return adler;
 }
 
-/// Deflates `input` to `output` and returns the number of bytes written. The stream ends on a byte's edge,
-/// with nothing that a following band could refer to; the last band also ends the stream.
-std::size_t deflateBand(std::span<std::uint8_t> input, std::span<std::uint8_t> output, bool isLast) {
-    isal_zstream stream;
-    isal_deflate_init(&stream);
-    // Of the levels, this one is the fastest but for the lowest two and makes the smallest files of pixels.
-    PixelBuffer workspace(ISAL_DEF_LVL2_DEFAULT);
-    stream.level = 2;
-    stream.level_buf = workspace.data();
-    stream.level_buf_size = static_cast<std::uint32_t>(workspace.size());
-    stream.flush = FULL_FLUSH;
-    stream.end_of_stream = isLast ? 1 : 0;
-    stream.next_in = input.data();
-    stream.avail_in = static_cast<std::uint32_t>(input.size());
-    stream.next_out = output.data();
-    stream.avail_out = static_cast<std::uint32_t>(output.size());
-    if (isal_deflate(&stream) != COMP_OK || stream.avail_in != 0 || stream.avail_out == 0) {
-        throw std::logic_error("deflate needs more room than a band can take");
-    }
-    return output.size() - stream.avail_out;
-}
-
 }  // namespace
 
 PngEncoder::PngEncoder(std::int64_t width, std::int64_t height)
@@ -217,18 +195,19 @@ void PngEncoder::encodeBand(std::int64_t band, const std::uint8_t* rows) {
         return;
     }
 
-    PixelBuffer filtered(static_cast<std::size_t>(rowCount) * (rowSize + 1));
+    const FilteredRows layout{m_width, rowCount, nullptr};
+    constexpr std::size_t spare = 8;
+    PixelBuffer filtered(static_cast<std::size_t>(layout.bytes()) + spare, 0);
     StraightRows straight(rows, rowSize);
     RowFilter filter(bytesPerPixel, rowSize);
     for (std::int64_t index = 0; index < rowCount; ++index) {
         std::uint8_t* place = filtered.data() + static_cast<std::size_t>(index) * (rowSize + 1);
         *place = static_cast<std::uint8_t>(filter.apply(straight.row(index), {place + 1, rowSize}));
     }
-    // Incompressible data grow by five bytes per stored block of up to 65535.
-    PixelBuffer deflated(filtered.size() + filtered.size() / 1024 + 4096);
-    const std::size_t size = deflateBand(filtered, deflated, isLast(band));
-    storeBand(band, {deflated.data(), static_cast<qsizetype>(size)},
-              isal_adler32(1, filtered.data(), filtered.size()));
+    const FilteredRows filteredRows{m_width, rowCount, filtered.data()};
+    const PixelBuffer deflated = deflatePixels(filteredRows, isLast(band));
+    storeBand(band, {deflated.data(), static_cast<qsizetype>(deflated.size())},
+              isal_adler32(1, filtered.data(), static_cast<std::uint64_t>(filteredRows.bytes())));
 }
 
 void PngEncoder::encodeGreyBand(std::int64_t band, const std::uint8_t* grey) {

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+
+namespace quarlin {
+
+/// The bytes at any place as one number.
+template <typename Word>
+Word loadWord(const std::uint8_t* place) {
+    Word word;
+    std::memcpy(&word, place, sizeof word);
+    return word;
+}
+
+}  // namespace quarlin
