@@ -2,8 +2,9 @@
 
 #include "generated_bands.h"
 #include "measured.h"
+#include "parallel.h"
 #include "photograph.h"
-#include "png_file.h"
+#include "png_encoder.h"
 
 namespace quarlin::bench {
 
@@ -16,11 +17,10 @@ const GeneratedBand& maps() {
 }
 
 void reportSize(benchmark::State& state, const PngEncoder& png) {
-    std::int64_t size = 0;
-    png.writeTo([&](QByteArrayView bytes) {
-        size += bytes.size();
-        return true;
-    });
+    qsizetype size = png.beginning().size() + png.ending().size();
+    for (std::int64_t band = 0; band < png.bands().count(); ++band) {
+        size += png.chunk(band).size();
+    }
     state.counters["file_bytes"] = static_cast<double>(size);
 }
 
@@ -47,7 +47,11 @@ void encodeColour(benchmark::State& state, const std::uint8_t* rows) {
 void encodeWhole(benchmark::State& state) {
     const PixelImage& image = largePhotograph();
     for (auto _ : state) {
-        const PngEncoder png = encodePng(image.width, image.height, rowsOf(image));
+        PngEncoder png(image.width, image.height);
+        const RowBands bands = png.bands();
+        forEachInParallel(bands.count(), [&](std::int64_t band) {
+            png.encodeBand(band, ImageView(image).row(bands[band].first));
+        });
         state.PauseTiming();
         reportSize(state, png);
         state.ResumeTiming();

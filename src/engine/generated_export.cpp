@@ -12,55 +12,52 @@ namespace quarlin {
 
 namespace {
 
-/// One image of a generated set on its way to its file.
-struct MapFile {
-    using Encode = std::function<void(PngEncoder& png, std::int64_t index, const GeneratedBand& band)>;
+/// Encodes one band of a map into its file.
+using EncodeMap = std::function<void(PngFile& file, std::int64_t index, const GeneratedBand& band)>;
 
-    QString name;
-    /// Encodes one band of the map.
-    Encode encode;
-    PngEncoder png;
-};
-
-MapFile::Encode greyMap(PixelBuffer GeneratedBand::*map) {
-    return [map](PngEncoder& png, std::int64_t index, const GeneratedBand& band) {
-        png.encodeGreyBand(index, (band.*map).data());
+EncodeMap greyMap(PixelBuffer GeneratedBand::*map) {
+    return [map](PngFile& file, std::int64_t index, const GeneratedBand& band) {
+        file.encodeGreyBand(index, (band.*map).data());
     };
 }
 
-/// The images that `settings` ask for, in writing order, encoded. Each band of the source is turned into its
-/// maps, and these into their part of the files, before the next: no map is ever held whole.
-std::vector<MapFile> encodeMaps(const ImageView& source, const NormalOutputNames& names,
-                                const NormalGeneratorSettings& settings) {
-    std::vector<MapFile> files;
-    const auto add = [&](bool isWanted, const QString& name, const MapFile::Encode& encode) {
+/// Adds the images that `settings` ask for to `files`, in writing order, and encodes them. Each band of the
+/// source is turned into its maps, and these into their part of the files, before the next: no map is ever
+/// held whole.
+void encodeMaps(const ImageView& source, const NormalOutputNames& names,
+                const NormalGeneratorSettings& settings, PngFileSet& files) {
+    struct Map {
+        PngFile& file;
+        EncodeMap encode;
+    };
+    std::vector<Map> maps;
+    const auto add = [&](bool isWanted, const QString& name, const EncodeMap& encode) {
         if (isWanted) {
-            files.push_back({name, encode, PngEncoder(source.width, source.height)});
+            maps.push_back({files.add(name), encode});
         }
     };
-    add(true, names.baseColor(), [&source](PngEncoder& png, std::int64_t index, const GeneratedBand& band) {
-        png.encodeBand(index, source.row(band.rows.first));
+    add(true, names.baseColor(), [&source](PngFile& file, std::int64_t index, const GeneratedBand& band) {
+        file.encodeBand(index, source.row(band.rows.first));
     });
-    add(true, names.normal(), [](PngEncoder& png, std::int64_t index, const GeneratedBand& band) {
-        png.encodeBand(index, band.normal.data());
+    add(true, names.normal(), [](PngFile& file, std::int64_t index, const GeneratedBand& band) {
+        file.encodeBand(index, band.normal.data());
     });
     add(settings.exportHeight, names.height(), greyMap(&GeneratedBand::height));
     add(settings.exportRoughness, names.roughness(), greyMap(&GeneratedBand::roughness));
     add(settings.exportGloss, names.gloss(), greyMap(&GeneratedBand::gloss));
     add(settings.exportMetallic, names.metallic(), greyMap(&GeneratedBand::metallic));
     add(settings.exportAO, names.occlusion(), greyMap(&GeneratedBand::occlusion));
-    add(settings.exportORM, names.orm(), [](PngEncoder& png, std::int64_t index, const GeneratedBand& band) {
-        png.encodeBand(index, ormPixels(band).data());
+    add(settings.exportORM, names.orm(), [](PngFile& file, std::int64_t index, const GeneratedBand& band) {
+        file.encodeBand(index, ormPixels(band).data());
     });
 
-    const RowBands bands = files.front().png.bands();
+    const RowBands bands = files.bands();
     forEachInParallel(bands.count(), [&](std::int64_t index) {
         const GeneratedBand band = generateBand(source, settings, bands[index]);
-        for (MapFile& file : files) {
-            file.encode(file.png, index, band);
+        for (const Map& map : maps) {
+            map.encode(map.file, index, band);
         }
     });
-    return files;
 }
 
 }  // namespace
@@ -84,10 +81,9 @@ ExportResult TextureProcessor::exportGeneratedNormalSet(const std::optional<Text
     const QImage rendered = renderTexture(*source, size.width, size.height);
 
     ExportResult result{folder, {}};
-    for (const MapFile& file : encodeMaps(ImageView(rendered), names, settings)) {
-        writePngFile(file.png, fileIn(folder, file.name));
-        result.files += file.name;
-    }
+    PngFileSet images(folder, size.width, size.height);
+    encodeMaps(ImageView(rendered), names, settings, images);
+    images.commit(result.files);
     const auto writeText = [&](const QByteArray& text, const QString& name) {
         writeTextFile(text, fileIn(folder, name));
         result.files += name;

@@ -59,10 +59,14 @@ public:
     };
 
     /// The match for the pixel at `place`, of at most `limit` pixels; none when nothing worth it is known.
-    Match find(std::int64_t place, std::int64_t limit, std::int64_t hint) const {
+    /// `lastMatch` is how many pixels the match before it had: behind short ones, long ones are rare.
+    Match find(std::int64_t place, std::int64_t limit, std::int64_t lastMatch) const {
         const std::uint8_t* values = m_residuals.values + place;
+        constexpr std::int64_t promising = 3;
         Match best;
-        if (hint >= 3) best = longest(m_eights[hash(loadWord<std::uint64_t>(values))], place, limit);
+        if (lastMatch >= promising) {
+            best = longest(m_eights[hash(loadWord<std::uint64_t>(values))], place, limit);
+        }
         if (best.pixels < 8) {
             best = longerOf(best, longest(m_fours[hash(loadWord<std::uint32_t>(values))], place, limit));
         }
@@ -127,7 +131,9 @@ private:
         const std::uint32_t column = static_cast<std::uint32_t>(candidate) - row * width;
         const std::uint32_t rowHere = static_cast<std::uint32_t>(place) / width;
         const std::int64_t distance = back * bytesPerPixel + rowHere - row;
-        if (distance > farthestMatch) {
+        // The first pixel of a row, whose alpha may differ, was never made known: only a place that is stale
+        // or was never set points there.
+        if (distance > farthestMatch || column == 0) {
             return {};
         }
         return {std::min({length, limit, static_cast<std::int64_t>(width - column)}), distance};
@@ -154,9 +160,11 @@ Tokens tokenize(const GreyResiduals& residuals) {
                                         residuals.values[first], residuals.firstAlphas[index]}) {
             result.addByte(byte);
         }
-        std::int64_t hint = 8;
+        std::int64_t lastMatch = longestMatch;
         for (std::int64_t place = first + 1; place < end;) {
-            const MatchFinder::Match match = finder.find(place, std::min(longestMatch, end - place), hint); hint = match.pixels;
+            const MatchFinder::Match match =
+                finder.find(place, std::min(longestMatch, end - place), lastMatch);
+            lastMatch = match.pixels;
             if (match.pixels == 0) {
                 result.addPixel(residuals.values[place]);
                 finder.insert(place++);

@@ -61,7 +61,12 @@ void TextureProcessor::writePNG(const PixelImage& image, const QUrl& url) const 
     if (!isImage(image)) {
         throw TextureProcessorError::cannotCreatePNG(url);
     }
-    writePngFile(encodePng(image.width, image.height, rowsOf(image)), url);
+    PngFile file(image.width, image.height, url);
+    const RowBands bands = file.bands();
+    forEachInParallel(bands.count(), [&](std::int64_t band) {
+        file.encodeBand(band, ImageView(image).row(bands[band].first));
+    });
+    file.commit();
 }
 
 }  // namespace quarlin

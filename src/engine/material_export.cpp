@@ -1,9 +1,43 @@
 #include "export_folder.h"
 #include "file_names.h"
 #include "material_inputs.h"
+#include "png_file.h"
 #include "texture_processor.h"
 
+#include <exception>
+#include <vector>
+
 namespace quarlin {
+
+namespace {
+
+/// Writes the images of the set. An input that could not be read is reported when its image's turn comes:
+/// those before it are written.
+void writeImages(const MaterialInputs& inputs, const ConversionSettings& settings, const OutputNames& names,
+                 ExportResult& result) {
+    PngFileSet files(result.folderURL, inputs.size().width, inputs.size().height);
+    std::vector<RowSource> images;
+    std::exception_ptr failure;
+    try {
+        images.push_back(rowsOf(ImageView(*inputs.texture(TextureSlotKind::baseColor))));
+        files.add(names.baseColor());
+        images.push_back(ormRows(inputs, settings));
+        files.add(names.orm());
+        if (const QImage* normal = inputs.texture(TextureSlotKind::normal)) {
+            images.push_back(conditionedNormalRows(*normal, settings));
+            files.add(names.normal());
+        }
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    files.encode(images);
+    files.commit(result.files);
+    if (failure) {
+        std::rethrow_exception(failure);
+    }
+}
+
+}  // namespace
 
 ExportResult TextureProcessor::exportMaterialSet(const TextureMap& textures,
                                                  const ConversionSettings& settings,
@@ -21,22 +55,12 @@ ExportResult TextureProcessor::exportMaterialSet(const TextureMap& textures,
     const MaterialInputs inputs(textures, {slots.begin(), slots.end()}, size);
 
     ExportResult result{folder, {}};
-    const auto writeImage = [&](const RowSource& rows, const QString& name) {
-        writePngFile(encodePng(size.width, size.height, rows), fileIn(folder, name));
-        result.files += name;
-    };
+    const bool hasNormal = textures.contains(TextureSlotKind::normal);
+    writeImages(inputs, settings, names, result);
     const auto writeText = [&](const QByteArray& text, const QString& name) {
         writeTextFile(text, fileIn(folder, name));
         result.files += name;
     };
-
-    writeImage(rowsOf(ImageView(*inputs.texture(TextureSlotKind::baseColor))), names.baseColor());
-    writeImage(ormRows(inputs, settings), names.orm());
-    const QImage* normal = inputs.texture(TextureSlotKind::normal);
-    if (normal != nullptr) {
-        writeImage(conditionedNormalRows(*normal, settings), names.normal());
-    }
-    const bool hasNormal = normal != nullptr;
     if (settings.exportGLTF) {
         writeText(makeGLTFData(names, settings, hasNormal), names.gltf());
     }

@@ -1,17 +1,16 @@
 #include "plain_png_decoder.h"
 
 #include "image_view.h"
+#include "inflate_stream.h"
 #include "png_unfilter.h"
 #include "store_pixels.h"
 
 #include <QtEndian>
 
 #include <isa-l/crc.h>
-#include <libdeflate.h>
 
 #include <algorithm>
 #include <array>
-#include <memory>
 #include <optional>
 #include <string_view>
 
@@ -86,46 +85,44 @@ std::optional<Header> readHeader(const Chunk& chunk) {
 
 struct PlainPng {
     Header header;
-    /// The zlib stream: where it stands when it is in one chunk, else put together in `joined`.
-    QByteArrayView stream;
-    QByteArray joined;
+    /// The zlib stream, as the chunks cut it.
+    InflateStream::Pieces stream;
+
+    bool mayHoldItsPixels() const {
+        // Deflate makes nothing smaller than this; a header that claims more is not worth allocating for.
+        constexpr std::size_t largestRatio = 1032;
+        std::size_t streamSize = 0;
+        for (const QByteArrayView piece : stream) {
+            streamSize += static_cast<std::size_t>(piece.size());
+        }
+        return header.filteredSize() / largestRatio <= streamSize;
+    }
 };
 
-std::optional<PlainPng> readPlainPng(const QByteArray& bytes) {
+std::optional<PlainPng> readPlainPng(QByteArrayView bytes) {
     constexpr std::string_view signature("\x89PNG\r\n\x1A\n", 8);
     if (!bytes.startsWith(QByteArrayView(signature.data(), signature.size()))) {
         return std::nullopt;
     }
-    QByteArrayView rest = QByteArrayView(bytes).sliced(signature.size());
+    QByteArrayView rest = bytes.sliced(signature.size());
     const std::optional<Chunk> first = takeChunk(rest);
     const std::optional<Header> header = first ? readHeader(*first) : std::nullopt;
     if (!header) {
         return std::nullopt;
     }
-    PlainPng png{*header, {}, {}};
+    PlainPng png{*header, {}};
     bool pixelsHaveEnded = false;
     while (const std::optional<Chunk> chunk = takeChunk(rest)) {
         if (chunk->type == "IEND") {
-            if (!png.joined.isEmpty()) {
-                png.stream = png.joined;
-            }
             return png;
         }
         if (chunk->type == "IDAT") {
             if (pixelsHaveEnded) {
                 return std::nullopt;
             }
-            if (png.stream.isEmpty()) {
-                png.stream = chunk->data;
-            } else {
-                if (png.joined.isEmpty()) {
-                    png.joined.reserve(bytes.size());
-                    png.joined.append(png.stream);
-                }
-                png.joined.append(chunk->data);
-            }
+            png.stream.push_back(chunk->data);
         } else {
-            pixelsHaveEnded = !png.stream.isEmpty();
+            pixelsHaveEnded = !png.stream.empty();
             if (!isWithoutEffect(*chunk)) {
                 return std::nullopt;
             }
@@ -134,65 +131,59 @@ std::optional<PlainPng> readPlainPng(const QByteArray& bytes) {
     return std::nullopt;
 }
 
-/// The filtered rows, or nothing when the stream is damaged or of another length.
-PixelBuffer inflated(const PlainPng& png) {
-    // Deflate makes nothing smaller than this; a header that claims more is not worth allocating for.
-    constexpr std::size_t largestRatio = 1032;
-    const std::size_t size = png.header.filteredSize();
-    const auto streamSize = static_cast<std::size_t>(png.stream.size());
-    if (size / largestRatio > streamSize) {
-        return {};
-    }
-    const std::unique_ptr<libdeflate_decompressor, decltype(&libdeflate_free_decompressor)> decompressor(
-        libdeflate_alloc_decompressor(), &libdeflate_free_decompressor);
-    PixelBuffer filtered(size);
-    std::size_t written = 0;
-    const libdeflate_result result = libdeflate_zlib_decompress(decompressor.get(), png.stream.data(),
-                                                                streamSize, filtered.data(), size, &written);
-    return result == LIBDEFLATE_SUCCESS && written == size ? filtered : PixelBuffer();
-}
-
+/// Inflates and turns back a few rows at a time, so that they are still in the processor's cache when they
+/// become pixels.
 template <int samples>
-QImage decodeRows(const Header& header, PixelBuffer& filtered) {
+QImage decodeRows(const PlainPng& png) {
+    const Header& header = png.header;
     QImage image(static_cast<int>(header.width), static_cast<int>(header.height), pixelFormat);
     if (image.isNull()) {
         return {};
     }
-    std::uint8_t* output = image.bits();
+    constexpr std::size_t bytesAtOnce = std::size_t{1} << 17;
     const std::size_t rowSize = header.rowSize();
-    const PixelBuffer zeros(rowSize, 0);
-    const std::uint8_t* above = zeros.data();
-    std::uint8_t* row = filtered.data();
-    for (std::int64_t y = 0; y < header.height; ++y) {
-        const std::uint8_t filter = *row++;
-        if (!unfilterPngRow<samples>(filter, {row, rowSize}, above)) {
+    const std::int64_t rowsAtOnce =
+        std::clamp<std::int64_t>(static_cast<std::int64_t>(bytesAtOnce / (rowSize + 1)), 1, header.height);
+    PixelBuffer filtered(static_cast<std::size_t>(rowsAtOnce) * (rowSize + 1) + unfilterSpare);
+    PixelBuffer above(rowSize + unfilterSpare, 0);
+    InflateStream stream(png.stream);
+    std::uint8_t* output = image.bits();
+    for (std::int64_t y = 0; y < header.height; y += rowsAtOnce) {
+        const auto rows = static_cast<std::size_t>(std::min(rowsAtOnce, header.height - y));
+        if (!stream.read({filtered.data(), rows * (rowSize + 1)})) {
             return {};
         }
-        storePixels<std::uint8_t, samples>(row, header.width, output);
-        output += header.width * bytesPerPixel;
-        above = row;
-        row += rowSize;
+        const std::uint8_t* rowAbove = above.data();
+        for (std::uint8_t* row = filtered.data() + 1; row < filtered.data() + rows * (rowSize + 1);
+             row += rowSize + 1) {
+            if (!unfilterPngRow<samples>(row[-1], {row, rowSize}, rowAbove)) {
+                return {};
+            }
+            storePixels<std::uint8_t, samples>(row, header.width, output);
+            output += header.width * bytesPerPixel;
+            rowAbove = row;
+        }
+        std::copy_n(rowAbove, rowSize, above.begin());
     }
-    return image;
+    return stream.hasEnded() ? image : QImage();
 }
 
 }  // namespace
 
 QImage decodePlainPng(const QByteArray& bytes) {
     const std::optional<PlainPng> png = readPlainPng(bytes);
-    PixelBuffer filtered = png ? inflated(*png) : PixelBuffer();
-    if (filtered.empty()) {
+    if (!png || !png->mayHoldItsPixels()) {
         return {};
     }
     switch (png->header.samples) {
         case 1:
-            return decodeRows<1>(png->header, filtered);
+            return decodeRows<1>(*png);
         case 2:
-            return decodeRows<2>(png->header, filtered);
+            return decodeRows<2>(*png);
         case 3:
-            return decodeRows<3>(png->header, filtered);
+            return decodeRows<3>(*png);
         default:
-            return decodeRows<4>(png->header, filtered);
+            return decodeRows<4>(*png);
     }
 }
 

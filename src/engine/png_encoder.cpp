@@ -233,7 +233,7 @@ void PngEncoder::storeBand(std::int64_t band, QByteArrayView deflated, std::uint
     m_bands[static_cast<std::size_t>(band)] = {.chunk = makeChunk("IDAT", deflated), .adler = adler};
 }
 
-bool PngEncoder::writeTo(const std::function<bool(QByteArrayView)>& write) const {
+QByteArray PngEncoder::beginning() const {
     constexpr std::array<char, 8> signature{'\x89', 'P', 'N', 'G', '\r', '\n', '\x1A', '\n'};
     constexpr std::array<char, 5> eightBitRGBA{8, 6, 0, 0, 0};
     constexpr char perceptualIntent = 0;
@@ -243,23 +243,19 @@ bool PngEncoder::writeTo(const std::function<bool(QByteArrayView)>& write) const
     const QByteArray header = bigEndian(static_cast<quint32>(m_width)) +
                               bigEndian(static_cast<quint32>(m_height)) +
                               QByteArray(eightBitRGBA.data(), eightBitRGBA.size());
-    QByteArray beginning(signature.data(), signature.size());
-    beginning += makeChunk("IHDR", header);
-    beginning += makeChunk("sRGB", {&perceptualIntent, 1});
-    beginning += makeChunk("IDAT", {zlibHeader.data(), static_cast<qsizetype>(zlibHeader.size())});
-    if (!write(beginning)) {
-        return false;
-    }
+    return QByteArray(signature.data(), signature.size()) + makeChunk("IHDR", header) +
+           makeChunk("sRGB", {&perceptualIntent, 1}) +
+           makeChunk("IDAT", {zlibHeader.data(), static_cast<qsizetype>(zlibHeader.size())});
+}
+
+QByteArray PngEncoder::ending() const {
     uLong adler = adler32(0, nullptr, 0);
     for (std::int64_t index = 0; index < bands().count(); ++index) {
-        const Band& band = m_bands[static_cast<std::size_t>(index)];
-        if (!write(band.chunk)) {
-            return false;
-        }
         const std::int64_t size = bands()[index].count * (m_width * bytesPerPixel + 1);
-        adler = adler32_combine(adler, band.adler, static_cast<z_off_t>(size));
+        adler = adler32_combine(adler, m_bands[static_cast<std::size_t>(index)].adler,
+                                static_cast<z_off_t>(size));
     }
-    return write(makeChunk("IDAT", bigEndian(static_cast<quint32>(adler))) + makeChunk("IEND", {}));
+    return makeChunk("IDAT", bigEndian(static_cast<quint32>(adler))) + makeChunk("IEND", {});
 }
 
 }  // namespace quarlin

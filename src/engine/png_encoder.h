@@ -6,7 +6,6 @@
 #include <QByteArray>
 
 #include <cstdint>
-#include <functional>
 #include <vector>
 
 namespace quarlin {
@@ -29,9 +28,12 @@ public:
     /// Encodes an opaque grey band from one byte a pixel; gives what `encodeBand` gives for the same pixels.
     void encodeGreyBand(std::int64_t band, const std::uint8_t* grey);
 
-    /// Once every band is encoded: hands the file to `write` piece by piece, in order, until it returns
-    /// false. Returns whether all was taken.
-    bool writeTo(const std::function<bool(QByteArrayView)>& write) const;
+    /// What stands before the bands in the file.
+    QByteArray beginning() const;
+    /// What an encoded band takes in the file, which is made of the chunks of all bands in order.
+    const QByteArray& chunk(std::int64_t band) const { return m_bands[static_cast<std::size_t>(band)].chunk; }
+    /// Once every band is encoded: what stands behind them.
+    QByteArray ending() const;
 
 private:
     void storeBand(std::int64_t band, QByteArrayView deflated, std::uint32_t adler);

@@ -1,7 +1,9 @@
 #include "png_file.h"
 
-#include "atomic_file.h"
+#include "file_names.h"
 #include "texture_processor_error.h"
+
+#include <utility>
 
 namespace quarlin {
 
@@ -9,23 +11,85 @@ RowSource rowsOf(const ImageView& image) {
     return [image](RowRange rows, PixelBuffer&) { return image.row(rows.first); };
 }
 
-PngEncoder encodePng(std::int64_t width, std::int64_t height, const RowSource& rows) {
-    PngEncoder png(width, height);
-    const RowBands bands = png.bands();
-    forEachInParallel(bands.count(), [&](std::int64_t band) {
-        PixelBuffer scratch;
-        png.encodeBand(band, rows(bands[band], scratch));
-    });
-    return png;
+PngFile::PngFile(std::int64_t width, std::int64_t height, const QUrl& url)
+    : m_png(width, height),
+      m_url(url),
+      m_draft(std::make_unique<AtomicFile>(url)),
+      m_isEncoded(static_cast<std::size_t>(bands().count())) {
+    if (!m_draft->isOpen() || !m_draft->write(m_png.beginning())) {
+        dropDraft();
+    }
 }
 
-void writePngFile(const PngEncoder& png, const QUrl& url) {
-    AtomicFile file(url);
-    if (!file.isOpen()) {
-        throw TextureProcessorError::cannotCreatePNG(url);
+void PngFile::encodeBand(std::int64_t band, const std::uint8_t* rows) {
+    m_png.encodeBand(band, rows);
+    extendDraft(band);
+}
+
+void PngFile::encodeGreyBand(std::int64_t band, const std::uint8_t* grey) {
+    m_png.encodeGreyBand(band, grey);
+    extendDraft(band);
+}
+
+void PngFile::extendDraft(std::int64_t band) {
+    const std::lock_guard lock(m_mutex);
+    m_isEncoded[static_cast<std::size_t>(band)] = true;
+    while (m_draft && m_drafted < bands().count() && m_isEncoded[static_cast<std::size_t>(m_drafted)]) {
+        if (!m_draft->write(m_png.chunk(m_drafted++))) {
+            dropDraft();
+        }
     }
-    if (!png.writeTo([&](QByteArrayView bytes) { return file.write(bytes); }) || !file.commit()) {
-        throw TextureProcessorError::cannotWritePNG(url);
+}
+
+void PngFile::commit() {
+    if (m_draft && m_draft->write(m_png.ending()) && m_draft->commit()) {
+        return;
+    }
+    // The draft may have failed only because others took the room: what counts is this file by itself.
+    dropDraft();
+    AtomicFile file(m_url);
+    if (!file.isOpen()) {
+        throw TextureProcessorError::cannotCreatePNG(m_url);
+    }
+    bool isWritten = file.write(m_png.beginning());
+    for (std::int64_t band = 0; isWritten && band < bands().count(); ++band) {
+        isWritten = file.write(m_png.chunk(band));
+    }
+    if (!isWritten || !file.write(m_png.ending()) || !file.commit()) {
+        throw TextureProcessorError::cannotWritePNG(m_url);
+    }
+}
+
+PngFileSet::PngFileSet(QUrl folder, std::int64_t width, std::int64_t height)
+    : m_folder(std::move(folder)), m_width(width), m_height(height) {}
+
+PngFile& PngFileSet::add(const QString& name) {
+    m_names += name;
+    return m_files.emplace_back(m_width, m_height, fileIn(m_folder, name));
+}
+
+RowBands PngFileSet::bands() const { return PngEncoder(m_width, m_height).bands(); }
+
+void PngFileSet::encode(const std::vector<RowSource>& images) {
+    const RowBands cut = bands();
+    forEachInParallel(cut.count() * static_cast<std::int64_t>(images.size()), [&](std::int64_t index) {
+        const auto image = static_cast<std::size_t>(index / cut.count());
+        const std::int64_t band = index % cut.count();
+        PixelBuffer scratch;
+        m_files[image].encodeBand(band, images[image](cut[band], scratch));
+    });
+}
+
+void PngFileSet::commit(QStringList& written) {
+    for (std::size_t index = 0; index < m_files.size(); ++index) {
+        if (!m_files[index].hasDraft()) {
+            // Where room is short, what is written first has the first claim to it.
+            for (std::size_t later = index; later < m_files.size(); ++later) {
+                m_files[later].dropDraft();
+            }
+        }
+        m_files[index].commit();
+        written += m_names[static_cast<qsizetype>(index)];
     }
 }
 

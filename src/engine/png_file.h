@@ -1,11 +1,17 @@
 #pragma once
 
+#include "atomic_file.h"
 #include "image_view.h"
 #include "png_encoder.h"
 
+#include <QStringList>
 #include <QUrl>
 
+#include <deque>
 #include <functional>
+#include <memory>
+#include <mutex>
+#include <vector>
 
 namespace quarlin {
 
@@ -16,11 +22,66 @@ using RowSource = std::function<const std::uint8_t*(RowRange rows, PixelBuffer& 
 /// The rows of an image that exists already. `image` must outlive the source.
 RowSource rowsOf(const ImageView& image);
 
-/// Encodes an image on all cores.
-PngEncoder encodePng(std::int64_t width, std::int64_t height, const RowSource& rows);
+/// A PNG file in the making. Its bands are encoded on any thread and in any order; a draft of the file,
+/// hidden in its folder, grows by each of them as soon as those before it are there, so that little is left
+/// to do when the last one comes.
+class PngFile {
+public:
+    PngFile(std::int64_t width, std::int64_t height, const QUrl& url);
 
-/// Writes an encoded image, whole or not at all. Throws `cannotCreatePNG` when the file can't be opened for
-/// writing, `cannotWritePNG` when it can't be completed.
-void writePngFile(const PngEncoder& png, const QUrl& url);
+    /// How the image is cut.
+    RowBands bands() const { return m_png.bands(); }
+
+    /// As those of `PngEncoder`.
+    void encodeBand(std::int64_t band, const std::uint8_t* rows);
+    void encodeGreyBand(std::int64_t band, const std::uint8_t* grey);
+
+    /// Once every band is encoded: whether the draft holds all of the file.
+    bool hasDraft() const { return m_draft != nullptr; }
+    /// Gives up the draft and the room that it takes.
+    void dropDraft() { m_draft.reset(); }
+
+    /// Once every band is encoded: gives the file its name, whole or not at all, and writes it first where
+    /// there is no draft. Throws `cannotCreatePNG` when the file can't be opened for writing,
+    /// `cannotWritePNG` when it can't be completed.
+    void commit();
+
+private:
+    void extendDraft(std::int64_t band);
+
+    PngEncoder m_png;
+    QUrl m_url;
+    std::mutex m_mutex;
+    std::unique_ptr<AtomicFile> m_draft;
+    /// Which bands are encoded, and how many of them the draft holds.
+    std::vector<bool> m_isEncoded;
+    std::int64_t m_drafted = 0;
+};
+
+/// The PNG files of one export, all of one size, made side by side and put in place one after the other.
+class PngFileSet {
+public:
+    PngFileSet(QUrl folder, std::int64_t width, std::int64_t height);
+
+    /// Adds a file behind the others.
+    PngFile& add(const QString& name);
+
+    /// How each of the images is cut.
+    RowBands bands() const;
+
+    /// Encodes the images of which these are the rows, one for each file in order, on all cores.
+    void encode(const std::vector<RowSource>& images);
+
+    /// Once every image is encoded: gives the files their names in order, and adds each name to `written`.
+    /// Throws what the first failing `PngFile::commit` throws, and then leaves the files behind it unwritten.
+    void commit(QStringList& written);
+
+private:
+    QUrl m_folder;
+    std::int64_t m_width;
+    std::int64_t m_height;
+    QStringList m_names;
+    std::deque<PngFile> m_files;
+};
 
 }  // namespace quarlin

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <set>
 
@@ -64,22 +65,33 @@ TEST(PngFilter, AverageAndPaethAreExactForEveryTripleOfNeighbours) {
     }
 }
 
-TEST(PngFilter, UnfilteringGivesTheRowBack) {
+template <int pixelSize>
+void expectUnfilteringGivesRowsBack() {
     for (int pixels = 1; pixels <= 40; ++pixels) {
         const fixtures::Picture noise =
             fixtures::noisePicture(pixels, 2, static_cast<std::uint64_t>(pixels), true);
-        const std::ptrdiff_t size = pixels * 4;
+        const std::ptrdiff_t size = pixels * pixelSize;
         const Bytes row(noise.bytes.begin(), noise.bytes.begin() + size);
-        const Bytes above(noise.bytes.end() - size, noise.bytes.end());
+        Bytes above(noise.bytes.end() - size, noise.bytes.end());
         for (const PngFilter filter : filters) {
-            Bytes colour = plainlyFiltered(filter, 4, row, above);
-            ASSERT_TRUE(unfilterPngRow<4>(static_cast<std::uint8_t>(filter), colour, above.data()));
-            ASSERT_EQ(row, colour) << pixels;
-            Bytes grey = plainlyFiltered(filter, 1, row, above);
-            ASSERT_TRUE(unfilterPngRow<1>(static_cast<std::uint8_t>(filter), grey, above.data()));
-            ASSERT_EQ(row, grey) << pixels;
+            Bytes restored = plainlyFiltered(filter, pixelSize, row, above);
+            // What stands behind the row must neither count nor change.
+            restored.resize(row.size() + unfilterSpare, 99);
+            above.resize(restored.size(), 77);
+            ASSERT_TRUE(unfilterPngRow<pixelSize>(static_cast<std::uint8_t>(filter),
+                                                  {restored.data(), row.size()}, above.data()));
+            above.resize(row.size());
+            ASSERT_TRUE(std::equal(row.begin(), row.end(), restored.begin())) << pixels;
+            ASSERT_EQ(Bytes(restored.end() - unfilterSpare, restored.end()), Bytes(unfilterSpare, 99));
         }
     }
+}
+
+TEST(PngFilter, UnfilteringGivesTheRowBack) {
+    expectUnfilteringGivesRowsBack<1>();
+    expectUnfilteringGivesRowsBack<2>();
+    expectUnfilteringGivesRowsBack<3>();
+    expectUnfilteringGivesRowsBack<4>();
 }
 
 TEST(PngFilter, AnUnknownFilterIsRefused) {

@@ -1,0 +1,115 @@
+#include "png_file.h"
+#include "engine_errors.h"
+#include "limited_writing.h"
+#include "picture.h"
+#include "png_files.h"
+#include "temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+using namespace quarlin;
+using namespace quarlin::fixtures;
+
+namespace {
+
+/// Three files of noise in the making, each of several bands.
+class PngFiles : public testing::Test {
+protected:
+    static constexpr int side = 700;
+
+    std::vector<RowSource> images() const {
+        std::vector<RowSource> sources;
+        for (const Picture& picture : pictures) {
+            sources.push_back(rowsOf(ImageView(side, side, picture.bytes.data())));
+        }
+        return sources;
+    }
+
+    const TemporaryFolder folder;
+    const std::vector<Picture> pictures{noisePicture(side, side, 1), noisePicture(side, side, 2),
+                                        noisePicture(side, side, 3)};
+    const QStringList names{QStringLiteral("a.png"), QStringLiteral("b.png"), QStringLiteral("c.png")};
+};
+
+TEST_F(PngFiles, ASetAppearsInOrderUnderItsNames) {
+    PngFileSet files(folder.url(), side, side);
+    for (const QString& name : names) {
+        files.add(name);
+    }
+    files.encode(images());
+    for (const QString& entry : folder.names()) {
+        EXPECT_FALSE(names.contains(entry));
+    }
+    QStringList written;
+    files.commit(written);
+    EXPECT_EQ(written, names);
+    EXPECT_EQ(folder.names(), names);
+    for (std::size_t index = 0; index < pictures.size(); ++index) {
+        EXPECT_EQ(readPng(folder.url(names[static_cast<qsizetype>(index)])).bytes, pictures[index].bytes);
+    }
+}
+
+TEST_F(PngFiles, WithoutADraftAFileIsTheSame) {
+    PngFile file(side, side, folder.url(names[0]));
+    PngFile other(side, side, folder.url(names[1]));
+    const RowBands bands = file.bands();
+    ASSERT_GT(bands.count(), 1);
+    for (std::int64_t band = 0; band < bands.count(); ++band) {
+        const std::uint8_t* rows = pictures[0].bytes.data() + bands[band].first * side * 4;
+        file.encodeBand(band, rows);
+        other.encodeBand(band, rows);
+    }
+    EXPECT_TRUE(file.hasDraft());
+    other.dropDraft();
+    EXPECT_FALSE(other.hasDraft());
+    file.commit();
+    other.commit();
+    EXPECT_EQ(fixtures::readFile(folder.url(names[0])), fixtures::readFile(folder.url(names[1])));
+}
+
+TEST_F(PngFiles, BandsMayComeInAnyOrder) {
+    PngFile file(side, side, folder.url(names[0]));
+    const RowBands bands = file.bands();
+    for (std::int64_t band = bands.count() - 1; band >= 0; --band) {
+        file.encodeBand(band, pictures[0].bytes.data() + bands[band].first * side * 4);
+    }
+    file.commit();
+    EXPECT_EQ(readPng(folder.url(names[0])).bytes, pictures[0].bytes);
+}
+
+TEST_F(PngFiles, ADraftThatFailedIsMadeUpForWhenThereIsRoomAgain) {
+    PngFileSet files(folder.url(), side, side);
+    for (const QString& name : names) {
+        files.add(name);
+    }
+    {
+        const FullDisk full(100'000);
+        files.encode(images());
+    }
+    QStringList written;
+    files.commit(written);
+    EXPECT_EQ(written, names);
+    EXPECT_EQ(folder.names(), names);
+    EXPECT_EQ(readPng(folder.url(names[2])).bytes, pictures[2].bytes);
+}
+
+TEST_F(PngFiles, BehindAFileThatCannotBeMadeNothingIsWrittenOrLeftBehind) {
+    folder.makeFolder(names[1]);
+    {
+        PngFileSet files(folder.url(), side, side);
+        for (const QString& name : names) {
+            files.add(name);
+        }
+        files.encode(images());
+        QStringList written;
+        EXPECT_EQ(errorOf([&] {
+                      files.commit(written);
+                      return true;
+                  }),
+                  TextureProcessorError::cannotCreatePNG(folder.url(names[1])));
+        EXPECT_EQ(written, names.first(1));
+    }
+    EXPECT_EQ(folder.names(), names.first(2));
+}
+
+}  // namespace
