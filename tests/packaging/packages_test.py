@@ -2,6 +2,7 @@
 
 import gzip
 import os
+import plistlib
 import subprocess
 import sys
 import tarfile
@@ -143,7 +144,14 @@ class Archive(Installed, unittest.TestCase):
         cls.prefix = FOLDER / "archive" / package.name.removesuffix(".tar.gz")
 
 
-class IconsForOtherSystems(unittest.TestCase):
+class OtherSystems(unittest.TestCase):
+    """What can be said here of packages that are made elsewhere."""
+
+    def test_the_macos_description_is_a_property_list_that_names_the_icon(self):
+        described = plistlib.loads((SOURCE / "packaging/macos/Info.plist.in").read_bytes())
+        self.assertEqual(described["CFBundleName"], "Quarlin")
+        self.assertEqual(described["CFBundleIconFile"], "quarlin.icns")
+
     def test_the_windows_icon_holds_its_sizes(self):
         told = run("identify", "-format", "%w ", BUILD / "packaging/icon/quarlin.ico")
         self.assertEqual(sorted(map(int, told.split())), [16, 24, 32, 48, 64, 128, 256])
