@@ -1,8 +1,5 @@
 #include "generator_rows.h"
 
-#include "luminance.h"
-#include "pixel_image.h"
-
 #include <algorithm>
 #include <cstring>
 
@@ -12,41 +9,12 @@
 #include <hwy/foreach_target.h>
 #include <hwy/highway.h>
 
+#include "colour_lanes-inl.h"
+
 HWY_BEFORE_NAMESPACE();
 namespace quarlin::HWY_NAMESPACE {
 
-namespace hn = hwy::HWY_NAMESPACE;
-
-using Doubles = hn::ScalableTag<double>;
-using Integers = hn::Rebind<std::int32_t, Doubles>;
 using Bytes = hn::Rebind<std::uint8_t, Doubles>;
-using Double = hn::Vec<Doubles>;
-using Integer = hn::Vec<Integers>;
-
-/// Three colour components of as many pixels as a vector has lanes.
-struct Colour {
-    Double red, green, blue;
-};
-
-HWY_INLINE HWY_ATTR Double number(double value) { return hn::Set(Doubles(), value); }
-
-/// Reads pixels as components of 0...255.
-HWY_INLINE HWY_ATTR Colour loadColour(const std::uint8_t* pixels) {
-    const Integers integers;
-    const Doubles doubles;
-    // A pixel is one little-endian integer, red in its lowest byte.
-    const Integer packed = hn::LoadU(integers, reinterpret_cast<const std::int32_t*>(pixels));
-    const Integer low = hn::Set(integers, 255);
-    return {hn::PromoteTo(doubles, hn::And(packed, low)),
-            hn::PromoteTo(doubles, hn::And(hn::ShiftRight<8>(packed), low)),
-            hn::PromoteTo(doubles, hn::And(hn::ShiftRight<16>(packed), low))};
-}
-
-HWY_INLINE HWY_ATTR Double luminance(const Colour& colour) {
-    const Double redAndGreen = hn::Add(hn::Mul(colour.red, number(luminanceWeights[0])),
-                                       hn::Mul(colour.green, number(luminanceWeights[1])));
-    return hn::Add(redAndGreen, hn::Mul(colour.blue, number(luminanceWeights[2])));
-}
 
 HWY_INLINE HWY_ATTR Double clamped(Double value, double low, double high) {
     return hn::Max(number(low), hn::Min(number(high), value));

@@ -21,4 +21,11 @@ using OrmChannels = std::array<OrmChannel, 3>;
 /// Packs `count` pixels from pixel `first` on into opaque RGBA.
 void packOrm(const OrmChannels& channels, std::int64_t first, std::int64_t count, std::uint8_t* output);
 
+namespace plain {
+
+/// `packOrm` pixel by pixel, as the channels' formulas read.
+void packOrm(const OrmChannels& channels, std::int64_t first, std::int64_t count, std::uint8_t* output);
+
+}  // namespace plain
+
 }  // namespace quarlin
