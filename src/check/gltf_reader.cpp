@@ -38,7 +38,7 @@ public:
         if (materials.isEmpty()) {
             add(FindingKind::invalidGLTF, QStringLiteral("The document has no material."));
         }
-        for (const QJsonValue& material : materials) {
+        for (const auto& material : materials) {
             m_set.materials.push_back(materialOf(material.toObject()));
         }
         return m_set;

@@ -10,10 +10,15 @@ QString counted(int count, const QString& noun) {
     return QString::number(count) + u' ' + noun + (count == 1 ? QString() : QStringLiteral("s"));
 }
 
-void addCounts(JsonLine& line, SeverityCounts counts) {
-    line.add(QStringLiteral("errors"), std::int64_t{counts[Severity::error]})
-        .add(QStringLiteral("warnings"), std::int64_t{counts[Severity::warning]})
-        .add(QStringLiteral("notes"), std::int64_t{counts[Severity::note]});
+int countOf(const SeverityCounts& counts, Severity severity) {
+    const auto found = counts.find(severity);
+    return found == counts.end() ? 0 : found->second;
+}
+
+void addCounts(JsonLine& line, const SeverityCounts& counts) {
+    line.add(QStringLiteral("errors"), std::int64_t{countOf(counts, Severity::error)})
+        .add(QStringLiteral("warnings"), std::int64_t{countOf(counts, Severity::warning)})
+        .add(QStringLiteral("notes"), std::int64_t{countOf(counts, Severity::note)});
 }
 
 }  // namespace
@@ -53,14 +58,14 @@ QString folderLine(const CheckedFolder& folder) {
     return line.text() + u'\n';
 }
 
-QString checkSummaryText(int folders, SeverityCounts counts) {
+QString checkSummaryText(int folders, const SeverityCounts& counts) {
     return counted(folders, QStringLiteral("folder")) + QStringLiteral(" checked: ") +
-           counted(counts[Severity::error], QStringLiteral("error")) + QStringLiteral(", ") +
-           counted(counts[Severity::warning], QStringLiteral("warning")) + QStringLiteral(", ") +
-           counted(counts[Severity::note], QStringLiteral("note")) + u'\n';
+           counted(countOf(counts, Severity::error), QStringLiteral("error")) + QStringLiteral(", ") +
+           counted(countOf(counts, Severity::warning), QStringLiteral("warning")) + QStringLiteral(", ") +
+           counted(countOf(counts, Severity::note), QStringLiteral("note")) + u'\n';
 }
 
-QString checkSummaryLine(int folders, SeverityCounts counts) {
+QString checkSummaryLine(int folders, const SeverityCounts& counts) {
     JsonLine line;
     line.add(QStringLiteral("type"), QStringLiteral("summary"))
         .add(QStringLiteral("folders"), std::int64_t{folders});
@@ -68,11 +73,11 @@ QString checkSummaryLine(int folders, SeverityCounts counts) {
     return line.text() + u'\n';
 }
 
-ExitStatus exitStatus(SeverityCounts counts) {
-    if (counts[Severity::error] > 0) {
+ExitStatus exitStatus(const SeverityCounts& counts) {
+    if (countOf(counts, Severity::error) > 0) {
         return ExitStatus::workFailed;
     }
-    return counts[Severity::warning] > 0 ? ExitStatus::someFailed : ExitStatus::done;
+    return countOf(counts, Severity::warning) > 0 ? ExitStatus::someFailed : ExitStatus::done;
 }
 
 }  // namespace quarlin

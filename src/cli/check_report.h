@@ -25,10 +25,10 @@ QString folderText(const CheckedFolder& folder);
 QString folderLine(const CheckedFolder& folder);
 
 /// The sum over `folders` folders.
-QString checkSummaryText(int folders, SeverityCounts counts);
-QString checkSummaryLine(int folders, SeverityCounts counts);
+QString checkSummaryText(int folders, const SeverityCounts& counts);
+QString checkSummaryLine(int folders, const SeverityCounts& counts);
 
 /// What the findings are worth: `workFailed` for an error, `someFailed` for a warning.
-ExitStatus exitStatus(SeverityCounts counts);
+ExitStatus exitStatus(const SeverityCounts& counts);
 
 }  // namespace quarlin
