@@ -67,7 +67,7 @@ def complaint(words):
             if target not in cmake_targets():
                 return f"no such target: {target}"
     elif name == "quarlin-cli" and arguments:
-        command = arguments[0] if not arguments[0].startswith("-") else None
+        command = arguments[0] if re.match(r"[a-z]", arguments[0]) else None
         if command and command not in cli_commands():
             return f"quarlin-cli has no command {command}"
         for word in arguments:

@@ -1,9 +1,9 @@
 """Every Markdown file of the repository is right about it.
 
 - A link leads to a file that is there, and to a heading that is there.
-- Code stands in fenced blocks that name their language. A block of the language `sh` is run by bash in an empty folder
-  that has the samples; `quarlin-cli` is the real one, and a command that would install or build something, or open a
-  window, is a stand-in that only checks its words.
+- Code stands in fenced blocks that name their language. The blocks of the language `sh` of a document are run by bash,
+  one after the other, in a folder that has the samples; `quarlin-cli` is the real one, and a command that would install
+  or build something, or open a window, is a stand-in that only checks its words.
 - In a span of code, a path exists, a command and its options do, and a name occurs somewhere in the repository.
 """
 
@@ -87,6 +87,31 @@ def wrong_in_span(span, document):
     return None
 
 
+def prepare(folder):
+    """Lays out what quoted commands find where they run. Returns the folder of the programs that they call."""
+    programs = folder / ".programs"
+    programs.mkdir()
+    for command in STAND_INS:
+        (programs / command).symlink_to(HERE / "stand_in.py")
+    (programs / "quarlin-cli").symlink_to(CLI)
+    (folder / "dev").symlink_to(HERE / "stand_in.py")
+    (folder / ".ci").mkdir()
+    (folder / ".ci/run").symlink_to(HERE / "stand_in.py")
+    (folder / "samples").mkdir()
+    for sample in [*SOURCE.glob("samples/*.png"), *SOURCE.glob("samples/*.jpg")]:
+        shutil.copy(sample, folder / "samples")
+    return programs
+
+
+def failure_of(script, folder, programs):
+    """What bash and the commands say when the script fails in the folder; nothing if it works."""
+    done = subprocess.run(
+        ["bash", "-euo", "pipefail", "-c", script], cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+        stderr=subprocess.STDOUT, text=True, timeout=250,
+        env={**os.environ, "PATH": f"{programs}:{os.environ['PATH']}", "PYTHONPATH": str(HERE)})
+    return f"exit status {done.returncode}\n{done.stdout}" if done.returncode != 0 else None
+
+
 class Documents(unittest.TestCase):
     def setUp(self):
         # A message is worth more than the two lists that it was made from.
@@ -137,34 +162,15 @@ class Documents(unittest.TestCase):
 
     def test_quoted_commands_work(self):
         def wrong(_, document):
-            for block in document.blocks:
-                if block.language == "sh":
-                    text = self.failure_of(block.text)
+            # As for a reader who follows the document, what one block has written is there for the next.
+            with tempfile.TemporaryDirectory(prefix="quarlin-documents-") as name:
+                programs = prepare(Path(name))
+                for block in document.blocks:
+                    text = failure_of(block.text, Path(name), programs) if block.language == "sh" else None
                     if text:
                         yield block.line, text
 
         self.each(wrong)
-
-    def failure_of(self, script):
-        """What bash and the commands say when the script fails in a folder with the samples; nothing if it works."""
-        with tempfile.TemporaryDirectory(prefix="quarlin-documents-") as name:
-            folder = Path(name)
-            programs = folder / ".programs"
-            programs.mkdir()
-            for command in STAND_INS:
-                (programs / command).symlink_to(HERE / "stand_in.py")
-            (programs / "quarlin-cli").symlink_to(CLI)
-            (folder / "dev").symlink_to(HERE / "stand_in.py")
-            (folder / ".ci").mkdir()
-            (folder / ".ci/run").symlink_to(HERE / "stand_in.py")
-            (folder / "samples").mkdir()
-            for sample in [*SOURCE.glob("samples/*.png"), *SOURCE.glob("samples/*.jpg")]:
-                shutil.copy(sample, folder / "samples")
-            done = subprocess.run(
-                ["bash", "-euo", "pipefail", "-c", script], cwd=folder, stdin=subprocess.DEVNULL,
-                stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, timeout=200,
-                env={**os.environ, "PATH": f"{programs}:{os.environ['PATH']}", "PYTHONPATH": str(HERE)})
-            return f"exit status {done.returncode}\n{done.stdout}" if done.returncode != 0 else None
 
 
 if __name__ == "__main__":
