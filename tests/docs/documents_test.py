@@ -127,6 +127,11 @@ class Documents(unittest.TestCase):
         there = {str(file.relative_to(SOURCE)) for file in documents()}
         self.assertLessEqual({"README.md", "ARCHITECTURE.md", "CONTRIBUTING.md", "CHANGELOG.md"}, there)
 
+    def test_the_architecture_names_every_layer(self):
+        layers = [f"src/{file.parent.name}/" for file in SOURCE.glob("src/*/CMakeLists.txt")]
+        told = (SOURCE / "ARCHITECTURE.md").read_text()
+        self.assertEqual([layer for layer in layers if layer not in told], [])
+
     def test_links_lead_somewhere(self):
         def wrong(file, document):
             for line, link in document.links:
