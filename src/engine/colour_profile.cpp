@@ -1,34 +1,15 @@
 #include "colour_profile.h"
 
-#include <QtEndian>
+#include "lcms_handles.h"
 
-#include <lcms2.h>
+#include <QtEndian>
 
 #include <array>
 #include <cmath>
-#include <memory>
-#include <vector>
 
 namespace quarlin {
 
 namespace {
-
-struct ProfileCloser {
-    using pointer = cmsHPROFILE;
-    void operator()(cmsHPROFILE profile) const { cmsCloseProfile(profile); }
-};
-using Profile = std::unique_ptr<void, ProfileCloser>;
-
-struct TransformDeleter {
-    using pointer = cmsHTRANSFORM;
-    void operator()(cmsHTRANSFORM transform) const { cmsDeleteTransform(transform); }
-};
-using Transform = std::unique_ptr<void, TransformDeleter>;
-
-struct CurveDeleter {
-    void operator()(cmsToneCurve* curve) const { cmsFreeToneCurve(curve); }
-};
-using Curve = std::unique_ptr<cmsToneCurve, CurveDeleter>;
 
 /// Whether the conversion to sRGB leaves every sample of a grid within half an 8-bit step.
 bool changesNothing(cmsHPROFILE profile, int channels) {

@@ -16,10 +16,20 @@ inline std::uint8_t sampleToByte(std::uint16_t sample) {
     return static_cast<std::uint8_t>((sample * 255U + 32895U) >> 16U);
 }
 
+/// Multiplies the colours of `count` RGBA pixels by their alpha, in place.
+inline void premultiplyPixels(std::uint8_t* pixels, std::int64_t count) {
+    for (std::int64_t index = 0; index < count; ++index) {
+        std::uint8_t* pixel = pixels + index * bytesPerPixel;
+        for (int channel = 0; channel < 3; ++channel) {
+            pixel[channel] = premultiplied(pixel[channel], pixel[3]);
+        }
+    }
+}
+
 /// Turns `count` decoded pixels of `bands` samples (1 grey, 2 grey and alpha, 3 RGB, 4 RGBA) into
-/// premultiplied RGBA.
+/// RGBA of 8 bits, and says whether all of them are opaque.
 template <typename Sample, int bands>
-void storePixels(const Sample* input, std::int64_t count, std::uint8_t* output) {
+bool spreadPixels(const Sample* input, std::int64_t count, std::uint8_t* output) {
     constexpr bool isGrey = bands <= 2;
     constexpr bool hasAlpha = bands % 2 == 0;
     std::uint8_t allAlphas = 255;
@@ -32,15 +42,15 @@ void storePixels(const Sample* input, std::int64_t count, std::uint8_t* output) 
         pixel[3] = hasAlpha ? sampleToByte(sample[bands - 1]) : std::uint8_t{255};
         allAlphas = static_cast<std::uint8_t>(allAlphas & pixel[3]);
     }
+    return allAlphas == 255;
+}
+
+/// The same with the colours multiplied by their alpha.
+template <typename Sample, int bands>
+void storePixels(const Sample* input, std::int64_t count, std::uint8_t* output) {
     // Most textures are opaque and need no more.
-    if (allAlphas == 255) {
-        return;
-    }
-    for (std::int64_t index = 0; index < count; ++index) {
-        std::uint8_t* pixel = output + index * bytesPerPixel;
-        for (int channel = 0; channel < 3; ++channel) {
-            pixel[channel] = premultiplied(pixel[channel], pixel[3]);
-        }
+    if (!spreadPixels<Sample, bands>(input, count, output)) {
+        premultiplyPixels(output, count);
     }
 }
 

@@ -1,13 +1,18 @@
 #include "vips_decoder.h"
 
+#include "colour_conversion.h"
 #include "colour_profile.h"
 #include "image_view.h"
-#include "store_pixels.h"
+#include "parallel.h"
+#include "row_store.h"
+#include "tiff_alpha.h"
 
 #include <vips/vips.h>
 
 #include <algorithm>
 #include <array>
+#include <exception>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <string_view>
@@ -44,6 +49,9 @@ bool startLibrary() {
         vips_block_untrusted_set(TRUE);
         // The same file name or buffer may hold another image next time: nothing is remembered.
         vips_cache_set_max(0);
+        // Of several threads of one decoding, version 8.14 does not wait for the last before it looks whether
+        // any failed: now and then the error of a damaged row is lost, and the row is taken as blank.
+        vips_concurrency_set(1);
         // What a decoder has to say goes into the result, not to the terminal.
         g_log_set_handler(
             "VIPS", static_cast<GLogLevelFlags>(G_LOG_LEVEL_MASK | G_LOG_FLAG_FATAL),
@@ -91,63 +99,57 @@ QByteArray builtInProfile(const char* name) {
     return bytes;
 }
 
-/// Converts the colour bands of `image` to 8-bit sRGB by a profile; alpha goes along as it is.
-Image convertedByProfile(Image image, const QByteArray& profile) {
-    const int bands = colourBands(image.get());
-    const Image colour =
-        result([&](VipsImage** out) { return vips_extract_band(image.get(), out, 0, "n", bands, nullptr); });
-    // An image of its own, so that the profile is not set on one that is shared.
-    const Image tagged =
-        colour ? result([&](VipsImage** out) { return vips_copy(colour.get(), out, nullptr); }) : nullptr;
-    if (!tagged) {
-        return nullptr;
+/// How the pixels of an image become those of a texture.
+using StoreRow = std::function<void(const void* input, std::int64_t count, std::uint8_t* output)>;
+
+template <typename Sample>
+StoreRow storeRowOf(RowStore<Sample> store) {
+    if (!store) {
+        return {};
     }
-    vips_image_set_blob_copy(tagged.get(), VIPS_META_ICC_NAME, profile.constData(),
-                             static_cast<std::size_t>(profile.size()));
-    Image converted = result([&](VipsImage** out) {
-        return vips_icc_transform(tagged.get(), out, "srgb", "embedded", TRUE, "intent", VIPS_INTENT_RELATIVE,
-                                  "black_point_compensation", TRUE, "depth", 8, nullptr);
-    });
-    if (!converted || bands == vips_image_get_bands(image.get())) {
-        return converted;
-    }
-    Image alpha =
-        result([&](VipsImage** out) { return vips_extract_band(image.get(), out, bands, "n", 1, nullptr); });
-    if (alpha && vips_image_get_format(alpha.get()) == VIPS_FORMAT_USHORT) {
-        // 65535 is 257 times 255; the half makes the cast, which truncates, round.
-        const Image scaled = result(
-            [&](VipsImage** out) { return vips_linear1(alpha.get(), out, 1.0 / 257.0, 0.5, nullptr); });
-        alpha = scaled ? result([&](VipsImage** out) { return vips_cast_uchar(scaled.get(), out, nullptr); })
-                       : nullptr;
-    }
-    return alpha ? result([&](VipsImage** out) {
-        return vips_bandjoin2(converted.get(), alpha.get(), out, nullptr);
-    })
-                 : nullptr;
+    return [store = std::move(store)](const void* input, std::int64_t count, std::uint8_t* output) {
+        store(static_cast<const Sample*>(input), count, output);
+    };
 }
 
-/// Brings `image` to sRGB samples of 8 or 16 bits: grey or RGB, with or without alpha.
-Image toSRGB(Image image, const QByteArray& bytes) {
-    const int bands = colourBands(image.get());
-    const VipsInterpretation interpretation = vips_image_guess_interpretation(image.get());
-    QByteArray profile = embeddedProfile(image.get());
-    ProfileUse use = profile.isEmpty() ? ProfileUse::unusable : judgeProfile(profile, bands);
-    if (use == ProfileUse::unusable) {
-        if (const auto gamma = profileOfPngGamma(bytes, bands)) {
-            profile = *gamma;
-            use = ProfileUse::convert;
+/// The conversion to sRGB that the image or its file asks for; empty when its samples are sRGB as they stand,
+/// or nothing usable is said of them.
+template <typename Sample>
+ColourConversion<Sample> conversionOf(VipsImage* image, const QByteArray& bytes) {
+    const int channels = colourBands(image);
+    const int bands = vips_image_get_bands(image);
+    const QByteArray embedded = embeddedProfile(image);
+    const ProfileUse use = embedded.isEmpty() ? ProfileUse::unusable : judgeProfile(embedded, channels);
+    if (use == ProfileUse::samplesAreSRGB) {
+        return {};
+    }
+    ColourConversion<Sample> conversion;
+    if (use == ProfileUse::convert) {
+        conversion = conversionToSRGB<Sample>(embedded, channels, bands);
+    }
+    if (!conversion) {
+        if (const auto gamma = profileOfPngGamma(bytes, channels)) {
+            conversion = conversionToSRGB<Sample>(*gamma, channels, bands);
         }
     }
-    if (use == ProfileUse::convert) {
-        return convertedByProfile(std::move(image), profile);
+    if (!conversion && vips_image_guess_interpretation(image) == VIPS_INTERPRETATION_CMYK) {
+        conversion = conversionToSRGB<Sample>(builtInProfile("cmyk"), channels, bands);
     }
-    if (interpretation == VIPS_INTERPRETATION_CMYK) {
-        return convertedByProfile(std::move(image), builtInProfile("cmyk"));
+    return conversion;
+}
+
+template <typename Sample>
+StoreRow storeRowFor(VipsImage* image, const QByteArray& bytes, StoredAlpha alpha) {
+    const int bands = vips_image_get_bands(image);
+    if (ColourConversion<Sample> conversion = conversionOf<Sample>(image, bytes)) {
+        const bool hasAlpha = bands > colourBands(image);
+        return storeRowOf(storeConverted(std::move(conversion), bands, hasAlpha, alpha));
     }
-    const VipsBandFormat format = vips_image_get_format(image.get());
-    if ((format == VIPS_FORMAT_UCHAR || format == VIPS_FORMAT_USHORT) && (bands == 1 || bands == 3)) {
-        return image;
-    }
+    return storeRowOf(storeAsTheyAre<Sample>(bands, alpha));
+}
+
+/// The image with 8-bit sRGB samples, whatever it holds.
+Image plainSRGB(const Image& image) {
     const Image converted = result([&](VipsImage** out) {
         return vips_colourspace(image.get(), out, VIPS_INTERPRETATION_sRGB, nullptr);
     });
@@ -155,52 +157,58 @@ Image toSRGB(Image image, const QByteArray& bytes) {
                      : nullptr;
 }
 
-using StorePixels = void (*)(const void*, std::int64_t, std::uint8_t*);
-
-template <typename Sample, int bands>
-void storeAny(const void* input, std::int64_t count, std::uint8_t* output) {
-    storePixels<Sample, bands>(static_cast<const Sample*>(input), count, output);
-}
-
-StorePixels storeFunction(VipsImage* image) {
-    const int bands = vips_image_get_bands(image);
-    if (bands < 1 || bands > 4) {
-        return nullptr;
-    }
-    const auto index = static_cast<std::size_t>(bands - 1);
-    switch (vips_image_get_format(image)) {
-        case VIPS_FORMAT_UCHAR:
-            return std::array<StorePixels, 4>{storeAny<std::uint8_t, 1>, storeAny<std::uint8_t, 2>,
-                                              storeAny<std::uint8_t, 3>, storeAny<std::uint8_t, 4>}[index];
-        case VIPS_FORMAT_USHORT:
-            return std::array<StorePixels, 4>{storeAny<std::uint16_t, 1>, storeAny<std::uint16_t, 2>,
-                                              storeAny<std::uint16_t, 3>, storeAny<std::uint16_t, 4>}[index];
-        default:
-            return nullptr;
-    }
+/// Whether samples can be stored by a `RowStore`: 8 or 16 bits of grey, RGB or inks.
+bool hasOrdinarySamples(VipsImage* image) {
+    const VipsBandFormat format = vips_image_get_format(image);
+    const int channels = colourBands(image);
+    return (format == VIPS_FORMAT_UCHAR || format == VIPS_FORMAT_USHORT) &&
+           (channels == 1 || channels == 3 ||
+            vips_image_guess_interpretation(image) == VIPS_INTERPRETATION_CMYK);
 }
 
 struct Sink {
-    StorePixels store;
-    std::uint8_t* pixels;
-    std::int64_t bytesPerRow;
+    const StoreRow& store;
+    QSize size;
+    QImage image;
 };
 
 /// Called by libvips for every run of decoded rows, in order, while it decodes the next.
 int storeRows(VipsRegion* region, VipsRect* area, void* context) {
-    const Sink& sink = *static_cast<const Sink*>(context);
-    for (int y = area->top; y < area->top + area->height; ++y) {
-        sink.store(VIPS_REGION_ADDR(region, area->left, y), area->width, sink.pixels + y * sink.bytesPerRow);
+    Sink& sink = *static_cast<Sink*>(context);
+    if (sink.image.isNull()) {
+        // Not before there are rows: a header alone may claim any size.
+        sink.image = QImage(sink.size, pixelFormat);
+        if (sink.image.isNull()) {
+            return -1;
+        }
+    }
+    std::uint8_t* pixels = sink.image.bits();
+    const std::int64_t bytesPerRow = sink.image.bytesPerLine();
+    // Decoding has one thread only; what is done to the colours need not wait for it.
+    constexpr std::int64_t rowsPerBand = 16;
+    const RowBands bands(area->height, rowsPerBand);
+    try {
+        forEachInParallel(bands.count(), [&](std::int64_t band) {
+            const int end = area->top + static_cast<int>(bands[band].end());
+            for (int y = area->top + static_cast<int>(bands[band].first); y < end; ++y) {
+                sink.store(VIPS_REGION_ADDR(region, area->left, y), area->width, pixels + y * bytesPerRow);
+            }
+        });
+    } catch (const std::exception&) {
+        // Nothing may be thrown through the library's own functions.
+        return -1;
     }
     return 0;
 }
 
 }  // namespace
 
-QImage decodeWithVips(const QByteArray& bytes) {
+QImage decodeWithVips(QByteArray bytes) {
     if (!startLibrary() || bytes.isEmpty()) {
         return {};
     }
+    const StoredAlpha alpha =
+        markPremultipliedTiffAsStraight(bytes) ? StoredAlpha::premultiplied : StoredAlpha::straight;
     const auto size = static_cast<std::size_t>(bytes.size());
     const char* loader = vips_foreign_find_load_buffer(bytes.constData(), size);
     vips_error_clear();
@@ -212,28 +220,27 @@ QImage decodeWithVips(const QByteArray& bytes) {
     const VipsFailOn failOn = isJpeg ? VIPS_FAIL_ON_WARNING : VIPS_FAIL_ON_ERROR;
     Image image(vips_image_new_from_buffer(bytes.constData(), size, "", "access", VIPS_ACCESS_SEQUENTIAL,
                                            "fail_on", failOn, nullptr));
-    if (!image || !isUsableSize(vips_image_get_width(image.get()), vips_image_get_height(image.get()))) {
+    if (!image || !isPlausibleSize(vips_image_get_width(image.get()), vips_image_get_height(image.get()),
+                                   bytes.size())) {
         vips_error_clear();
         return {};
     }
-    image = toSRGB(std::move(image), bytes);
-    const StorePixels store = image ? storeFunction(image.get()) : nullptr;
-    if (store == nullptr) {
+    if (!hasOrdinarySamples(image.get())) {
+        image = plainSRGB(image);
+    }
+    const StoreRow store = !image ? StoreRow()
+                           : vips_image_get_format(image.get()) == VIPS_FORMAT_USHORT
+                               ? storeRowFor<std::uint16_t>(image.get(), bytes, alpha)
+                               : storeRowFor<std::uint8_t>(image.get(), bytes, alpha);
+    if (!store) {
         return {};
     }
-    QImage decoded(vips_image_get_width(image.get()), vips_image_get_height(image.get()), pixelFormat);
-    if (decoded.isNull()) {
-        return {};
-    }
-    // With several threads that read ahead, libvips 8.14 now and then loses the error of a damaged row and
-    // takes the row as blank.
-    vips_image_set_int(image.get(), VIPS_META_CONCURRENCY, 1);
-    Sink sink{store, decoded.bits(), decoded.bytesPerLine()};
+    Sink sink{store, QSize(vips_image_get_width(image.get()), vips_image_get_height(image.get())), QImage()};
     if (vips_sink_disc(image.get(), storeRows, &sink) != 0) {
         vips_error_clear();
         return {};
     }
-    return decoded;
+    return sink.image;
 }
 
 }  // namespace quarlin

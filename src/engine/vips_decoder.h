@@ -7,6 +7,6 @@ namespace quarlin {
 
 /// Decodes PNG, JPEG, TIFF, GIF, HEIC, WebP and AVIF to `pixelFormat` through libvips; a null image for all
 /// else.
-QImage decodeWithVips(const QByteArray& bytes);
+QImage decodeWithVips(QByteArray bytes);
 
 }  // namespace quarlin
