@@ -37,4 +37,14 @@ constexpr bool isUsableSize(std::int64_t width, std::int64_t height) {
            width <= maximumPixels / height;
 }
 
+/// Whether a file of `fileSize` bytes may well hold `width` x `height` pixels. A header can claim any size;
+/// up to 8192 x 8192 it is believed, and above as long as there is a byte for every 16384 pixels. PNG, GIF,
+/// BMP and JPEG can't be as dense as that; of the others only pictures without any content are.
+constexpr bool isPlausibleSize(std::int64_t width, std::int64_t height, std::int64_t fileSize) {
+    constexpr std::int64_t pixelsBelieved = std::int64_t{1} << 26;
+    constexpr std::int64_t pixelsPerByte = std::int64_t{1} << 14;
+    return isUsableSize(width, height) &&
+           (width <= pixelsBelieved / height || width * height / pixelsPerByte <= fileSize);
+}
+
 }  // namespace quarlin

@@ -75,7 +75,7 @@ std::int64_t matchLength(const std::uint8_t* here, const std::uint8_t* there, st
 /// Finds the sequences of a band, row by row.
 class Sequencer {
 public:
-    explicit Sequencer(const FilteredRows& filtered) : m_filtered(filtered), m_latest(filtered.data) {
+    explicit Sequencer(const FilteredRows& filtered) : m_latest(filtered.data) {
         const std::int64_t mostPerRow = filtered.width / shortestMatch + 1;
         m_sequences.reserve(static_cast<std::size_t>(mostPerRow * filtered.rows));
         const std::int64_t rowSize = filtered.width * bytesPerPixel + 1;
@@ -141,7 +141,6 @@ private:
 
     using ByteCounts = std::array<std::uint32_t, 256>;
 
-    const FilteredRows& m_filtered;
     LatestPlaces m_latest;
     std::vector<Sequence> m_sequences;
     SymbolCounts m_counts;

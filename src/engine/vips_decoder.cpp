@@ -49,6 +49,9 @@ bool startLibrary() {
         vips_block_untrusted_set(TRUE);
         // The same file name or buffer may hold another image next time: nothing is remembered.
         vips_cache_set_max(0);
+        // Of several threads of one decoding, version 8.14 does not wait for the last before it looks whether
+        // any failed: now and then the error of a damaged row is lost, and the row is taken as blank.
+        vips_concurrency_set(1);
         // What a decoder has to say goes into the result, not to the terminal.
         g_log_set_handler(
             "VIPS", static_cast<GLogLevelFlags>(G_LOG_LEVEL_MASK | G_LOG_FLAG_FATAL),
@@ -165,13 +168,22 @@ bool hasOrdinarySamples(VipsImage* image) {
 
 struct Sink {
     const StoreRow& store;
-    std::uint8_t* pixels;
-    std::int64_t bytesPerRow;
+    QSize size;
+    QImage image;
 };
 
 /// Called by libvips for every run of decoded rows, in order, while it decodes the next.
 int storeRows(VipsRegion* region, VipsRect* area, void* context) {
-    const Sink& sink = *static_cast<const Sink*>(context);
+    Sink& sink = *static_cast<Sink*>(context);
+    if (sink.image.isNull()) {
+        // Not before there are rows: a header alone may claim any size.
+        sink.image = QImage(sink.size, pixelFormat);
+        if (sink.image.isNull()) {
+            return -1;
+        }
+    }
+    std::uint8_t* pixels = sink.image.bits();
+    const std::int64_t bytesPerRow = sink.image.bytesPerLine();
     // Decoding has one thread only; what is done to the colours need not wait for it.
     constexpr std::int64_t rowsPerBand = 16;
     const RowBands bands(area->height, rowsPerBand);
@@ -179,8 +191,7 @@ int storeRows(VipsRegion* region, VipsRect* area, void* context) {
         forEachInParallel(bands.count(), [&](std::int64_t band) {
             const int end = area->top + static_cast<int>(bands[band].end());
             for (int y = area->top + static_cast<int>(bands[band].first); y < end; ++y) {
-                sink.store(VIPS_REGION_ADDR(region, area->left, y), area->width,
-                           sink.pixels + y * sink.bytesPerRow);
+                sink.store(VIPS_REGION_ADDR(region, area->left, y), area->width, pixels + y * bytesPerRow);
             }
         });
     } catch (const std::exception&) {
@@ -209,7 +220,8 @@ QImage decodeWithVips(QByteArray bytes) {
     const VipsFailOn failOn = isJpeg ? VIPS_FAIL_ON_WARNING : VIPS_FAIL_ON_ERROR;
     Image image(vips_image_new_from_buffer(bytes.constData(), size, "", "access", VIPS_ACCESS_SEQUENTIAL,
                                            "fail_on", failOn, nullptr));
-    if (!image || !isUsableSize(vips_image_get_width(image.get()), vips_image_get_height(image.get()))) {
+    if (!image || !isPlausibleSize(vips_image_get_width(image.get()), vips_image_get_height(image.get()),
+                                   bytes.size())) {
         vips_error_clear();
         return {};
     }
@@ -223,19 +235,12 @@ QImage decodeWithVips(QByteArray bytes) {
     if (!store) {
         return {};
     }
-    QImage decoded(vips_image_get_width(image.get()), vips_image_get_height(image.get()), pixelFormat);
-    if (decoded.isNull()) {
-        return {};
-    }
-    // With several threads that read ahead, libvips 8.14 now and then loses the error of a damaged row and
-    // takes the row as blank.
-    vips_image_set_int(image.get(), VIPS_META_CONCURRENCY, 1);
-    Sink sink{store, decoded.bits(), decoded.bytesPerLine()};
+    Sink sink{store, QSize(vips_image_get_width(image.get()), vips_image_get_height(image.get())), QImage()};
     if (vips_sink_disc(image.get(), storeRows, &sink) != 0) {
         vips_error_clear();
         return {};
     }
-    return decoded;
+    return sink.image;
 }
 
 }  // namespace quarlin

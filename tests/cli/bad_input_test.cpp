@@ -47,7 +47,11 @@ TEST_F(BadInput, TextFile) {
 
 TEST_F(BadInput, Folder) {
     ASSERT_TRUE(QDir(path({})).mkdir(QStringLiteral("folder.png")));
-    expectUnreadable(path(QStringLiteral("folder.png")), "folder.png");
+    const QString folder = path(QStringLiteral("folder.png"));
+    expectLoadFailure({QStringLiteral("material"), QStringLiteral("--base-color"), folder}, "folder.png");
+    expectLoadFailure({QStringLiteral("material"), QStringLiteral("--base-color"), good,
+                       QStringLiteral("--metallic"), folder},
+                      "folder.png");
 }
 
 TEST_F(BadInput, PipeIsNotWaitedFor) {

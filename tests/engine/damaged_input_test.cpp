@@ -192,6 +192,19 @@ TEST_F(DamagedInput, IsRefusedEveryTime) {
     }
 }
 
+TEST_F(DamagedInput, IsRefusedEveryTimeBehindAnIntactHeader) {
+    // These are decoded as a whole before the first row is there, and that by threads that may lose an error.
+    const Picture picture = noisePicture(16, 16, 15);
+    for (const Encoder encoder : {Encoder::webp, Encoder::gif}) {
+        QByteArray broken = encoded(encoder, picture);
+        const qsizetype middle = broken.size() / 2;
+        broken.replace(middle, broken.size() - middle, QByteArray(broken.size() - middle, '\0'));
+        for (int count = 0; count < 300; ++count) {
+            ASSERT_TRUE(isRefused(broken)) << static_cast<int>(encoder) << ", time " << count;
+        }
+    }
+}
+
 TEST_F(DamagedInput, BytesAfterAJpegDoNoHarm) {
     // Cameras append previews and tables behind the image.
     const QByteArray jpeg = colourJpeg(smoothPicture(40, 30));

@@ -1,0 +1,92 @@
+// What the PNG writer writes, read back by the format's reference library.
+
+#include "drawn_pixels.h"
+#include "expectation.h"
+#include "png_encoder.h"
+
+#include <fuzzer/FuzzedDataProvider.h>
+#include <png.h>
+
+#include <cmath>
+#include <vector>
+
+using namespace quarlin;
+using namespace quarlin::fuzz;
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+QByteArray written(const PngEncoder& png) {
+    QByteArray file;
+    const bool isWhole = png.writeTo([&](QByteArrayView bytes) {
+        file.append(bytes);
+        return true;
+    });
+    expect(isWhole, "a file is written to its end");
+    return file;
+}
+
+QByteArray encoded(const Drawing& drawing) {
+    PngEncoder png(drawing.width, drawing.height);
+    const RowBands bands = png.bands();
+    for (std::int64_t band = 0; band < bands.count(); ++band) {
+        png.encodeBand(band, drawing.pixels.data() + bands[band].first * drawing.width * bytesPerPixel);
+    }
+    return written(png);
+}
+
+QByteArray encodedAsGrey(const Drawing& drawing) {
+    Bytes grey(drawing.pixels.size() / 4);
+    for (std::size_t index = 0; index < grey.size(); ++index) {
+        grey[index] = drawing.pixels[index * 4];
+    }
+    PngEncoder png(drawing.width, drawing.height);
+    const RowBands bands = png.bands();
+    // From the last to the first: the order must not matter.
+    for (std::int64_t band = bands.count() - 1; band >= 0; --band) {
+        png.encodeGreyBand(band, grey.data() + bands[band].first * drawing.width);
+    }
+    return written(png);
+}
+
+Bytes straight(const Bytes& premultiplied) {
+    Bytes result = premultiplied;
+    for (std::size_t index = 0; index < result.size(); index += 4) {
+        const int alpha = result[index + 3];
+        for (std::size_t channel = index; channel < index + 3; ++channel) {
+            const int colour = std::min<int>(result[channel], alpha);
+            result[channel] =
+                alpha == 0 ? std::uint8_t{0} : static_cast<std::uint8_t>(std::lround(colour * 255.0 / alpha));
+        }
+    }
+    return result;
+}
+
+Bytes decoded(const QByteArray& file, const Drawing& drawing) {
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    expect(png_image_begin_read_from_memory(&image, file.constData(),
+                                            static_cast<std::size_t>(file.size())) != 0,
+           "a file can be opened");
+    expect(image.width == drawing.width && image.height == drawing.height, "a file has the drawing's size");
+    expect(image.format == PNG_FORMAT_RGBA, "a file is 8-bit RGBA");
+    Bytes pixels(PNG_IMAGE_SIZE(image));
+    expect(png_image_finish_read(&image, nullptr, pixels.data(), 0, nullptr) != 0, "a file can be decoded");
+    expect(image.warning_or_error == 0, "a file decodes without a warning");
+    return pixels;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    FuzzedDataProvider input(data, size);
+    const Drawing drawing = draw(input);
+    const QByteArray file = encoded(drawing);
+    expect(decoded(file, drawing) == straight(drawing.pixels),
+           "a file holds the drawing with straight alpha");
+    if (drawing.kind == PixelKind::grey) {
+        expect(encodedAsGrey(drawing) == file, "grey rows give the file that their pixels give");
+    }
+    return 0;
+}

@@ -1,0 +1,111 @@
+// A long day in the window: nothing grows and nothing stays open.
+
+#include "memory_in_use.h"
+#include "window_fixture.h"
+
+#include <QDir>
+
+using namespace quarlin;
+using namespace quarlin::fixtures;
+
+namespace {
+
+qsizetype openDescriptors() {
+    return QDir(QStringLiteral("/proc/self/fd"))
+        .entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System)
+        .size();
+}
+
+class Soak : public WindowFixture {
+protected:
+    /// One import, one preview and one export in the tool whose turn it is, with other settings than before.
+    void runRound(int number) {
+        if (number % 2 == 0) {
+            workOnMaterial(number);
+        } else {
+            workOnMaps(number);
+        }
+        settle();
+    }
+
+private:
+    QUrl texture(int number) const { return textures[number % textures.size()]; }
+
+    void workOnMaterial(int number) {
+        showTool(StudioTool::pbr);
+        if (number % 60 == 0) {
+            materials.reset();
+        }
+        const auto slots = allCases<TextureSlotKind>();
+        materials.importTexture(texture(number), TextureSlotKind::baseColor);
+        // Every other slot gets its turn, now and then with a file that holds no image.
+        materials.importTexture(number % 18 == 0 ? unreadable : texture(number + 1),
+                                slots[static_cast<std::size_t>(number / 2) % slots.size()]);
+        ConversionSettings settings = materials.settings();
+        settings.materialName = QStringLiteral("Material %1").arg(number % 4);
+        settings.outputResolution = OutputResolution::matchBase;
+        settings.flipNormalGreen = number % 4 == 0;
+        settings.roughnessInputIsGloss = number % 6 == 0;
+        settings.exportNotes = number % 8 != 0;
+        materials.setSettings(settings);
+        finish(number);
+    }
+
+    void workOnMaps(int number) {
+        showTool(StudioTool::normalGenerator);
+        if (number % 30 == 1) {
+            maps.reset();
+        }
+        maps.importSourceTexture(texture(number));
+        if (number % 9 == 0) {
+            maps.importSourceTexture(unreadable);
+        }
+        NormalGeneratorSettings settings = maps.settings();
+        settings.materialName = QStringLiteral("Maps %1").arg(number % 4);
+        settings.outputResolution = OutputResolution::matchBase;
+        settings.invertHeight = number % 4 == 1;
+        settings.exportORM = number % 7 != 0;
+        maps.setSettings(settings);
+        finish(number);
+    }
+
+    /// Presses the buttons of the toolbar; now and then the folder is one that nothing can be written to.
+    void finish(int number) {
+        chooser.folder = number % 11 == 0 ? blocked : folder.url();
+        for (Button* button : toolBarButtons()) {
+            click(*button);
+        }
+    }
+
+    QList<QUrl> textures{folder.texture(QStringLiteral("a.png"), 64, 64, Qt::red),
+                         folder.texture(QStringLiteral("b.jpg"), 64, 32, Qt::green),
+                         folder.texture(QStringLiteral("c.bmp"), 32, 64, Qt::blue)};
+    QUrl unreadable = folder.noTexture(QStringLiteral("none.png"));
+    QUrl blocked = folder.blocked();
+};
+
+TEST_F(Soak, AThousandImportsPreviewsAndExportsLeaveMemoryAndDescriptorsLevel) {
+    constexpr int rounds = isSanitized ? 60 : 1000;
+    constexpr int warmUp = 10;
+    for (int number = 0; number < warmUp; ++number) {
+        runRound(number);
+    }
+    const qint64 memory = memoryInUse();
+    const qsizetype descriptors = openDescriptors();
+    for (int number = warmUp; number < rounds; ++number) {
+        runRound(number);
+        // What was asked for and logged would otherwise be all that grows.
+        chooser.folderQuestions.clear();
+    }
+    EXPECT_TRUE(QFile::exists(folder.path(QStringLiteral("Material_2/Material_2_ORM.png"))));
+    EXPECT_TRUE(QFile::exists(folder.path(QStringLiteral("Maps_1/Maps_1_normal.png"))));
+    EXPECT_EQ(openDescriptors(), descriptors);
+    // One picture of a preview is 8 to 16 KiB; what is left of a round must be less than a thirtieth of one.
+    constexpr qint64 margin = qint64{256} * 1024;
+    EXPECT_LT(memoryInUse() - memory, margin);
+    RecordProperty("grownBytes", std::to_string(memoryInUse() - memory));
+    std::printf("memory in use: %lld bytes after %d rounds, %+lld after %d\n", static_cast<long long>(memory),
+                warmUp, static_cast<long long>(memoryInUse() - memory), rounds);
+}
+
+}  // namespace
