@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QSet>
 
 #include <algorithm>
 #include <optional>
@@ -141,7 +142,7 @@ TEST_P(FailingDisk, ALinkThatLeadsToItselfInThePlaceOfAnyFileStopsThere) {
     }
 }
 
-TEST_P(FailingDisk, AFolderThatVanishesBeforeAFileIsCompleteStopsThere) {
+TEST_P(FailingDisk, AFolderThatVanishesBeforeAFileHasItsNameStopsThere) {
     for (int moment = 1; moment <= setNames().size(); ++moment) {
         {
             const RenameHook hook([&](int count) {
@@ -149,7 +150,7 @@ TEST_P(FailingDisk, AFolderThatVanishesBeforeAFileIsCompleteStopsThere) {
                     removeSet();
                 }
             });
-            EXPECT_EQ(failure(), cannotWrite(setNames()[moment - 1]));
+            EXPECT_EQ(failure(), cannotCreate(setNames()[moment - 1]));
         }
         EXPECT_EQ(folder.names(QStringLiteral("out")), QStringList());
         expectNextExportToWork();
@@ -183,7 +184,9 @@ TEST_P(FailingDisk, AFolderMovedAwayKeepsWhatWasWrittenIntoIt) {
     }
     QStringList expected = setNames().first(2);
     std::sort(expected.begin(), expected.end());
-    EXPECT_EQ(folder.names(QStringLiteral("moved")), expected);
+    // The drafts of the files behind went along, out of reach.
+    const QStringList found = QDir(moved).entryList(QDir::Files, QDir::Name);
+    EXPECT_EQ(QSet<QString>(found.begin(), found.end()), QSet<QString>(expected.begin(), expected.end()));
     expectNextExportToWork();
 }
 
