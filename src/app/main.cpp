@@ -1,3 +1,4 @@
+#include "application_icon.h"
 #include "desktop_color_scheme.h"
 #include "vorek_quarlin_app.h"
 
@@ -8,6 +9,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("quarlin"));
     QApplication::setApplicationVersion(QStringLiteral(QUARLIN_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("quarlin"));
+    QApplication::setWindowIcon(quarlin::applicationIcon());
     // What the window does not paint itself looks alike on every desktop, in the desktop's colours and font.
     QApplication::setStyle(QStringLiteral("Fusion"));
 

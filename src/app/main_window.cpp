@@ -77,6 +77,7 @@ void MainWindow::showAbout() {
     auto* box = new QMessageBox(QMessageBox::NoIcon, QStringLiteral("About Quarlin"),
                                 QStringLiteral("VOREK TECH Quarlin %1").arg(QStringLiteral(QUARLIN_VERSION)),
                                 QMessageBox::Close, this);
+    box->setIconPixmap(windowIcon().pixmap(64));
     box->setInformativeText(QStringLiteral(QUARLIN_DESCRIPTION "."));
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();

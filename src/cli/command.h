@@ -1,12 +1,20 @@
 #pragma once
 
 #include "command_option.h"
-#include "export_result.h"
+#include "exit_status.h"
 
 #include <QString>
-#include <QUrl>
+#include <QStringList>
+
+#include <vector>
 
 namespace quarlin {
+
+/// What an exit status of a command tells.
+struct ExitMeaning {
+    ExitStatus status;
+    QString meaning;
+};
 
 /// One of the program's jobs: fields that say what to do, options that set them, and the work itself.
 class Command {
@@ -21,23 +29,15 @@ public:
     virtual QString name() const = 0;
     /// What it does, in one sentence.
     virtual QString summary() const = 0;
+    /// What there is to know beyond summary and options, a paragraph each.
+    virtual QStringList remarks() const = 0;
     /// Every option, in the order of the help, bound to the fields of this object.
-    CommandOptions options();
-    /// Loads the inputs and exports the set. Throws `CommandFailure`.
-    virtual ExportResult run() const = 0;
-
-    /// Whether the result is to be reported as JSON.
-    bool reportsAsJSON() const { return m_reportsAsJSON; }
-
-protected:
-    /// The options of this command alone.
-    virtual CommandOptions ownOptions() = 0;
-    /// The folder that is to receive the set's folder, as an absolute location.
-    QUrl parentDirectory() const;
-
-private:
-    QString m_output;
-    bool m_reportsAsJSON = false;
+    virtual CommandOptions options() = 0;
+    /// What it ends with, in ascending order.
+    virtual std::vector<ExitMeaning> exitMeanings() const = 0;
+    /// Does the work and prints its result. Throws `CommandFailure`, and `UsageError` where only the files
+    /// that an option names show that it can't be meant.
+    virtual ExitStatus run() const = 0;
 };
 
 }  // namespace quarlin

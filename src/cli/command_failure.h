@@ -13,8 +13,10 @@ namespace quarlin {
 class CommandFailure : public std::exception {
 public:
     /// `step` is what failed, as the sentence begins: "Load" or "Export".
+    CommandFailure(const QString& step, const QString& reason)
+        : m_message(step + QStringLiteral(" failed: ") + reason) {}
     CommandFailure(const QString& step, const EngineError& error)
-        : m_message(step + QStringLiteral(" failed: ") + error.errorDescription()) {}
+        : CommandFailure(step, error.errorDescription()) {}
 
     /// One line for the user.
     const QString& message() const { return m_message; }

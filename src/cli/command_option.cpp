@@ -27,30 +27,51 @@ QString listed(const QStringList& words) {
 QString defaultText(const QString& value) { return QStringLiteral(" (default ") + value + u')'; }
 
 [[noreturn]] void rejectValue(const QString& name, const QString& wanted, const QString& value) {
-    throw UsageError(QStringLiteral("--") + name + QStringLiteral(" takes ") + wanted +
-                     QStringLiteral(", not '") + value + u'\'');
+    const QString subject = name.isEmpty() ? QStringLiteral("The command") : QStringLiteral("--") + name;
+    throw UsageError(subject + QStringLiteral(" takes ") + wanted + QStringLiteral(", not '") + value +
+                     u'\'');
+}
+
+QString checkedPath(const QString& name, const QString& value) {
+    if (value.isEmpty()) {
+        rejectValue(name, QStringLiteral("a path"), value);
+    }
+    return value;
 }
 
 }  // namespace
 
 CommandOption pathOption(const QString& name, const QString& valueName, const QString& description,
-                         QString& target) {
-    return {name, valueName, description, [name, &target](const QString& value) {
-                if (value.isEmpty()) {
-                    rejectValue(name, QStringLiteral("a path"), value);
-                }
-                target = value;
-            }};
+                         ValueKind kind, QString& target) {
+    return {.name = name,
+            .valueName = valueName,
+            .description = description,
+            .apply = [name, &target](const QString& value) { target = checkedPath(name, value); },
+            .kind = kind};
+}
+
+CommandOption pathsOption(const QString& name, const QString& valueName, const QString& description,
+                          ValueKind kind, QStringList& targets) {
+    return {.name = name,
+            .valueName = valueName,
+            .description = description,
+            .apply = [name, &targets](const QString& value) { targets += checkedPath(name, value); },
+            .kind = kind,
+            .repeatable = true};
 }
 
 CommandOption nameOption(std::optional<QString>& target) {
-    return {QStringLiteral("name"), QStringLiteral("TEXT"),
-            QStringLiteral("name of the material (default: that of the first texture's file)"),
-            [&target](const QString& value) { target = value; }};
+    return {.name = QStringLiteral("name"),
+            .valueName = QStringLiteral("TEXT"),
+            .description = QStringLiteral("name of the material (default: that of the first texture's file)"),
+            .apply = [&target](const QString& value) { target = value; }};
 }
 
 CommandOption switchOption(const QString& name, const QString& description, bool& target, bool value) {
-    return {name, {}, description, [&target, value](const QString&) { target = value; }};
+    return {
+        .name = name, .valueName = {}, .description = description, .apply = [&target, value](const QString&) {
+            target = value;
+        }};
 }
 
 CommandOption sizeOption(OutputResolution& target) {
@@ -59,26 +80,32 @@ CommandOption sizeOption(OutputResolution& target) {
     for (const OutputResolution resolution : allCases<OutputResolution>()) {
         words += sizeWord(resolution);
     }
-    return {name, QStringLiteral("SIZE"),
-            QStringLiteral("edge of the maps in pixels: ") + listed(words) +
-                QStringLiteral(", the first texture's own size for base") + defaultText(sizeWord(target)),
-            [name, words, &target](const QString& value) {
-                for (const OutputResolution resolution : allCases<OutputResolution>()) {
-                    if (sizeWord(resolution) == value) {
-                        target = resolution;
-                        return;
+    return {.name = name,
+            .valueName = QStringLiteral("SIZE"),
+            .description = QStringLiteral("edge of the maps in pixels: ") + listed(words) +
+                           QStringLiteral(", the first texture's own size for base") +
+                           defaultText(sizeWord(target)),
+            .apply =
+                [name, words, &target](const QString& value) {
+                    for (const OutputResolution resolution : allCases<OutputResolution>()) {
+                        if (sizeWord(resolution) == value) {
+                            target = resolution;
+                            return;
+                        }
                     }
-                }
-                rejectValue(name, listed(words), value);
-            }};
+                    rejectValue(name, listed(words), value);
+                },
+            .kind = ValueKind::word,
+            .words = words};
 }
 
 CommandOption numberOption(const QString& name, const QString& description, double& target,
                            SettingRange<double> range) {
     const QString limits = rangeText(QString::number(range.lowest), QString::number(range.highest));
-    return {name, QStringLiteral("F"),
-            description + QStringLiteral(", ") + limits + defaultText(QString::number(target)),
-            [name, limits, range, &target](const QString& text) {
+    return {.name = name,
+            .valueName = QStringLiteral("F"),
+            .description = description + QStringLiteral(", ") + limits + defaultText(QString::number(target)),
+            .apply = [name, limits, range, &target](const QString& text) {
                 bool isNumber = false;
                 const double value = text.toDouble(&isNumber);
                 // "nan" is a number to the conversion, and no range contains it.
@@ -93,9 +120,10 @@ CommandOption numberOption(const QString& name, const QString& description, doub
 CommandOption countOption(const QString& name, const QString& description, int& target,
                           SettingRange<int> range) {
     const QString limits = rangeText(QString::number(range.lowest), QString::number(range.highest));
-    return {name, QStringLiteral("N"),
-            description + QStringLiteral(", ") + limits + defaultText(QString::number(target)),
-            [name, limits, range, &target](const QString& text) {
+    return {.name = name,
+            .valueName = QStringLiteral("N"),
+            .description = description + QStringLiteral(", ") + limits + defaultText(QString::number(target)),
+            .apply = [name, limits, range, &target](const QString& text) {
                 bool isNumber = false;
                 const int value = text.toInt(&isNumber);
                 if (!isNumber || !range.contains(value)) {
@@ -107,6 +135,12 @@ CommandOption countOption(const QString& name, const QString& description, int& 
 
 CommandOption required(CommandOption option) {
     option.required = true;
+    return option;
+}
+
+CommandOption requiredUnless(const QString& alternative, CommandOption option) {
+    option.required = true;
+    option.alternative = alternative;
     return option;
 }
 

@@ -4,6 +4,7 @@
 #include "setting_range.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <optional>
@@ -11,10 +12,13 @@
 
 namespace quarlin {
 
+/// What an option's value is, as far as a shell can help with typing it.
+enum class ValueKind { file, folder, fileOrFolder, word, other };
+
 /// One option of a command, bound to the field that it sets. What is parsed and what the help tells both come
 /// from here.
 struct CommandOption {
-    /// What is typed, without the leading "--".
+    /// What is typed, without the leading "--"; empty for the words that stand alone.
     QString name;
     /// What the help calls the value; empty for a switch, which takes none.
     QString valueName;
@@ -22,7 +26,14 @@ struct CommandOption {
     QString description;
     /// Writes the value, which a switch ignores, to the field. Throws `UsageError` when the value is off.
     std::function<void(const QString& value)> apply;
+    ValueKind kind = ValueKind::other;
+    /// The words that the value is one of; only for the kind `word`.
+    QStringList words = {};
     bool required = false;
+    /// The option that may be given in place of this one, which is required otherwise.
+    QString alternative = {};
+    /// Whether it may be given more than once; then every value is applied, in the order of the words.
+    bool repeatable = false;
 };
 
 using CommandOptions = std::vector<CommandOption>;
@@ -32,7 +43,11 @@ using CommandOptions = std::vector<CommandOption>;
 
 /// A path, which must not be empty.
 CommandOption pathOption(const QString& name, const QString& valueName, const QString& description,
-                         QString& target);
+                         ValueKind kind, QString& target);
+
+/// Any number of paths, none of them empty.
+CommandOption pathsOption(const QString& name, const QString& valueName, const QString& description,
+                          ValueKind kind, QStringList& targets);
 
 /// The name of the set, an empty one too; without it the name comes from the first texture's file.
 CommandOption nameOption(std::optional<QString>& target);
@@ -53,5 +68,8 @@ CommandOption countOption(const QString& name, const QString& description, int& 
 
 /// The same option, which the command can't do without.
 CommandOption required(CommandOption option);
+
+/// The same option, which the command can't do without unless the option `alternative` is given.
+CommandOption requiredUnless(const QString& alternative, CommandOption option);
 
 }  // namespace quarlin

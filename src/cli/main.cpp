@@ -1,3 +1,4 @@
+#include "interruption.h"
 #include "program.h"
 #include "standard_streams.h"
 
@@ -13,7 +14,9 @@ int main(int argumentCount, char* arguments[]) {
         words += QString::fromLocal8Bit(arguments[index]);
     }
     try {
-        return runProgram(words);
+        const ExitStatus status = runProgram(words);
+        endIfInterrupted();
+        return status;
     } catch (const std::exception& error) {
         // Not foreseen: memory that has run out, above all.
         writeToStandardError(QStringLiteral("quarlin-cli: ") + QString::fromLocal8Bit(error.what()) + u'\n');

@@ -1,26 +1,28 @@
 #pragma once
 
-#include "command.h"
+#include "export_command.h"
 #include "normal_generator_settings.h"
-
-#include <optional>
 
 namespace quarlin {
 
-/// Generates a map set from one texture, as the Map Generator tool does.
-class MapsCommand : public Command {
+/// Generates a map set from each texture, as the Map Generator tool does.
+class MapsCommand : public ExportCommand {
 public:
     QString name() const override { return QStringLiteral("maps"); }
     QString summary() const override;
-    ExportResult run() const override;
 
 protected:
     CommandOptions ownOptions() override;
+    QStringList ownRemarks() const override;
+    std::optional<SetJob> singleSet() const override;
+    BatchPlan severalSets() const override;
 
 private:
-    QString m_source;
-    /// The material's name as typed; nothing to take it from the source file.
-    std::optional<QString> m_name;
+    SetJob jobFor(const QString& path) const;
+
+    /// Files and folders, as typed.
+    QStringList m_sources;
+    /// Without the material's name.
     NormalGeneratorSettings m_settings;
 };
 

@@ -1,28 +1,33 @@
 #pragma once
 
-#include "command.h"
 #include "conversion_settings.h"
+#include "export_command.h"
 #include "texture_slot_kind.h"
 
 #include <map>
-#include <optional>
 
 namespace quarlin {
 
-/// Packs texture files into a material set, as the PBR Material tool does.
-class MaterialCommand : public Command {
+/// Packs texture files into material sets, as the PBR Material tool does.
+class MaterialCommand : public ExportCommand {
 public:
     QString name() const override { return QStringLiteral("material"); }
     QString summary() const override;
-    ExportResult run() const override;
 
 protected:
     CommandOptions ownOptions() override;
+    QStringList ownRemarks() const override;
+    std::optional<SetJob> singleSet() const override;
+    BatchPlan severalSets() const override;
 
 private:
+    SetJob jobFor(const TextureSet& set) const;
+
+    /// The files of one set, as typed; a slot without one is missing or empty.
     std::map<TextureSlotKind, QString> m_paths;
-    /// The material's name as typed; nothing to take it from the base colour file.
-    std::optional<QString> m_name;
+    /// Folders whose files are matched to slots.
+    QStringList m_folders;
+    /// Without the material's name.
     ConversionSettings m_settings;
 };
 

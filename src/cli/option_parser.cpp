@@ -5,6 +5,8 @@
 #include <QCommandLineOption>
 #include <QCommandLineParser>
 
+#include <algorithm>
+
 namespace quarlin {
 
 namespace {
@@ -22,24 +24,46 @@ QString withoutFullStop(QString sentence) {
 void declare(QCommandLineParser& parser, const CommandOptions& options) {
     parser.addOption(QCommandLineOption(helpName));
     for (const CommandOption& option : options) {
-        QCommandLineOption declared(option.name);
-        declared.setValueName(option.valueName);
-        parser.addOption(declared);
+        if (!option.name.isEmpty()) {
+            QCommandLineOption declared(option.name);
+            declared.setValueName(option.valueName);
+            parser.addOption(declared);
+        }
     }
 }
 
-void apply(const QCommandLineParser& parser, const CommandOption& option) {
+bool isGiven(const QCommandLineParser& parser, const QString& name) {
+    return !name.isEmpty() && parser.isSet(name);
+}
+
+/// The values that are given for `option`, one empty one for a switch.
+QStringList valuesOf(const QCommandLineParser& parser, const CommandOption& option) {
+    if (option.name.isEmpty()) {
+        return parser.positionalArguments();
+    }
     if (!parser.isSet(option.name)) {
-        if (option.required) {
-            throw UsageError(QStringLiteral("--") + option.name + QStringLiteral(" is required"));
-        }
-        return;
+        return {};
     }
-    const bool takesValue = !option.valueName.isEmpty();
-    if (takesValue && parser.values(option.name).size() > 1) {
-        throw UsageError(QStringLiteral("--") + option.name + QStringLiteral(" is given more than once"));
+    return option.valueName.isEmpty() ? QStringList{QString()} : parser.values(option.name);
+}
+
+void apply(const QCommandLineParser& parser, const CommandOption& option) {
+    const QStringList values = valuesOf(parser, option);
+    const QString word = option.name.isEmpty() ? option.valueName : QStringLiteral("--") + option.name;
+    if (values.isEmpty() && option.required && !isGiven(parser, option.alternative)) {
+        throw UsageError(word + QStringLiteral(" is required"));
     }
-    option.apply(takesValue ? parser.value(option.name) : QString());
+    if (values.size() > 1 && !option.repeatable) {
+        throw UsageError(word + QStringLiteral(" is given more than once"));
+    }
+    for (const QString& value : values) {
+        option.apply(value);
+    }
+}
+
+bool takesWordsThatStandAlone(const CommandOptions& options) {
+    return std::any_of(options.begin(), options.end(),
+                       [](const CommandOption& option) { return option.name.isEmpty(); });
 }
 
 }  // namespace
@@ -54,7 +78,8 @@ Request parseOptions(const QStringList& words, const CommandOptions& options) {
     if (parser.isSet(helpName)) {
         return Request::help;
     }
-    if (const QStringList stray = parser.positionalArguments(); !stray.isEmpty()) {
+    const QStringList stray = parser.positionalArguments();
+    if (!stray.isEmpty() && !takesWordsThatStandAlone(options)) {
         throw UsageError(QStringLiteral("Unexpected word '") + stray.first() + u'\'');
     }
     for (const CommandOption& option : options) {

@@ -1,27 +1,16 @@
 #include "program.h"
 
 #include "command_failure.h"
+#include "commands.h"
 #include "help_text.h"
-#include "maps_command.h"
-#include "material_command.h"
 #include "option_parser.h"
-#include "report.h"
+#include "print.h"
 #include "standard_streams.h"
 #include "usage_error.h"
-
-#include <array>
 
 namespace quarlin {
 
 namespace {
-
-ExitStatus print(const QString& text) {
-    if (!writeToStandardOutput(text)) {
-        writeToStandardError(programName() + QStringLiteral(": Could not write to the standard output\n"));
-        return ExitStatus::workFailed;
-    }
-    return ExitStatus::done;
-}
 
 ExitStatus fail(const QString& message) {
     writeToStandardError(message + u'\n');
@@ -41,8 +30,7 @@ ExitStatus runCommand(Command& command, const QStringList& words) {
         if (parseOptions(words, command.options()) == Request::help) {
             return print(commandHelp(command));
         }
-        const ExportResult result = command.run();
-        return print(command.reportsAsJSON() ? jsonReport(result) : textReport(result));
+        return command.run();
     } catch (const UsageError& error) {
         return reject(error, command.name());
     } catch (const CommandFailure& failure) {
@@ -53,21 +41,19 @@ ExitStatus runCommand(Command& command, const QStringList& words) {
 }  // namespace
 
 ExitStatus runProgram(const QStringList& words) {
-    MaterialCommand material;
-    MapsCommand maps;
-    const std::array<Command*, 2> commands{&material, &maps};
+    const Commands commands;
 
     if (words.isEmpty()) {
         return reject(UsageError(QStringLiteral("A command is missing")), {});
     }
     const QString& first = words.first();
-    for (Command* command : commands) {
+    for (Command* command : commands.all()) {
         if (command->name() == first) {
             return runCommand(*command, words.mid(1));
         }
     }
     if (first == QStringLiteral("--help")) {
-        return print(programHelp(commands));
+        return print(programHelp(commands.all()));
     }
     if (first == QStringLiteral("--version")) {
         return print(programName() + QStringLiteral(" " QUARLIN_VERSION "\n"));

@@ -6,6 +6,9 @@
 
 namespace quarlin {
 
+/// The path of the set's folder, without a slash at the end.
+QString folderPath(const ExportResult& result);
+
 /// What an export wrote, one line for the folder and one per file.
 QString textReport(const ExportResult& result);
 

@@ -6,6 +6,7 @@
 
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 #endif
 
@@ -37,5 +38,18 @@ void reserveStandardStreams() {
 bool writeToStandardOutput(const QString& text) { return write(text, stdout); }
 
 void writeToStandardError(const QString& text) { write(text, stderr); }
+
+int terminalColumns() {
+#ifdef Q_OS_UNIX
+    if (isatty(STDERR_FILENO) == 0 || qgetenv("TERM") == "dumb") {
+        return 0;
+    }
+    constexpr int usual = 80;
+    winsize size{};
+    return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usual;
+#else
+    return 0;
+#endif
+}
 
 }  // namespace quarlin

@@ -14,4 +14,8 @@ bool writeToStandardOutput(const QString& text);
 /// Writes `text` to the standard error as UTF-8.
 void writeToStandardError(const QString& text);
 
+/// The width in characters of the terminal that the standard error goes to; 0 where it is none, or one that
+/// can only add lines.
+int terminalColumns();
+
 }  // namespace quarlin

@@ -31,4 +31,8 @@ private:
     QFile m_file;
 };
 
+/// Removes what exports that were killed have left in a folder: the hidden files of `AtomicFile` that nobody
+/// has written to for a day. A younger one may belong to another export that runs.
+void removeAbandonedDrafts(const QUrl& folder);
+
 }  // namespace quarlin

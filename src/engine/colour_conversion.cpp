@@ -149,7 +149,7 @@ ColourConversion<Sample> primariesConversion(cmsHPROFILE profile, int samplesPer
     };
 }
 
-/// Any other profile, through the colour library's own interpolation.
+/// Any other profile, step by step through the colour library.
 template <typename Sample>
 ColourConversion<Sample> tableConversion(cmsHPROFILE profile, int channels, int samplesPerPixel) {
     constexpr cmsUInt32Number bytesPerSample = sizeof(Sample);
@@ -159,9 +159,7 @@ ColourConversion<Sample> tableConversion(cmsHPROFILE profile, int channels, int 
     const Profile srgb(cmsCreate_sRGBProfile());
     // What a `std::function` holds must be copyable.
     const std::shared_ptr<void> transform(
-        cmsCreateTransform(profile, format, srgb.get(), rgbAndGap, intent,
-                           cmsFLAGS_HIGHRESPRECALC | cmsFLAGS_NOCACHE | cmsFLAGS_BLACKPOINTCOMPENSATION),
-        [](cmsHTRANSFORM owned) {
+        cmsCreateTransform(profile, format, srgb.get(), rgbAndGap, intent, exact), [](cmsHTRANSFORM owned) {
             if (owned != nullptr) {
                 cmsDeleteTransform(owned);
             }

@@ -50,6 +50,12 @@ HWY_INLINE HWY_ATTR Double luminance(const Colour& colour) {
     return hn::Add(redAndGreen, hn::Mul(colour.blue, number(luminanceWeights[2])));
 }
 
+/// Opaque pixels of these components, each of 0...255.
+HWY_INLINE HWY_ATTR Integer packed(Integer red, Integer green, Integer blue) {
+    const Integer opaque = hn::Set(Integers(), static_cast<std::int32_t>(0xFF000000U));
+    return hn::Or(hn::Or(red, hn::ShiftLeft<8>(green)), hn::Or(hn::ShiftLeft<16>(blue), opaque));
+}
+
 }  // namespace quarlin::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
 

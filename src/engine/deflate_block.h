@@ -20,6 +20,9 @@ inline constexpr std::int64_t farthestMatch = 32768;
 /// The longest match in whole pixels.
 inline constexpr std::int64_t longestMatch = 64;
 
+/// The coders compare eight bytes at once, and so may read so many behind the last of them.
+inline constexpr std::size_t coderSpare = 8;
+
 struct DeflateSymbol {
     std::uint16_t symbol = 0;
     std::uint8_t extraBits = 0;
@@ -61,8 +64,8 @@ struct SymbolCounts {
     }
 };
 
-/// Writes one deflate block with codes of its own, made for the symbols that it will hold. The block ends on a
-/// byte's edge, with nothing that a following block could refer to, and is the end of the stream when it is
+/// Writes one deflate block with codes of its own, made for the symbols that it will hold. The block ends on
+/// a byte's edge, with nothing that a following block could refer to, and is the end of the stream when it is
 /// the last one.
 class DeflateBlock {
 public:

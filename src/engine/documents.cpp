@@ -53,11 +53,13 @@ QString TextureProcessor::makeNotes(const OutputNames& names, const ConversionSe
            fileLine(QStringLiteral("Normal"), names.normal(), hasNormal) + u'\n' +
            fileLine(QStringLiteral("glTF material"), names.gltf(), settings.exportGLTF) +
            QStringLiteral(
-               "\n\nSecond Life / glTF channel packing:\n"
+               "\n\n"
+               "Second Life / glTF channel packing:\n"
                "ORM red: Ambient Occlusion. White means no occlusion.\n"
                "ORM green: Roughness. Black is glossy, white is rough.\n"
                "ORM blue: Metallic. Black is non-metal, white is metal.\n\n"
-               "Settings:\nOutput size: ") +
+               "Settings:\n"
+               "Output size: ") +
            title(settings.outputResolution) +
            QStringLiteral("\nRoughness input treated as gloss/smoothness: ") +
            yesOrNo(settings.roughnessInputIsGloss) + QStringLiteral("\nNormal green channel flipped: ") +
@@ -67,10 +69,10 @@ QString TextureProcessor::makeNotes(const OutputNames& names, const ConversionSe
            Formatters::percentLabel(settings.defaultMetallic) + QStringLiteral("\n\nSource files:\n") +
            sources.join(u'\n') +
            QStringLiteral(
-               "\n\nSuggested SL workflow:\n"
+               "\n\n"
+               "Suggested SL workflow:\n"
                "Upload the .gltf through Build > Upload > Material, or upload the PNGs as textures and "
-               "create a "
-               "new PBR Metallic-Roughness material manually.\n"
+               "create a new PBR Metallic-Roughness material manually.\n"
                "In the manual material window, assign Base Color to the Base Color slot, assign ORM to "
                "Metallic/Roughness, and assign Normal if available.\n\n"
                "Practical notes:\n"
@@ -113,19 +115,15 @@ QString TextureProcessor::makeNormalNotes(const NormalOutputNames& names,
                "supports them.\n\n"
                "Practical notes:\n"
                "These maps are generated heuristically from one texture. They are useful for fast Second "
-               "Life "
-               "material setup, but they cannot know the true material physics.\n"
+               "Life material setup, but they cannot know the true material physics.\n"
                "Metallic is intentionally conservative. Most surfaces should stay low metallic unless they "
-               "are "
-               "bare metal.\n"
+               "are bare metal.\n"
                "Gloss is the inverse of roughness. For PBR/glTF/SL Metallic-Roughness, roughness is usually "
-               "the "
-               "map you want.\n"
+               "the map you want.\n"
                "A generated normal map estimates height from brightness, which is useful for fabric, stone, "
                "panels, seams and surface grain, but less reliable for painted shadows or highlights.\n"
                "If bumps look pushed inward, toggle Invert Height. If vertical lighting looks reversed, "
-               "toggle "
-               "Flip Green.");
+               "toggle Flip Green.");
 }
 
 }  // namespace quarlin

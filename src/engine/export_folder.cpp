@@ -16,6 +16,7 @@ QUrl createExportFolder(const QUrl& parent, const QString& name) {
     if (failure) {
         throw FileSystemError(folder, failure.message());
     }
+    removeAbandonedDrafts(folder);
     return folder;
 }
 

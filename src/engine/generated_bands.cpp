@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <utility>
+#include <vector>
 
 namespace quarlin {
 
@@ -14,7 +15,13 @@ namespace {
 class HeightRows {
 public:
     HeightRows(RowRange range, std::int64_t width)
-        : m_range(range), m_stride(width + 2 * rowSlack), m_values(pixelCount(m_stride, range.count)) {}
+        : m_range(range), m_stride(width + 2 * rowSlack), m_values(pixelCount(m_stride, range.count)) {
+        // Vectors may read what stands around a row, to no effect; the row itself is going to be written.
+        for (std::int64_t y = range.first; y < range.end(); ++y) {
+            std::fill_n(row(y) - rowSlack, rowSlack, 0.0);
+            std::fill_n(row(y) + width, rowSlack, 0.0);
+        }
+    }
 
     RowRange range() const { return m_range; }
     double* row(std::int64_t y) { return m_values.data() + (y - m_range.first) * m_stride + rowSlack; }
@@ -25,7 +32,7 @@ public:
 private:
     RowRange m_range;
     std::int64_t m_stride;
-    std::vector<double> m_values;
+    std::vector<double, UninitializedAllocator<double>> m_values;
 };
 
 /// `rows` with `margin` rows more on either side, as far as the image has them.
@@ -84,7 +91,8 @@ GeneratedBand generateBand(const ImageView& source, const NormalGeneratorSetting
                        PixelBuffer(pixels),
                        PixelBuffer(pixels),
                        PixelBuffer(pixels),
-                       PixelBuffer(pixels)};
+                       PixelBuffer(pixels),
+                       PixelBuffer(pixels * bytesPerPixel)};
     const GeneratorFactors factors(settings);
     // Normals, contrast and cavity look one row up and down.
     const HeightRows heights = smoothedHeights(source, settings, widened(rows, 1, source.height));
@@ -99,22 +107,10 @@ GeneratedBand generateBand(const ImageView& source, const NormalGeneratorSetting
                 .roughness = band.roughness.data() + offset,
                 .gloss = band.gloss.data() + offset,
                 .metallic = band.metallic.data() + offset,
-                .occlusion = band.occlusion.data() + offset});
+                .occlusion = band.occlusion.data() + offset,
+                .orm = band.orm.data() + offset * bytesPerPixel});
     }
     return band;
-}
-
-PixelBuffer ormPixels(const GeneratedBand& band) {
-    PixelBuffer pixels(band.normal.size());
-    std::uint8_t* pixel = pixels.data();
-    for (std::size_t index = 0; index < band.occlusion.size(); ++index) {
-        pixel[0] = band.occlusion[index];
-        pixel[1] = band.roughness[index];
-        pixel[2] = band.metallic[index];
-        pixel[3] = 255;
-        pixel += bytesPerPixel;
-    }
-    return pixels;
 }
 
 NormalOutputs generateOutputs(const ImageView& source, const NormalGeneratorSettings& settings) {
@@ -139,8 +135,7 @@ NormalOutputs generateOutputs(const ImageView& source, const NormalGeneratorSett
         storeGreyPixels(band.metallic, outputs.metallic.pixels.data() + offset);
         storeGreyPixels(band.occlusion, outputs.occlusion.pixels.data() + offset);
         std::copy(band.normal.begin(), band.normal.end(), outputs.normal.pixels.data() + offset);
-        const PixelBuffer orm = ormPixels(band);
-        std::copy(orm.begin(), orm.end(), outputs.orm.pixels.data() + offset);
+        std::copy(band.orm.begin(), band.orm.end(), outputs.orm.pixels.data() + offset);
     });
     return outputs;
 }

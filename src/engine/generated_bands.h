@@ -5,11 +5,9 @@
 #include "image_view.h"
 #include "parallel.h"
 
-#include <vector>
-
 namespace quarlin {
 
-/// The maps of a run of rows. Grey maps have one byte a pixel, `normal` has four.
+/// The maps of a run of rows. Grey maps have one byte a pixel, `normal` and `orm` have four.
 struct GeneratedBand {
     RowRange rows;
     PixelBuffer height;
@@ -18,6 +16,7 @@ struct GeneratedBand {
     PixelBuffer gloss;
     PixelBuffer metallic;
     PixelBuffer occlusion;
+    PixelBuffer orm;
 };
 
 /// Computes the maps of `rows` of `source`: from heights through smoothing to the bytes while the rows are
@@ -26,9 +25,6 @@ struct GeneratedBand {
 /// any thread, and together they are what the operations of `TextureProcessor` make of the whole image, to
 /// the byte.
 GeneratedBand generateBand(const ImageView& source, const NormalGeneratorSettings& settings, RowRange rows);
-
-/// Packs the band's occlusion, roughness and metallic into opaque RGBA.
-PixelBuffer ormPixels(const GeneratedBand& band);
 
 /// The source and all maps of it as whole images, made on all cores.
 NormalOutputs generateOutputs(const ImageView& source, const NormalGeneratorSettings& settings);

@@ -21,6 +21,12 @@ EncodeMap greyMap(PixelBuffer GeneratedBand::*map) {
     };
 }
 
+EncodeMap colourMap(PixelBuffer GeneratedBand::*map) {
+    return [map](PngFile& file, std::int64_t index, const GeneratedBand& band) {
+        file.encodeBand(index, (band.*map).data());
+    };
+}
+
 /// Adds the images that `settings` ask for to `files`, in writing order, and encodes them. Each band of the
 /// source is turned into its maps, and these into their part of the files, before the next: no map is ever
 /// held whole.
@@ -39,17 +45,13 @@ void encodeMaps(const ImageView& source, const NormalOutputNames& names,
     add(true, names.baseColor(), [&source](PngFile& file, std::int64_t index, const GeneratedBand& band) {
         file.encodeBand(index, source.row(band.rows.first));
     });
-    add(true, names.normal(), [](PngFile& file, std::int64_t index, const GeneratedBand& band) {
-        file.encodeBand(index, band.normal.data());
-    });
+    add(true, names.normal(), colourMap(&GeneratedBand::normal));
     add(settings.exportHeight, names.height(), greyMap(&GeneratedBand::height));
     add(settings.exportRoughness, names.roughness(), greyMap(&GeneratedBand::roughness));
     add(settings.exportGloss, names.gloss(), greyMap(&GeneratedBand::gloss));
     add(settings.exportMetallic, names.metallic(), greyMap(&GeneratedBand::metallic));
     add(settings.exportAO, names.occlusion(), greyMap(&GeneratedBand::occlusion));
-    add(settings.exportORM, names.orm(), [](PngFile& file, std::int64_t index, const GeneratedBand& band) {
-        file.encodeBand(index, ormPixels(band).data());
-    });
+    add(settings.exportORM, names.orm(), colourMap(&GeneratedBand::orm));
 
     const RowBands bands = files.bands();
     forEachInParallel(bands.count(), [&](std::int64_t index) {

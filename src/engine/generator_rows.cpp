@@ -41,6 +41,16 @@ HWY_INLINE HWY_ATTR void storeBytes(Integer values, std::uint8_t* place) {
     hn::StoreU(hn::DemoteTo(Bytes(), values), Bytes(), place);
 }
 
+/// What `storeBytes` makes of values out of range.
+HWY_INLINE HWY_ATTR Integer saturated(Integer values) {
+    const Integers integers;
+    return hn::Min(hn::Max(values, hn::Zero(integers)), hn::Set(integers, 255));
+}
+
+HWY_INLINE HWY_ATTR void storePixels(Integer pixels, std::uint8_t* place) {
+    hn::StoreU(pixels, Integers(), reinterpret_cast<std::int32_t*>(place));
+}
+
 /// Calls `work(x, pixels)` for every vector of a row's pixels; the last, incomplete one works on copies.
 template <typename Work>
 HWY_INLINE HWY_ATTR void forEachVector(const std::uint8_t* pixels, std::int64_t width, const Work& work) {
@@ -134,8 +144,7 @@ HWY_INLINE HWY_ATTR Integer normals(const double* above, const double* row, cons
     const Integer red = byteFromSignedUnit(hn::Div(x, divisor));
     const Integer green = byteFromSignedUnit(hn::Div(y, divisor));
     const Integer blue = byteFromSignedUnit(hn::Div(z, divisor));
-    const Integer opaque = hn::Set(Integers(), static_cast<std::int32_t>(0xFF000000U));
-    return hn::Or(hn::Or(red, hn::ShiftLeft<8>(green)), hn::Or(hn::ShiftLeft<16>(blue), opaque));
+    return packed(red, green, blue);
 }
 
 HWY_INLINE HWY_ATTR Double localHeightContrast(const double* above, const double* row, const double* below) {
@@ -184,29 +193,36 @@ HWY_ATTR void mapRow(const std::uint8_t* pixels, const double* above, const doub
             const Double occlusion =
                 clamped(hn::Sub(one, hn::Mul(cavity, number(factors.aoStrength))), 0.0, 1.0);
 
+            const Integer roughnessByte = byteFromUnit(roughness);
+            const Integer metallicByte = byteFromUnit(metallic);
+            const Integer occlusionByte = byteFromUnit(occlusion);
+            const Integer orm =
+                packed(saturated(occlusionByte), saturated(roughnessByte), saturated(metallicByte));
             const auto store = [&](const GeneratedRow& place) HWY_ATTR {
                 storeBytes(byteFromUnit(height), place.height);
-                storeBytes(byteFromUnit(roughness), place.roughness);
+                storeBytes(roughnessByte, place.roughness);
                 storeBytes(byteFromUnit(hn::Sub(one, roughness)), place.gloss);
-                storeBytes(byteFromUnit(metallic), place.metallic);
-                storeBytes(byteFromUnit(occlusion), place.occlusion);
-                hn::StoreU(normals(above + x, row + x, below + x, factors), Integers(),
-                           reinterpret_cast<std::int32_t*>(place.normal));
+                storeBytes(metallicByte, place.metallic);
+                storeBytes(occlusionByte, place.occlusion);
+                storePixels(normals(above + x, row + x, below + x, factors), place.normal);
+                storePixels(orm, place.orm);
             };
             if (count == lanes) {
                 store({output.height + x, output.normal + x * bytesPerPixel, output.roughness + x,
-                       output.gloss + x, output.metallic + x, output.occlusion + x});
+                       output.gloss + x, output.metallic + x, output.occlusion + x,
+                       output.orm + x * bytesPerPixel});
                 return;
             }
             std::uint8_t rest[5][HWY_MAX_BYTES];
-            std::uint8_t normalRest[HWY_MAX_BYTES];
-            store({rest[0], normalRest, rest[1], rest[2], rest[3], rest[4]});
+            std::uint8_t pixelRest[2][HWY_MAX_BYTES];
+            store({rest[0], pixelRest[0], rest[1], rest[2], rest[3], rest[4], pixelRest[1]});
             std::copy_n(rest[0], count, output.height + x);
             std::copy_n(rest[1], count, output.roughness + x);
             std::copy_n(rest[2], count, output.gloss + x);
             std::copy_n(rest[3], count, output.metallic + x);
             std::copy_n(rest[4], count, output.occlusion + x);
-            std::copy_n(normalRest, count * bytesPerPixel, output.normal + x * bytesPerPixel);
+            std::copy_n(pixelRest[0], count * bytesPerPixel, output.normal + x * bytesPerPixel);
+            std::copy_n(pixelRest[1], count * bytesPerPixel, output.orm + x * bytesPerPixel);
         });
 }
 

@@ -30,7 +30,7 @@ struct GeneratorFactors {
     double aoStrength;
 };
 
-/// Where the maps of a row go: `width` bytes each, and `width * 4` for `normal`.
+/// Where the maps of a row go: `width` bytes each, and `width * 4` for `normal` and `orm`.
 struct GeneratedRow {
     std::uint8_t* height;
     std::uint8_t* normal;
@@ -38,6 +38,7 @@ struct GeneratedRow {
     std::uint8_t* gloss;
     std::uint8_t* metallic;
     std::uint8_t* occlusion;
+    std::uint8_t* orm;
 };
 
 /// The unsmoothed heights of a row of pixels.

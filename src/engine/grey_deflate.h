@@ -1,5 +1,6 @@
 #pragma once
 
+#include "deflate_block.h"
 #include "pixel_image.h"
 
 #include <cstdint>
@@ -16,7 +17,7 @@ struct GreyResiduals {
     std::span<const std::uint8_t> filters;
     /// What the filters leave of the first pixels' alpha, `rows` bytes; that of all other pixels is 0.
     std::span<const std::uint8_t> firstAlphas;
-    /// `rows * width` residuals, with eight bytes to spare behind them.
+    /// `rows * width` residuals, with `coderSpare` bytes behind them.
     const std::uint8_t* values = nullptr;
 
     std::int64_t bytes() const { return rows * (width * bytesPerPixel + 1); }
@@ -27,5 +28,8 @@ struct GreyResiduals {
 /// the time to look for longer matches. The stream ends on a byte's edge, with nothing that following data
 /// could refer to, and is the end of the whole stream when `isLast`.
 PixelBuffer deflateGrey(const GreyResiduals& residuals, bool isLast);
+
+/// The Adler-32 checksum of that byte stream, from the residuals themselves.
+std::uint32_t greyAdler(const GreyResiduals& residuals);
 
 }  // namespace quarlin

@@ -1,6 +1,7 @@
 #include "image_decoder.h"
 
 #include "bmp_decoder.h"
+#include "jpeg_decoder.h"
 #include "plain_png_decoder.h"
 #include "vips_decoder.h"
 
@@ -12,6 +13,9 @@ QImage decodeImage(const QByteArray& bytes) {
     try {
         if (isBmp(bytes)) {
             return decodeBmp(bytes);
+        }
+        if (isJpeg(bytes)) {
+            return decodeJpeg(bytes);
         }
         QImage plain = decodePlainPng(bytes);
         return plain.isNull() ? decodeWithVips(bytes) : plain;

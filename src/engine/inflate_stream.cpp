@@ -26,7 +26,8 @@ bool InflateStream::advance() {
     }
     // The library may hold bits back, so that a step need not show in input or output.
     const auto place = [this] {
-        return std::tuple(m_state->avail_in, m_state->avail_out, m_state->block_state, m_state->read_in_length);
+        return std::tuple(m_state->avail_in, m_state->avail_out, m_state->block_state,
+                          m_state->read_in_length);
     };
     const auto before = place();
     return isal_inflate(m_state.get()) == ISAL_DECOMP_OK && place() != before;

@@ -31,16 +31,14 @@ HWY_INLINE HWY_ATTR Integer channelValues(const OrmChannel& channel, std::int64_
 HWY_ATTR void packOrm(const OrmChannels& channels, std::int64_t first, std::int64_t count,
                       std::uint8_t* output) {
     const Integers integers;
-    const Integer opaque = hn::Set(integers, static_cast<std::int32_t>(0xFF000000U));
     const auto lanes = static_cast<std::int64_t>(hn::Lanes(integers));
     std::int64_t index = 0;
     for (; index + lanes <= count; index += lanes) {
         const Integer occlusion = channelValues(channels[0], first + index);
         const Integer roughness = channelValues(channels[1], first + index);
         const Integer metallic = channelValues(channels[2], first + index);
-        const Integer packed = hn::Or(hn::Or(occlusion, hn::ShiftLeft<8>(roughness)),
-                                      hn::Or(hn::ShiftLeft<16>(metallic), opaque));
-        hn::StoreU(packed, integers, reinterpret_cast<std::int32_t*>(output + index * bytesPerPixel));
+        hn::StoreU(packed(occlusion, roughness, metallic), integers,
+                   reinterpret_cast<std::int32_t*>(output + index * bytesPerPixel));
     }
     plain::packOrm(channels, first + index, count - index, output + index * bytesPerPixel);
 }

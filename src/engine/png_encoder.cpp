@@ -43,6 +43,13 @@ QByteArray bigEndian(Value value) {
     return bytes;
 }
 
+/// Room for `size` bytes and those to spare that the coders may read behind them.
+PixelBuffer withSpare(std::size_t size) {
+    PixelBuffer buffer(size + coderSpare);
+    std::fill(buffer.begin() + static_cast<std::ptrdiff_t>(size), buffer.end(), std::uint8_t{0});
+    return buffer;
+}
+
 bool isOpaque(std::span<const std::uint8_t> row) {
     std::uint8_t all = 255;
     for (std::size_t index = 3; index < row.size(); index += 4) {
@@ -159,25 +166,6 @@ std::uint8_t firstAlphaResidual(PngFilter filter) {
     return 0;
 }
 
-/// The checksum of the bytes that `residuals` stand for.
-std::uint32_t adlerOf(const GreyResiduals& residuals) {
-    const auto width = static_cast<std::size_t>(residuals.width);
-    PixelBuffer row(width * 4 + 1, 0);
-    std::uint32_t adler = 1;
-    for (std::size_t index = 0; index < residuals.filters.size(); ++index) {
-        row[0] = residuals.filters[index];
-        const std::uint8_t* value = residuals.values + index * width;
-        for (std::size_t place = 1; place < row.size(); place += 4, ++value) {
-            row[place] = *value;
-            row[place + 1] = *value;
-            row[place + 2] = *value;
-        }
-        row[4] = residuals.firstAlphas[index];
-        adler = isal_adler32(adler, row.data(), row.size());
-    }
-    return adler;
-}
-
 }  // namespace
 
 PngEncoder::PngEncoder(std::int64_t width, std::int64_t height)
@@ -195,9 +183,7 @@ void PngEncoder::encodeBand(std::int64_t band, const std::uint8_t* rows) {
         return;
     }
 
-    const FilteredRows layout{m_width, rowCount, nullptr};
-    constexpr std::size_t spare = 8;
-    PixelBuffer filtered(static_cast<std::size_t>(layout.bytes()) + spare, 0);
+    PixelBuffer filtered = withSpare(static_cast<std::size_t>(rowCount) * (rowSize + 1));
     StraightRows straight(rows, rowSize);
     RowFilter filter(bytesPerPixel, rowSize);
     for (std::int64_t index = 0; index < rowCount; ++index) {
@@ -213,8 +199,7 @@ void PngEncoder::encodeBand(std::int64_t band, const std::uint8_t* rows) {
 void PngEncoder::encodeGreyBand(std::int64_t band, const std::uint8_t* grey) {
     const std::int64_t rowCount = bands()[band].count;
     const auto width = static_cast<std::size_t>(m_width);
-    constexpr std::size_t spare = 8;
-    PixelBuffer values(static_cast<std::size_t>(rowCount) * width + spare, 0);
+    PixelBuffer values = withSpare(static_cast<std::size_t>(rowCount) * width);
     PixelBuffer filters(static_cast<std::size_t>(rowCount));
     PixelBuffer firstAlphas(filters.size());
     RowFilter filter(1, width);
@@ -226,7 +211,7 @@ void PngEncoder::encodeGreyBand(std::int64_t band, const std::uint8_t* grey) {
     }
     const GreyResiduals residuals{m_width, rowCount, filters, firstAlphas, values.data()};
     const PixelBuffer deflated = deflateGrey(residuals, isLast(band));
-    storeBand(band, {deflated.data(), static_cast<qsizetype>(deflated.size())}, adlerOf(residuals));
+    storeBand(band, {deflated.data(), static_cast<qsizetype>(deflated.size())}, greyAdler(residuals));
 }
 
 void PngEncoder::storeBand(std::int64_t band, QByteArrayView deflated, std::uint32_t adler) {

@@ -63,8 +63,7 @@ bool unfilterPngRow(std::uint8_t filter, std::span<std::uint8_t> row, const std:
                     const int fromUpLeft = std::abs(left[channel] + up - 2 * upLeft[channel]);
                     const int vertical = fromUp <= fromUpLeft ? up : upLeft[channel];
                     const bool isLeft = fromLeft <= fromUp && fromLeft <= fromUpLeft;
-                    left[channel] =
-                        (residuals[index + channel] + (isLeft ? left[channel] : vertical)) & 255;
+                    left[channel] = (residuals[index + channel] + (isLeft ? left[channel] : vertical)) & 255;
                     upLeft[channel] = up;
                 }
                 store(index);

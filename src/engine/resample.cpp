@@ -72,16 +72,20 @@ void filterRow(const std::uint8_t* input, std::span<const FilterTaps> taps, std:
     }
 }
 
-/// Rounds a row of sums to pixels, keeping every colour at or below its alpha.
+/// Rounds a row of sums to pixels, keeping every colour at or below its alpha. Beside an edge the filter
+/// overshoots; where alpha can't follow, the colours are held back with it, or the inside of a cut-out would
+/// shine along its edge.
 void storeRow(std::span<const double> sums, std::uint8_t* output) {
     const auto toByte = [](double sum, double largest) {
         return static_cast<std::uint8_t>(std::max(0.0, std::min(largest, std::floor(sum + 0.5))));
     };
     for (std::size_t index = 0; index < sums.size(); index += 4) {
-        const std::uint8_t alpha = toByte(sums[index + 3], 255.0);
-        output[index] = toByte(sums[index], alpha);
-        output[index + 1] = toByte(sums[index + 1], alpha);
-        output[index + 2] = toByte(sums[index + 2], alpha);
+        constexpr double opaque = 255.0;
+        const std::uint8_t alpha = toByte(sums[index + 3], opaque);
+        const double held = sums[index + 3] > opaque ? opaque / sums[index + 3] : 1.0;
+        output[index] = toByte(sums[index] * held, alpha);
+        output[index + 1] = toByte(sums[index + 1] * held, alpha);
+        output[index + 2] = toByte(sums[index + 2] * held, alpha);
         output[index + 3] = alpha;
     }
 }

@@ -11,14 +11,13 @@ QString help(TextureSlotKind slot) {
         case TextureSlotKind::baseColor:
             return QStringLiteral(
                 "Unlit albedo/base color. Diffuse maps work as a source, but baked lighting should be "
-                "reduced "
-                "when possible.");
+                "reduced when possible.");
         case TextureSlotKind::normal:
             return QStringLiteral("Tangent-space normal map. Enable Y flip if your source is DirectX-style.");
         case TextureSlotKind::occlusion:
             return QStringLiteral(
-                "Ambient occlusion. Packed into the red channel of the SL/glTF ORM map. Missing AO exports "
-                "white.");
+                "Ambient occlusion. Packed into the red channel of the SL/glTF ORM map. "
+                "Missing AO exports white.");
         case TextureSlotKind::roughness:
             return QStringLiteral("Roughness grayscale. If your input is gloss/smoothness, enable invert.");
         case TextureSlotKind::metallic:

@@ -23,6 +23,8 @@ constexpr int symbolOnlySize = 24;
 
 Button::Button(ButtonStyle style, QString symbol, const QString& text, QWidget* parent)
     : QPushButton(text, parent), m_style(style), m_symbol(std::move(symbol)) {
+    // Painted anew when the pointer comes and goes.
+    setAttribute(Qt::WA_Hover);
     // A click acts and leaves the keyboard where it is.
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(text.isEmpty() ? QSizePolicy::Fixed : QSizePolicy::Minimum, QSizePolicy::Fixed);
@@ -43,16 +45,6 @@ QSize Button::sizeHint() const {
     const int padding = m_style == ButtonStyle::borderless ? borderlessPadding : sidePadding;
     return {2 * padding + metrics::symbolSize + symbolGap + label.width(),
             qMax(metrics::controlHeight, label.height() + 10)};
-}
-
-void Button::enterEvent(QEnterEvent* event) {
-    QPushButton::enterEvent(event);
-    update();
-}
-
-void Button::leaveEvent(QEvent* event) {
-    QPushButton::leaveEvent(event);
-    update();
 }
 
 QColor Button::contentColor() const {

@@ -21,6 +21,8 @@ constexpr double restingThickness = 6;
 
 OverlayScrollBar::OverlayScrollBar(QScrollBar& scrollBar, QWidget* parent) : QAbstractSlider(parent) {
     setOrientation(Qt::Vertical);
+    // Painted anew when the pointer comes and goes.
+    setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::NoFocus);
     const auto follow = [this, &scrollBar] {
         setRange(scrollBar.minimum(), scrollBar.maximum());
@@ -79,16 +81,6 @@ void OverlayScrollBar::mouseMoveEvent(QMouseEvent* event) {
 
 void OverlayScrollBar::mouseReleaseEvent(QMouseEvent*) {
     setSliderDown(false);
-    update();
-}
-
-void OverlayScrollBar::enterEvent(QEnterEvent* event) {
-    QAbstractSlider::enterEvent(event);
-    update();
-}
-
-void OverlayScrollBar::leaveEvent(QEvent* event) {
-    QAbstractSlider::leaveEvent(event);
     update();
 }
 

@@ -1,9 +1,9 @@
 #include "preview_tile.h"
 
 #include "colors.h"
-#include "image_view.h"
 #include "metrics.h"
 #include "painting.h"
+#include "picture_view.h"
 #include "text_label.h"
 
 #include <QPainter>
@@ -13,7 +13,7 @@ namespace quarlin {
 
 PreviewTile::PreviewTile(const PreviewTileContent& content, QWidget* parent)
     : QWidget(parent),
-      m_image(new SquareImageView(metrics::cornerRadius)),
+      m_image(new SquarePictureView(metrics::cornerRadius)),
       m_title(new TextLabel({}, TextStyle::headline)),
       m_subtitle(new TextLabel({}, TextStyle::caption, TextWeight::secondary)) {
     auto* stack = new QVBoxLayout(this);

@@ -6,7 +6,7 @@
 
 namespace quarlin {
 
-class ImageView;
+class PictureView;
 class TextLabel;
 
 /// What a preview tile shows.
@@ -33,7 +33,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    ImageView* m_image;
+    PictureView* m_image;
     TextLabel* m_title;
     TextLabel* m_subtitle;
 };

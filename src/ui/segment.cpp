@@ -18,6 +18,8 @@ constexpr int inset = 2;
 }  // namespace
 
 Segment::Segment(const QString& title, QWidget* parent) : QRadioButton(title, parent) {
+    // Painted anew when the pointer comes and goes.
+    setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
@@ -29,16 +31,6 @@ QSize Segment::sizeHint() const {
 
 QSize Segment::minimumSizeHint() const {
     return {fontMetrics().horizontalAdvance(text()) + 2 * leastSidePadding, sizeHint().height()};
-}
-
-void Segment::enterEvent(QEnterEvent* event) {
-    QRadioButton::enterEvent(event);
-    update();
-}
-
-void Segment::leaveEvent(QEvent* event) {
-    QRadioButton::leaveEvent(event);
-    update();
 }
 
 void Segment::paintEvent(QPaintEvent*) {

@@ -16,8 +16,6 @@ public:
 
 protected:
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }
-    void enterEvent(QEnterEvent* event) override;
-    void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };
 

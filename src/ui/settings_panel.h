@@ -109,8 +109,6 @@ protected:
             this);
     }
 
-    Store& store() const { return m_store; }
-
 private:
     template <typename Value>
     void write(Value Settings::*field, const Value& value) {

@@ -4,9 +4,9 @@
 #include "button.h"
 #include "colors.h"
 #include "dropped_file.h"
-#include "image_view.h"
 #include "metrics.h"
 #include "painting.h"
+#include "picture_view.h"
 #include "plain_tool_tip.h"
 #include "symbol_view.h"
 #include "text_label.h"
@@ -80,7 +80,7 @@ QWidget* TextureCard::loadedBody(const TextureCardTexts& texts) {
     auto* row = new QHBoxLayout(body);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(10);
-    m_thumbnail = new ImageView(thumbnailRadius, false);
+    m_thumbnail = new PictureView(thumbnailRadius, false);
     m_thumbnail->setFixedSize(thumbnailSize, thumbnailSize);
     row->addWidget(m_thumbnail);
 

@@ -14,7 +14,7 @@ class QMimeData;
 namespace quarlin {
 
 class Button;
-class ImageView;
+class PictureView;
 class TextLabel;
 
 /// The words and the symbol of a texture card.
@@ -67,7 +67,7 @@ private:
     bool m_isDropTarget = false;
     Button* m_remove;
     QWidget* m_loaded;
-    ImageView* m_thumbnail;
+    PictureView* m_thumbnail;
     TextLabel* m_fileName;
     TextLabel* m_size;
     Button* m_replace;

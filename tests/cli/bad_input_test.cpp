@@ -1,6 +1,9 @@
 #include "cli_test.h"
 
 #include <QDir>
+#include <QFile>
+
+#include <sys/stat.h>
 
 using namespace quarlin::tests;
 
@@ -44,7 +47,32 @@ TEST_F(BadInput, TextFile) {
 
 TEST_F(BadInput, Folder) {
     ASSERT_TRUE(QDir(path({})).mkdir(QStringLiteral("folder.png")));
-    expectUnreadable(path(QStringLiteral("folder.png")), "folder.png");
+    const QString folder = path(QStringLiteral("folder.png"));
+    expectLoadFailure({QStringLiteral("material"), QStringLiteral("--base-color"), folder}, "folder.png");
+    expectLoadFailure({QStringLiteral("material"), QStringLiteral("--base-color"), good,
+                       QStringLiteral("--metallic"), folder},
+                      "folder.png");
+}
+
+TEST_F(BadInput, PipeIsNotWaitedFor) {
+    const QString pipe = path(QStringLiteral("pipe.png"));
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0666), 0);
+    expectUnreadable(pipe, "pipe.png");
+}
+
+TEST_F(BadInput, Device) {
+    expectUnreadable(QStringLiteral("/dev/zero"), "zero");
+    expectUnreadable(QStringLiteral("/dev/null"), "null");
+}
+
+TEST_F(BadInput, StandardInputIsNoFile) { expectUnreadable(QStringLiteral("/dev/stdin"), "stdin"); }
+
+TEST_F(BadInput, LinksInACircle) {
+    const QString one = path(QStringLiteral("one.png"));
+    const QString two = path(QStringLiteral("two.png"));
+    ASSERT_TRUE(QFile::link(two, one));
+    ASSERT_TRUE(QFile::link(one, two));
+    expectUnreadable(one, "one.png");
 }
 
 TEST_F(BadInput, TruncatedPng) {

@@ -26,6 +26,7 @@ TEST_F(Usage, HelpNamesTheCommands) {
     EXPECT_THAT(outcome.output, StartsWith("Usage: quarlin-cli COMMAND [OPTION...]\n"));
     EXPECT_THAT(outcome.output, HasSubstr("\n  material "));
     EXPECT_THAT(outcome.output, HasSubstr("\n  maps "));
+    EXPECT_THAT(outcome.output, HasSubstr("\n  check "));
 }
 
 struct CommandWords {
@@ -49,18 +50,34 @@ TEST_P(CommandHelp, NamesEveryOption) {
 INSTANTIATE_TEST_SUITE_P(
     Commands, CommandHelp,
     testing::Values(
-        CommandWords{
-            "material",
-            {"base-color FILE", "normal FILE", "occlusion FILE", "roughness FILE", "metallic FILE",
-             "name TEXT", "size SIZE", "gloss", "flip-normal-green", "default-occlusion F",
-             "default-roughness F", "default-metallic F", "no-gltf", "no-notes", "output DIR", "json"}},
+        CommandWords{"material",
+                     {"base-color FILE",
+                      "normal FILE",
+                      "occlusion FILE",
+                      "roughness FILE",
+                      "metallic FILE",
+                      "name TEXT",
+                      "size SIZE",
+                      "gloss",
+                      "flip-normal-green",
+                      "default-occlusion F",
+                      "default-roughness F",
+                      "default-metallic F",
+                      "no-gltf",
+                      "no-notes",
+                      "output DIR",
+                      "json",
+                      "folder DIR",
+                      "recursive",
+                      "jobs N",
+                      "dry-run"}},
         CommandWords{
             "maps",
             {"source FILE",   "name TEXT",  "size SIZE",       "strength F",      "smoothing N",
              "invert-height", "flip-green", "roughness-min F", "roughness-max F", "metallic-strength F",
              "ao-strength F", "no-height",  "no-roughness",    "no-gloss",        "no-metallic",
              "no-ao",         "no-orm",     "no-gltf",         "no-notes",        "output DIR",
-             "json"}}),
+             "json",          "recursive",  "jobs N",          "dry-run"}}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
 struct BadWords {
@@ -112,6 +129,14 @@ INSTANTIATE_TEST_SUITE_P(
         BadWords{"EmptyFile", "material --base-color '' --output out", "--base-color takes a path, not ''",
                  "material "},
         BadWords{"EmptyOutput", "maps --source in.png --output ''", "--output takes a path, not ''", "maps "},
+        BadWords{"EmptySource", "maps --source in.png --source '' --output out",
+                 "--source takes a path, not ''", "maps "},
+        BadWords{"EmptyFolder", "material --folder '' --output out", "--folder takes a path, not ''",
+                 "material "},
+        BadWords{"NoJobs", "maps --source in.png --output out --jobs 0",
+                 "--jobs takes a whole number from 1 to 64, not '0'", "maps "},
+        BadWords{"TooManyJobs", "maps --source in.png --output out --jobs 65",
+                 "--jobs takes a whole number from 1 to 64, not '65'", "maps "},
         BadWords{"UnknownSize", "maps --source in.png --output out --size 256",
                  "--size takes base, 512, 1024, 2048 or 4096, not '256'", "maps "},
         BadWords{"StrengthTooSmall", "maps --source in.png --output out --strength 0.19",

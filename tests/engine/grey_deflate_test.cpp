@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <zlib.h>
+
 #include <random>
 
 using namespace quarlin;
@@ -59,6 +61,7 @@ Residuals residuals(std::int64_t width, std::int64_t rows, int spread, std::uint
 void expectRoundTrip(const Residuals& given) {
     const std::vector<std::uint8_t> expected = given.bytes();
     ASSERT_EQ(static_cast<std::size_t>(given.view().bytes()), expected.size());
+    ASSERT_EQ(greyAdler(given.view()), adler32(1, expected.data(), static_cast<uInt>(expected.size())));
     for (const bool isLast : {false, true}) {
         const PixelBuffer stream = deflateGrey(given.view(), isLast);
         ASSERT_TRUE(sameBytes(expected, rawInflate(stream, expected.size(), isLast)));

@@ -91,6 +91,47 @@ TEST_F(TiffInput, SixteenBitGrey) {
     EXPECT_TRUE(rendersAs(grey(picture), file));
 }
 
+TEST_F(TiffInput, GreyOfEveryDepthIsSpreadOverTheByte) {
+    for (const int bits : {1, 2, 4}) {
+        for (const bool minimumIsWhite : {false, true}) {
+            const int largest = (1 << bits) - 1;
+            TiffForm form;
+            form.colours = 1;
+            form.bitsPerSample = bits;
+            form.minimumIsWhite = minimumIsWhite;
+            TiffPage page{21, 5, {}};
+            for (int index = 0; index < 21 * 5; ++index) {
+                page.samples.push_back(static_cast<std::uint16_t>(index * 7 / 3 % (largest + 1)));
+            }
+            writeTiff(file, {page}, form);
+            EXPECT_TRUE(rendersAs(
+                drawnPicture(21, 5,
+                             [&](int x, int y) {
+                                 const int level = page.samples[static_cast<std::size_t>(y * 21 + x)];
+                                 const auto value = static_cast<std::uint8_t>(
+                                     (minimumIsWhite ? largest - level : level) * 255 / largest);
+                                 return Rgba{value, value, value, 255};
+                             }),
+                file))
+                << bits << " bits, white is " << (minimumIsWhite ? "0" : "the largest");
+        }
+    }
+}
+
+TEST_F(TiffInput, BigEndianAndLargeFiles) {
+    const Picture picture = noisePicture(21, 9, 12);
+    for (const bool bigEndian : {false, true}) {
+        for (const int bits : {8, 16}) {
+            TiffForm form;
+            form.bigEndian = bigEndian;
+            form.large = true;
+            form.bitsPerSample = bits;
+            writeTiff(file, {tiffPage(picture, 3, bits == 16 ? 257 : 1)}, form);
+            EXPECT_TRUE(rendersAs(picture, file)) << bits << bigEndian;
+        }
+    }
+}
+
 TEST_F(TiffInput, GreyWhoseZeroIsWhite) {
     TiffForm form;
     form.colours = 1;
@@ -110,15 +151,6 @@ TEST_F(TiffInput, StraightAlphaIsPremultiplied) {
     const Picture picture = noisePicture(21, 9, 9, true);
     writeTiff(file, {tiffPage(picture, 4)}, form);
     EXPECT_TRUE(rendersAs(picture, file));
-}
-
-TEST_F(TiffInput, PremultipliedAlphaIsNotMultipliedTwice) {
-    TiffForm form;
-    form.alpha = TiffForm::Alpha::associated;
-    const Picture picture = noisePicture(21, 9, 10, true);
-    const Picture stored{21, 9, premultiplied(picture)};
-    writeTiff(file, {tiffPage(stored, 4)}, form);
-    EXPECT_TRUE(nearlySameBytes(stored.bytes, rendered(file).pixels, 1));
 }
 
 TEST_F(TiffInput, TheOrientationIsIgnored) {

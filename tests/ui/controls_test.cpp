@@ -1,7 +1,7 @@
 #include "adaptive_grid.h"
 #include "button.h"
-#include "image_view.h"
 #include "overlay_scroll_bar.h"
+#include "picture_view.h"
 #include "scroll_panel.h"
 #include "segment.h"
 #include "segmented_picker.h"
@@ -241,7 +241,7 @@ TEST(AdaptiveGrid, MakesEveryColumnEquallyWide) {
     }
 }
 
-TEST(ImageView, FillsItsFrameAndCutsOffWhatStandsOver) {
+TEST(PictureView, FillsItsFrameAndCutsOffWhatStandsOver) {
     // Red on the left, green in the middle, blue on the right: the frame is square, so only green is left.
     QImage wide(90, 30, QImage::Format_RGB32);
     wide.fill(Qt::green);
@@ -251,7 +251,7 @@ TEST(ImageView, FillsItsFrameAndCutsOffWhatStandsOver) {
             wide.setPixelColor(60 + x, y, Qt::blue);
         }
     }
-    ImageView view(0, false);
+    PictureView view(0, false);
     view.setFixedSize(54, 54);
     view.setImage(wide);
     const QImage shown = view.grab().toImage();
@@ -260,7 +260,7 @@ TEST(ImageView, FillsItsFrameAndCutsOffWhatStandsOver) {
     EXPECT_EQ(shown.pixelColor(27, 51), QColor(Qt::green));
 }
 
-TEST(ImageView, ShowsTheSamePartAtEveryScale) {
+TEST(PictureView, ShowsTheSamePartAtEveryScale) {
     // One dark quarter: a picture that were tiled or shifted would show it elsewhere too.
     QImage image(64, 64, QImage::Format_RGB32);
     image.fill(Qt::white);
@@ -269,7 +269,7 @@ TEST(ImageView, ShowsTheSamePartAtEveryScale) {
             image.setPixelColor(x, y, Qt::black);
         }
     }
-    ImageView view(0, false);
+    PictureView view(0, false);
     view.setFixedSize(40, 40);
     view.setImage(image);
     for (const double scale : {1.0, 1.5, 2.0}) {
@@ -289,10 +289,10 @@ TEST(ImageView, ShowsTheSamePartAtEveryScale) {
     }
 }
 
-TEST(ImageView, RoundsItsCorners) {
+TEST(PictureView, RoundsItsCorners) {
     QImage image(54, 54, QImage::Format_RGB32);
     image.fill(Qt::red);
-    ImageView view(6, false);
+    PictureView view(6, false);
     view.setFixedSize(54, 54);
     view.setImage(image);
     const QImage shown = view.grab().toImage();

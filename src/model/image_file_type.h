@@ -27,4 +27,8 @@ struct EnumerationTable<ImageFileType> {
 /// The file name extensions of `type`, separated by spaces.
 inline QString extensions(ImageFileType type) { return tableRow(type).extensions; }
 
+/// Whether `extension`, in any case and without its dot, is one of an image that can be read: those that may
+/// be chosen, and WebP and AVIF.
+bool isImageExtension(const QString& extension);
+
 }  // namespace quarlin

@@ -8,12 +8,12 @@ namespace quarlin {
 
 /// A picture that fills its frame: scaled until nothing of the frame is left empty, what stands over cut off,
 /// the corners rounded.
-class ImageView : public QWidget {
+class PictureView : public QWidget {
     Q_OBJECT
 
 public:
     /// `radius` is that of the corners; `outlined` draws a faint line around the picture.
-    ImageView(double radius, bool outlined, QWidget* parent = nullptr);
+    PictureView(double radius, bool outlined, QWidget* parent = nullptr);
 
     const QImage& image() const { return m_image; }
     void setImage(const QImage& image);
@@ -31,12 +31,12 @@ private:
     bool m_outlined;
 };
 
-/// An `ImageView` that is as high as it is wide, whatever width it is given.
-class SquareImageView : public ImageView {
+/// An `PictureView` that is as high as it is wide, whatever width it is given.
+class SquarePictureView : public PictureView {
     Q_OBJECT
 
 public:
-    explicit SquareImageView(double radius, QWidget* parent = nullptr);
+    explicit SquarePictureView(double radius, QWidget* parent = nullptr);
 
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override { return width; }

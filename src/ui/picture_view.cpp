@@ -1,4 +1,4 @@
-#include "image_view.h"
+#include "picture_view.h"
 
 #include "colors.h"
 #include "painting.h"
@@ -8,12 +8,12 @@
 
 namespace quarlin {
 
-ImageView::ImageView(double radius, bool outlined, QWidget* parent)
+PictureView::PictureView(double radius, bool outlined, QWidget* parent)
     : QWidget(parent), m_radius(radius), m_outlined(outlined) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
-void ImageView::setImage(const QImage& image) {
+void PictureView::setImage(const QImage& image) {
     if (image.cacheKey() != m_image.cacheKey()) {
         m_image = image;
         m_scaled = {};
@@ -21,7 +21,7 @@ void ImageView::setImage(const QImage& image) {
     }
 }
 
-const QPixmap& ImageView::scaledFor(double scale) {
+const QPixmap& PictureView::scaledFor(double scale) {
     const QSize frame = size() * scale;
     if (m_scaled.size() != frame && !m_image.isNull()) {
         const QSize whole = m_image.size().scaled(frame, Qt::KeepAspectRatioByExpanding);
@@ -35,7 +35,7 @@ const QPixmap& ImageView::scaledFor(double scale) {
     return m_scaled;
 }
 
-void ImageView::paintEvent(QPaintEvent*) {
+void PictureView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const double scale = deviceScale(painter);
@@ -53,7 +53,7 @@ void ImageView::paintEvent(QPaintEvent*) {
     }
 }
 
-SquareImageView::SquareImageView(double radius, QWidget* parent) : ImageView(radius, true, parent) {
+SquarePictureView::SquarePictureView(double radius, QWidget* parent) : PictureView(radius, true, parent) {
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);

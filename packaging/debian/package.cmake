@@ -1,0 +1,32 @@
+# What only the Debian package has: its own changelog and copyright file, and the dependencies found in the programs.
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_MAINTAINER "VOREK TECH <quarlin@vorek.invalid>")
+set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+    "Quarlin packs texture files into a material set: base colour, a packed
+occlusion, roughness and metallic map, a normal map, a glTF material and
+notes. From a single texture it estimates height, normal, roughness, gloss,
+metallic and occlusion maps.
+.
+The package holds the program with a window, quarlin, and the same tools for
+scripts, quarlin-cli.")
+
+# Debian's rules want the package's own changelog beside the program's.
+file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/changelog entry LIMIT_COUNT 1)
+set(debian_version ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})
+if(NOT entry MATCHES "^quarlin \\(${debian_version}\\) ")
+  message(FATAL_ERROR "The newest entry of packaging/debian/changelog is not ${debian_version}: ${entry}")
+endif()
+quarlin_compressed(changelog.Debian.gz ${CMAKE_CURRENT_LIST_DIR}/changelog)
+add_custom_target(debian_changelog ALL DEPENDS changelog.Debian.gz)
+add_dependencies(packed debian_changelog)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/changelog.Debian.gz ${CMAKE_CURRENT_LIST_DIR}/copyright
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/quarlin)
+install(FILES ${CMAKE_CURRENT_LIST_DIR}/lintian-overrides
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides
+        RENAME quarlin)

@@ -1,0 +1,54 @@
+# What a Linux desktop wants beside the programs: menu entry, description, icons, manual pages, completions.
+find_program(GZIP_PROGRAM gzip REQUIRED)
+
+# The day of the newest release, from the changelog's first heading of the form "## [1.0.0] - 2026-11-21".
+file(STRINGS ${PROJECT_SOURCE_DIR}/CHANGELOG.md releases REGEX "^## \\[[0-9.]+\\] - ")
+list(GET releases 0 newest_release)
+if(NOT newest_release MATCHES "^## \\[([0-9.]+)\\] - ([0-9-]+)$" OR NOT CMAKE_MATCH_1 STREQUAL PROJECT_VERSION)
+  message(FATAL_ERROR "The newest release in CHANGELOG.md is not ${PROJECT_VERSION}: ${newest_release}")
+endif()
+set(QUARLIN_RELEASE_DATE ${CMAKE_MATCH_2})
+set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS CHANGELOG.md)
+
+# quarlin_compressed(OUTPUT INPUT): OUTPUT is INPUT as gzip packs it, the same bytes each time.
+function(quarlin_compressed output input)
+  add_custom_command(
+    OUTPUT ${output}
+    COMMAND ${GZIP_PROGRAM} --best --no-name --stdout ${input} > ${output}
+    DEPENDS ${input}
+    VERBATIM)
+endfunction()
+
+configure_file(${CMAKE_CURRENT_LIST_DIR}/quarlin.metainfo.xml.in tech.vorek.quarlin.metainfo.xml @ONLY)
+install(FILES ${CMAKE_CURRENT_LIST_DIR}/quarlin.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/tech.vorek.quarlin.metainfo.xml
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+
+install(DIRECTORY ${QUARLIN_ICON_THEME} DESTINATION ${CMAKE_INSTALL_DATADIR}/icons)
+install(FILES ${QUARLIN_ICON_SVG} DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+
+# A manual page may name @PROJECT_VERSION@ and @QUARLIN_RELEASE_DATE@.
+set(compressed)
+file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/packaging/man/*.1)
+foreach(page IN LISTS pages)
+  get_filename_component(name ${page} NAME)
+  configure_file(${page} man/${name} @ONLY)
+  quarlin_compressed(man/${name}.gz ${CMAKE_CURRENT_BINARY_DIR}/man/${name})
+  install(FILES ${CMAKE_CURRENT_BINARY_DIR}/man/${name}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  list(APPEND compressed man/${name}.gz)
+endforeach()
+
+# quarlin_completions(SHELL FOLDER): the files of packaging/completion/SHELL go where that shell looks.
+function(quarlin_completions shell folder)
+  file(GLOB completions CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/packaging/completion/${shell}/*)
+  install(FILES ${completions} DESTINATION ${CMAKE_INSTALL_DATADIR}/${folder})
+endfunction()
+quarlin_completions(bash bash-completion/completions)
+quarlin_completions(fish fish/vendor_completions.d)
+quarlin_completions(zsh zsh/vendor-completions)
+
+quarlin_compressed(changelog.gz ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
+list(APPEND compressed changelog.gz)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/changelog.gz DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/quarlin)
+add_custom_target(compressed_documents ALL DEPENDS ${compressed})
+add_dependencies(packed icons compressed_documents)

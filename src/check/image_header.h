@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <cstdint>
+#include <optional>
+
+namespace quarlin {
+
+/// The formats that glTF 2.0 allows for images, told by the first bytes.
+enum class ImageFormat { png, jpeg, other };
+
+ImageFormat imageFormat(const QByteArray& bytes);
+
+/// The colour types of the PNG standard.
+enum class PngColor : std::uint8_t { grey = 0, rgb = 2, indexed = 3, greyAlpha = 4, rgba = 6 };
+
+/// What a PNG says of itself in its first chunk.
+struct PngHeader {
+    std::int64_t width = 0;
+    std::int64_t height = 0;
+    int bitDepth = 0;
+    PngColor color = PngColor::rgba;
+};
+
+/// The header of a PNG; nothing where the bytes don't begin with one.
+std::optional<PngHeader> readPngHeader(const QByteArray& bytes);
+
+}  // namespace quarlin

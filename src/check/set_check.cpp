@@ -1,0 +1,94 @@
+#include "set_check.h"
+
+#include "checked_material.h"
+#include "image_check.h"
+#include "normal_output_names.h"
+
+namespace quarlin {
+
+namespace {
+
+void checkName(const CheckedMaterial& material, Findings& findings) {
+    const qsizetype length = material.name.toUtf8().size();
+    if (length > longestInventoryName) {
+        findings.push_back({FindingKind::nameCut, material.document,
+                            QStringLiteral("The material's name is ") + QString::number(length) +
+                                QStringLiteral(" bytes long; an inventory name keeps ") +
+                                QString::number(longestInventoryName) + u'.'});
+    }
+}
+
+void checkOcclusion(const CheckedMaterial& material, Findings& findings) {
+    if (material.occlusion && material.occlusion != material.metallicRoughness) {
+        findings.push_back({FindingKind::occlusionNotORM, material.document,
+                            QStringLiteral("Occlusion comes from ") + *material.occlusion +
+                                QStringLiteral(", and not from the image of metallic and roughness: its red "
+                                               "channel is what is uploaded.")});
+    }
+}
+
+/// Whether the material is of a set that Quarlin generated from a single texture.
+bool isGenerated(const CheckedMaterial& material) {
+    return material.normal == NormalOutputNames{material.name}.normal();
+}
+
+class MaterialCheck {
+public:
+    MaterialCheck(const CheckedMaterial& material, CheckedImages& images, Findings& findings)
+        : m_material(material), m_images(images), m_findings(findings) {}
+
+    void run() {
+        checkName(m_material, m_findings);
+        checkOcclusion(m_material, m_findings);
+        const QImage baseColor = read(m_material.baseColor, ImageUse::baseColor);
+        if (!baseColor.isNull() && m_material.isOpaque) {
+            checkAlpha(baseColor, *m_material.baseColor, m_findings);
+        }
+        read(m_material.metallicRoughness, ImageUse::orm);
+        if (m_material.occlusion != m_material.metallicRoughness) {
+            read(m_material.occlusion, ImageUse::orm);
+        }
+        const QImage normal = read(m_material.normal, ImageUse::normal);
+        if (!normal.isNull()) {
+            checkNormals(normal, *m_material.normal, isGenerated(m_material), m_findings);
+        }
+        checkSizes();
+    }
+
+private:
+    QImage read(const std::optional<QString>& name, ImageUse use) {
+        QImage image = name ? m_images.read(*name, use, m_findings) : QImage();
+        if (!image.isNull()) {
+            m_sizes.emplace_back(*name, image.size());
+        }
+        return image;
+    }
+
+    void checkSizes() {
+        for (const auto& [name, size] : m_sizes) {
+            if (size != m_sizes.front().second) {
+                m_findings.push_back(
+                    {FindingKind::differentSizes, name,
+                     QStringLiteral("The image is of another size than ") + m_sizes.front().first + u'.'});
+            }
+        }
+    }
+
+    const CheckedMaterial& m_material;
+    CheckedImages& m_images;
+    Findings& m_findings;
+    std::vector<std::pair<QString, QSize>> m_sizes;
+};
+
+}  // namespace
+
+Findings checkSet(const QUrl& folder) {
+    CheckedSet set = readSet(folder);
+    CheckedImages images(folder);
+    for (const CheckedMaterial& material : set.materials) {
+        MaterialCheck(material, images, set.findings).run();
+    }
+    return set.findings;
+}
+
+}  // namespace quarlin

@@ -1,0 +1,118 @@
+#include "checked_material.h"
+
+#include "file_names.h"
+#include "normal_output_names.h"
+#include "output_names.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+#include <system_error>
+
+namespace quarlin {
+
+namespace {
+
+/// The names of what is in the folder, sorted; nothing where it can't be read.
+std::optional<QStringList> namesIn(const QUrl& folder) {
+    std::error_code failure;
+    QStringList names;
+    std::filesystem::directory_iterator entry(localPath(folder), failure);
+    while (!failure && entry != std::filesystem::directory_iterator()) {
+#ifdef Q_OS_WIN
+        names += QString::fromStdWString(entry->path().filename().wstring());
+#else
+        names += QFile::decodeName(QByteArray::fromStdString(entry->path().filename().string()));
+#endif
+        entry.increment(failure);
+    }
+    if (failure) {
+        return std::nullopt;
+    }
+    names.sort();
+    return names;
+}
+
+/// The names of the materials of which a file with the ending of `ofNothing` is there.
+std::set<QString> materialsWith(const QStringList& names, const QString& ofNothing) {
+    std::set<QString> materials;
+    for (const QString& name : names) {
+        if (name.endsWith(ofNothing) && name.size() > ofNothing.size()) {
+            materials.insert(name.chopped(ofNothing.size()));
+        }
+    }
+    return materials;
+}
+
+std::optional<QString> nameIfThere(const QStringList& names, const QString& name) {
+    return names.contains(name) ? std::optional(name) : std::nullopt;
+}
+
+/// The sets that the names of the files tell. A material set always has a base colour and an ORM image, a
+/// generated one a base colour and a normal map.
+std::vector<CheckedMaterial> materialsByNames(const QStringList& names) {
+    std::vector<CheckedMaterial> materials;
+    std::set<QString> found = materialsWith(names, OutputNames{}.baseColor());
+    found.merge(materialsWith(names, OutputNames{}.orm()));
+    for (const QString& material : found) {
+        const OutputNames files{material};
+        materials.push_back({.document = {},
+                             .name = material,
+                             .baseColor = files.baseColor(),
+                             .metallicRoughness = files.orm(),
+                             .occlusion = files.orm(),
+                             .normal = nameIfThere(names, files.normal())});
+    }
+    std::set<QString> generated = materialsWith(names, NormalOutputNames{}.baseColor());
+    generated.merge(materialsWith(names, NormalOutputNames{}.normal()));
+    for (const QString& material : generated) {
+        const NormalOutputNames files{material};
+        const auto orm = nameIfThere(names, files.orm());
+        materials.push_back({.document = {},
+                             .name = material,
+                             .baseColor = files.baseColor(),
+                             .metallicRoughness = orm,
+                             .occlusion = orm,
+                             .normal = files.normal()});
+    }
+    return materials;
+}
+
+}  // namespace
+
+CheckedSet readSet(const QUrl& folder) {
+    const std::optional<QStringList> names = namesIn(folder);
+    if (!names) {
+        return {{}, {{FindingKind::unreadableFolder, {}, QStringLiteral("The folder can't be read.")}}};
+    }
+    CheckedSet set;
+    bool hasDocument = false;
+    for (const QString& name : *names) {
+        if (name.endsWith(QStringLiteral(".gltf"), Qt::CaseInsensitive)) {
+            hasDocument = true;
+            CheckedSet part = readGLTF(folder, name);
+            std::move(part.materials.begin(), part.materials.end(), std::back_inserter(set.materials));
+            std::move(part.findings.begin(), part.findings.end(), std::back_inserter(set.findings));
+        }
+    }
+    if (hasDocument) {
+        return set;
+    }
+    set.materials = materialsByNames(*names);
+    for (const CheckedMaterial& material : set.materials) {
+        if (!material.metallicRoughness) {
+            set.findings.push_back({FindingKind::noORM, {}, QStringLiteral("The set has no ORM image.")});
+        }
+    }
+    if (set.materials.empty()) {
+        set.findings.push_back({FindingKind::noSet,
+                                {},
+                                QStringLiteral("There is neither a .gltf document nor an image with the name "
+                                               "of an exported one.")});
+    }
+    return set;
+}
+
+}  // namespace quarlin

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "cli_test.h"
+
+#include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <vector>
+
+namespace quarlin::tests {
+
+/// A test on many sets, with a folder for their sources.
+class BatchTest : public CliTest {
+protected:
+    /// The path of a source, whose folder is made.
+    QString sourcePath(const QString& name = {}) const {
+        const QString file = path(QStringLiteral("sources/") + name);
+        EXPECT_TRUE(QDir().mkpath(QFileInfo(file).path()));
+        return file;
+    }
+    QString sources() const { return path(QStringLiteral("sources")); }
+
+    /// Writes a small picture as a source; `seed` makes it another one.
+    QString writeSource(const QString& name, int seed = 1) const {
+        EXPECT_TRUE(patternedImage(16, 16, seed).save(sourcePath(name), "PNG"));
+        return sourcePath(name);
+    }
+    QString writeBrokenSource(const QString& name) const {
+        sourcePath(name);
+        return writeFile(QStringLiteral("sources/") + name, "no picture");
+    }
+
+    /// Runs a command with the output folder, at the size of the sources.
+    Outcome runBatch(const QString& command, const QStringList& words) const {
+        return runCli(QStringList{command} + words +
+                      QStringList{QStringLiteral("--size"), QStringLiteral("base"),
+                                  QStringLiteral("--output"), output()});
+    }
+    Outcome runMaps(const QStringList& words) const { return runBatch(QStringLiteral("maps"), words); }
+    Outcome runMaterial(const QStringList& words) const {
+        return runBatch(QStringLiteral("material"), words);
+    }
+
+    /// The folders of the sets that were written.
+    QStringList exportedSets() const {
+        return QDir(output()).entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden);
+    }
+
+    /// What the program prints when it has exported a generated set without options.
+    std::string mapsReport(const std::string& name) const {
+        std::string report = "Export complete: " + output().toStdString() + "/" + name + "\n";
+        for (const char* suffix :
+             {"_basecolor.png", "_normal.png", "_height.png", "_roughness.png", "_gloss.png", "_metallic.png",
+              "_ao.png", "_orm.png", ".gltf", "_maps_notes.txt"}) {
+            report += "Wrote " + name + suffix + "\n";
+        }
+        return report;
+    }
+    std::string materialReport(const std::string& name, bool hasNormal = false) const {
+        return "Export complete: " + output().toStdString() + "/" + name + "\nWrote " + name +
+               "_BaseColor.png\nWrote " + name + "_ORM.png\n" +
+               (hasNormal ? "Wrote " + name + "_Normal.png\n" : "") + "Wrote " + name + ".gltf\nWrote " +
+               name + "_SL_PBR_notes.txt\n";
+    }
+};
+
+/// The lines of JSON that the program printed.
+inline std::vector<QJsonObject> jsonLines(const std::string& output) {
+    std::vector<QJsonObject> lines;
+    for (const QByteArray& line : QByteArray::fromStdString(output).split('\n')) {
+        if (!line.isEmpty()) {
+            const QJsonDocument document = QJsonDocument::fromJson(line);
+            EXPECT_TRUE(document.isObject()) << line.toStdString();
+            lines.push_back(document.object());
+        }
+    }
+    return lines;
+}
+
+}  // namespace quarlin::tests

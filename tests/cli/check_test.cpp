@@ -1,0 +1,481 @@
+#include "cli_test.h"
+
+#include <QColorSpace>
+#include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <functional>
+
+using namespace quarlin::tests;
+using testing::HasSubstr;
+
+namespace {
+
+QString word(const char* text) { return QString::fromUtf8(text); }
+
+constexpr int side = 64;
+
+QImage inGrey(const QImage& image) {
+    QImage grey = image.convertToFormat(QImage::Format_Grayscale8);
+    // The profile that was read with the image is one of RGB.
+    grey.setColorSpace({});
+    return grey;
+}
+
+/// The normal map, with green up, of round bumps.
+QImage bumpyNormals() {
+    QImage image(side, side, QImage::Format_RGB32);
+    const auto byteOf = [](double component) {
+        return static_cast<int>(std::lround((component * 0.5 + 0.5) * 255));
+    };
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x) {
+            const double right = std::cos(x / 3.0) * std::sin(y / 4.0);
+            const double down = std::sin(x / 3.0) * std::cos(y / 4.0) * 0.75;
+            const double length = std::sqrt(right * right + down * down + 1);
+            image.setPixel(x, y, qRgb(byteOf(-right / length), byteOf(down / length), byteOf(1 / length)));
+        }
+    }
+    return image;
+}
+
+class Check : public CliTest {
+protected:
+    const QString set = output() + word("/Brick");
+
+    /// The path of a file of the set by what follows the set's name.
+    QString file(const char* suffix) const { return set + word("/Brick") + word(suffix); }
+
+    /// Exports a set in which there is nothing to find.
+    void exportGoodSet(const QStringList& words = {}) const {
+        const QString color = writeImage(word("color.png"), patternedImage(side, side, 1));
+        const QString normal = writeImage(word("normal.png"), bumpyNormals());
+        const Outcome outcome = runCli(QStringList{word("material"), word("--base-color"), color,
+                                                   word("--normal"), normal, word("--name"), word("Brick"),
+                                                   word("--size"), word("base"), word("--output"), output()} +
+                                       words);
+        ASSERT_EQ(outcome.status, 0) << outcome.errors;
+    }
+
+    Outcome check(const QStringList& words = {}) const {
+        return runCli(QStringList{word("check"), set} + words);
+    }
+    /// What the check says of the set; it may find nothing else.
+    void expectFinding(const std::string& finding) const {
+        const Outcome outcome = check();
+        EXPECT_EQ(outcome.errors, "");
+        const bool isError = finding.starts_with("error");
+        const bool isWarning = finding.starts_with("warning");
+        EXPECT_EQ(outcome.status, isError ? 1 : isWarning ? 3 : 0);
+        EXPECT_EQ(outcome.output, set.toStdString() + "\n  " + finding +
+                                      "\n1 folder checked: " + (isError ? "1 error" : "0 errors") + ", " +
+                                      (isWarning ? "1 warning" : "0 warnings") + ", " +
+                                      (isError || isWarning ? "0 notes" : "1 note") + "\n");
+    }
+    void expectNothing(const Outcome& outcome) const {
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.errors, "");
+        EXPECT_EQ(outcome.output, set.toStdString() + "\n1 folder checked: 0 errors, 0 warnings, 0 notes\n");
+    }
+
+    /// Changes the document of the set.
+    void edit(const QByteArray& before, const QByteArray& after) const {
+        QByteArray text = bytesOf(file(".gltf"));
+        ASSERT_TRUE(text.contains(before));
+        writeDocument(text.replace(before, after));
+    }
+    void writeDocument(const QByteArray& text) const { write(file(".gltf"), text); }
+    static void write(const QString& path, const QByteArray& bytes) {
+        QFile device(path);
+        ASSERT_TRUE(device.open(QIODevice::WriteOnly));
+        ASSERT_EQ(device.write(bytes), bytes.size());
+    }
+    /// Replaces an image of the set by what `change` makes of it.
+    void redraw(const char* suffix, const std::function<QImage(const QImage&)>& change) const {
+        ASSERT_TRUE(change(QImage(file(suffix))).save(file(suffix), "PNG"));
+    }
+    void redrawAll(const std::function<QImage(const QImage&)>& change) const {
+        for (const char* suffix : {"_BaseColor.png", "_ORM.png", "_Normal.png"}) {
+            redraw(suffix, change);
+        }
+    }
+};
+
+TEST_F(Check, FindsNothingInAGoodSet) {
+    exportGoodSet();
+    expectNothing(check());
+}
+
+TEST_F(Check, FindsNothingInAGoodSetWithoutDocument) {
+    exportGoodSet({word("--no-gltf")});
+    expectNothing(check());
+}
+
+TEST_F(Check, FindsAFolderThatIsMissing) {
+    expectFinding("error: The folder can't be read. [unreadable-folder]");
+}
+
+TEST_F(Check, FindsAFolderThatIsAFile) {
+    exportGoodSet();
+    const Outcome outcome = runCli({word("check"), file(".gltf")});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.output, HasSubstr("[unreadable-folder]"));
+}
+
+TEST_F(Check, FindsThatThereIsNoSet) {
+    ASSERT_TRUE(QDir().mkpath(set));
+    expectFinding(
+        "error: There is neither a .gltf document nor an image with the name of an exported one. [no-set]");
+}
+
+TEST_F(Check, FindsADocumentThatCannotBeRead) {
+    ASSERT_TRUE(QDir().mkpath(file(".gltf")));
+    expectFinding("error: Brick.gltf: The document can't be read. [unreadable-document]");
+}
+
+TEST_F(Check, FindsADocumentThatIsNoJson) {
+    exportGoodSet();
+    writeDocument("{ \"asset\": ");
+    const Outcome outcome = check();
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.output, HasSubstr("  error: Brick.gltf: The document is no JSON: "));
+    EXPECT_THAT(outcome.output, HasSubstr(" [invalid-json]\n"));
+}
+
+TEST_F(Check, FindsADocumentOfAnotherVersion) {
+    exportGoodSet();
+    edit("\"2.0\"", "\"1.0\"");
+    expectFinding("error: Brick.gltf: This is no glTF 2.0 document. [invalid-gltf]");
+}
+
+TEST_F(Check, FindsJsonThatIsNoDocument) {
+    exportGoodSet();
+    for (const char* text : {"[]", "[1]", "{}", "{\"asset\": 2}", "{\"asset\": {\"version\": 2.0}}"}) {
+        writeDocument(text);
+        expectFinding("error: Brick.gltf: This is no glTF 2.0 document. [invalid-gltf]");
+    }
+}
+
+TEST_F(Check, FindsADocumentWithoutMaterial) {
+    exportGoodSet();
+    writeDocument("{\"asset\": {\"version\": \"2.0\"}}");
+    expectFinding("error: Brick.gltf: The document has no material. [invalid-gltf]");
+}
+
+TEST_F(Check, FindsAReferenceToWhatIsNotThere) {
+    for (const char* index : {"9", "-1", "1.5", "\"2\"", "null"}) {
+        exportGoodSet();
+        edit("\"normalTexture\" : {\n        \"index\" : 2",
+             QByteArray("\"normalTexture\" : {\n        \"index\" : ") + index);
+        expectFinding(
+            "error: Brick.gltf: normalTexture refers to an image that the document does not have. "
+            "[invalid-gltf]");
+    }
+}
+
+TEST_F(Check, FindsAReferenceThatLeavesTheFolder) {
+    for (const char* uri : {"../Brick_Normal.png", "/etc/Brick_Normal.png", "file:///tmp/a.png",
+                            "https://example.com/a.png", "%2e%2e/a.png", "a/../../b.png"}) {
+        exportGoodSet();
+        edit("\"Brick_Normal.png\"", QByteArray("\"") + uri + '"');
+        expectFinding(std::string("error: Brick.gltf: normalTexture refers to ") + uri +
+                      ", which is outside the folder. [outside-reference]");
+    }
+}
+
+TEST_F(Check, FollowsAReferenceThatIsEscaped) {
+    exportGoodSet();
+    edit("\"Brick_Normal.png\"", "\"./Brick%5FNormal.png\"");
+    expectNothing(check());
+}
+
+TEST_F(Check, FindsAMissingImage) {
+    exportGoodSet();
+    ASSERT_TRUE(QFile::remove(file("_ORM.png")));
+    expectFinding("error: Brick_ORM.png: The image is missing. [missing-image]");
+}
+
+TEST_F(Check, FindsAMissingImageWithoutDocument) {
+    exportGoodSet({word("--no-gltf")});
+    ASSERT_TRUE(QFile::remove(file("_BaseColor.png")));
+    expectFinding("error: Brick_BaseColor.png: The image is missing. [missing-image]");
+}
+
+TEST_F(Check, FindsAFolderInPlaceOfAnImage) {
+    exportGoodSet();
+    ASSERT_TRUE(QFile::remove(file("_ORM.png")));
+    ASSERT_TRUE(QDir().mkpath(file("_ORM.png")));
+    expectFinding("error: Brick_ORM.png: The image can't be read. [missing-image]");
+}
+
+TEST_F(Check, FindsAnImageThatIsCutOff) {
+    exportGoodSet();
+    const QByteArray whole = bytesOf(file("_BaseColor.png"));
+    write(file("_BaseColor.png"), whole.left(whole.size() / 2));
+    expectFinding("error: Brick_BaseColor.png: The file is no whole, intact image. [undecodable-image]");
+}
+
+TEST_F(Check, FindsAFormatThatGltfDoesNotHave) {
+    exportGoodSet();
+    ASSERT_TRUE(QImage(file("_BaseColor.png")).save(file("_BaseColor.png"), "BMP"));
+    expectFinding("error: Brick_BaseColor.png: The image is neither PNG nor JPEG. [wrong-format]");
+}
+
+TEST_F(Check, FindsAFormatThatTheNameDoesNotTell) {
+    exportGoodSet();
+    ASSERT_TRUE(QImage(file("_BaseColor.png")).save(file("_BaseColor.png"), "JPG"));
+    expectFinding(
+        "error: Brick_BaseColor.png: The image is a JPEG, which its name does not say. [wrong-format]");
+}
+
+TEST_F(Check, FindsAGreyImageWhereChannelsAreToDiffer) {
+    exportGoodSet();
+    redraw("_ORM.png", inGrey);
+    expectFinding(
+        "error: Brick_ORM.png: The image is grey: red, green and blue are the same. [wrong-channels]");
+}
+
+TEST_F(Check, TakesAGreyBaseColor) {
+    exportGoodSet();
+    redraw("_BaseColor.png", inGrey);
+    expectNothing(check());
+}
+
+TEST_F(Check, FindsSixteenBits) {
+    exportGoodSet();
+    redraw("_Normal.png", [](const QImage& image) { return image.convertToFormat(QImage::Format_RGBX64); });
+    expectFinding("warning: Brick_Normal.png: The image has 16 bits per channel; 8 are used. [wrong-depth]");
+}
+
+TEST_F(Check, FindsAPalette) {
+    exportGoodSet();
+    redraw("_BaseColor.png",
+           [](const QImage& image) { return image.convertToFormat(QImage::Format_Indexed8); });
+    expectFinding(
+        "warning: Brick_BaseColor.png: The image has a palette of at most 256 colours. [indexed-color]");
+}
+
+TEST_F(Check, FindsSidesThatAreNoPowersOfTwo) {
+    exportGoodSet();
+    redrawAll([](const QImage& image) { return image.copy(0, 0, side, side - 1); });
+    const Outcome outcome = check();
+    EXPECT_EQ(outcome.status, 3);
+    for (const std::string name : {"BaseColor", "ORM", "Normal"}) {
+        EXPECT_THAT(outcome.output,
+                    HasSubstr("  warning: Brick_" + name +
+                              ".png: The image is 64x63: a side is no power of two, so it is rescaled on "
+                              "upload. [not-power-of-two]\n"));
+    }
+    EXPECT_THAT(outcome.output, HasSubstr("1 folder checked: 0 errors, 3 warnings, 0 notes\n"));
+}
+
+TEST_F(Check, FindsSidesThatAreTooLong) {
+    exportGoodSet();
+    redrawAll([](const QImage& image) { return image.scaled(4096, 2); });
+    const Outcome outcome = check();
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_THAT(
+        outcome.output,
+        HasSubstr("  warning: Brick_ORM.png: The image is 4096x2: a side is longer than 2048 pixels, so "
+                  "it is scaled down on upload. [too-large]\n"));
+    EXPECT_THAT(outcome.output, HasSubstr("1 folder checked: 0 errors, 3 warnings, 0 notes\n"));
+}
+
+TEST_F(Check, FindsMapsOfDifferentSizes) {
+    exportGoodSet();
+    redraw("_ORM.png", [](const QImage& image) { return image.scaled(side / 2, side / 2); });
+    expectFinding(
+        "warning: Brick_ORM.png: The image is of another size than Brick_BaseColor.png. [different-sizes]");
+}
+
+TEST_F(Check, FindsAnOcclusionTextureOfItsOwn) {
+    exportGoodSet();
+    ASSERT_TRUE(QFile::copy(file("_ORM.png"), file("_AO.png")));
+    writeDocument(
+        R"({"asset": {"version": "2.0"}, "images": [{"uri": "Brick_BaseColor.png"}, {"uri": "Brick_ORM.png"},
+            {"uri": "Brick_AO.png"}], "textures": [{"source": 0}, {"source": 1}, {"source": 2}],
+            "materials": [{"name": "Brick", "occlusionTexture": {"index": 2}, "pbrMetallicRoughness":
+            {"baseColorTexture": {"index": 0}, "metallicRoughnessTexture": {"index": 1}}}]})");
+    expectFinding(
+        "error: Brick.gltf: Occlusion comes from Brick_AO.png, and not from the image of metallic and "
+        "roughness: its red channel is what is uploaded. [occlusion-not-orm]");
+}
+
+TEST_F(Check, FindsAlphaThatAnOpaqueMaterialIgnores) {
+    exportGoodSet();
+    redraw("_BaseColor.png", [](const QImage& image) {
+        QImage holed = image.convertToFormat(QImage::Format_ARGB32);
+        for (int x = 0; x < side; ++x) {
+            holed.setPixel(x, 0, qRgba(1, 2, 3, 254));
+        }
+        return holed;
+    });
+    expectFinding(
+        "warning: Brick_BaseColor.png: 2% of the pixels are transparent, but the material is opaque and "
+        "ignores alpha. [ignored-alpha]");
+    edit("\"doubleSided\"", "\"alphaMode\" : \"BLEND\", \"doubleSided\"");
+    expectNothing(check());
+}
+
+TEST_F(Check, FindsAnInvertedNormalMap) {
+    exportGoodSet({word("--flip-normal-green")});
+    expectFinding(
+        "warning: Brick_Normal.png: Green looks inverted: the map fits a surface only if green points "
+        "down (DirectX), and in glTF it points up. [normal-inverted]");
+}
+
+TEST_F(Check, FindsANormalMapThatIsAPicture) {
+    exportGoodSet();
+    redraw("_Normal.png", [](const QImage& image) {
+        QImage grey(image.size(), QImage::Format_RGB32);
+        grey.fill(QColor(150, 140, 160));
+        return grey;
+    });
+    expectFinding(
+        "warning: Brick_Normal.png: 100% of the normals are not of length 1: this may be no normal map, "
+        "or one that was edited as a picture. [normal-not-unit]");
+}
+
+TEST_F(Check, FindsNormalsThatPointInward) {
+    exportGoodSet();
+    redraw("_Normal.png", [](const QImage& image) {
+        QImage turned = image.convertToFormat(QImage::Format_RGB32);
+        for (int y = 0; y < side; ++y) {
+            turned.setPixel(0, y, qRgb(128, 128, 0));
+        }
+        return turned;
+    });
+    expectFinding(
+        "warning: Brick_Normal.png: 2% of the normals point into the surface: their blue is below 128. "
+        "[normal-inward]");
+}
+
+TEST_F(Check, FindsANameThatIsCut) {
+    exportGoodSet();
+    edit("\"name\" : \"Brick\"", "\"name\" : \"" + QByteArray(61, 'x') + "ö\"");
+    expectNothing(check());
+    edit("\"name\" : \"", "\"name\" : \"x");
+    expectFinding(
+        "warning: Brick.gltf: The material's name is 64 bytes long; an inventory name keeps 63. "
+        "[name-cut]");
+}
+
+TEST_F(Check, NotesANameOfAFileThatIsCut) {
+    exportGoodSet();
+    const QByteArray longName = QByteArray(64, 'x') + ".png";
+    ASSERT_TRUE(QFile::rename(file("_Normal.png"), set + u'/' + QString::fromLatin1(longName)));
+    edit("Brick_Normal.png", longName);
+    expectFinding("note: " + longName.toStdString() +
+                  ": Uploaded alone, the image keeps 63 of the 64 bytes of its name. [file-name-cut]");
+}
+
+TEST_F(Check, NotesAnImageInTheDocument) {
+    exportGoodSet();
+    edit("\"uri\" : \"Brick_Normal.png\"", "\"uri\" : \"data:image/png;base64,AAAA\"");
+    expectFinding(
+        "note: Brick.gltf: The image of normalTexture is part of the document, and not checked. "
+        "[embedded-image]");
+}
+
+TEST_F(Check, NotesAMaterialWithoutImages) {
+    exportGoodSet();
+    writeDocument(R"({"asset": {"version": "2.0"}, "materials": [{"name": "Brick"}]})");
+    const Outcome outcome = check();
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output,
+              set.toStdString() +
+                  "\n  note: Brick.gltf: The material has no base colour image. [no-base-color]"
+                  "\n  note: Brick.gltf: The material has no ORM image. [no-orm]"
+                  "\n1 folder checked: 0 errors, 0 warnings, 2 notes\n");
+}
+
+TEST_F(Check, ReportsLinesOfJson) {
+    exportGoodSet();
+    ASSERT_TRUE(QFile::remove(file("_ORM.png")));
+    const Outcome outcome = check({output() + word("/none"), word("--json")});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_EQ(
+        outcome.output,
+        "{\"type\": \"folder\", \"folder\": \"" + set.toStdString() +
+            "\", \"findings\": [{\"severity\": \"error\", \"identifier\": \"missing-image\", \"file\": "
+            "\"Brick_ORM.png\", \"text\": \"The image is missing.\"}], \"errors\": 1, \"warnings\": 0, "
+            "\"notes\": 0}\n{\"type\": \"folder\", \"folder\": \"" +
+            output().toStdString() +
+            "/none\", \"findings\": [{\"severity\": \"error\", \"identifier\": \"unreadable-folder\", "
+            "\"file\": \"\", \"text\": \"The folder can't be read.\"}], \"errors\": 1, \"warnings\": 0, "
+            "\"notes\": 0}\n{\"type\": \"summary\", \"folders\": 2, \"errors\": 2, \"warnings\": 0, "
+            "\"notes\": 0}\n");
+}
+
+TEST_F(Check, TakesPathsRelativeToTheWorkingDirectory) {
+    exportGoodSet();
+    expectNothing(runCli({word("check"), word("output/Brick/")}, path({})));
+}
+
+TEST_F(Check, NeedsAFolder) {
+    const Outcome outcome = runCli({word("check")});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.errors, "quarlin-cli: FOLDER is required\nTry 'quarlin-cli check --help'.\n");
+    EXPECT_EQ(runCli({word("check"), QString()}).errors,
+              "quarlin-cli: The command takes a path, not ''\nTry 'quarlin-cli check --help'.\n");
+}
+
+/// Sets that Quarlin exports from the sample textures.
+class CheckOfSamples : public CliTest, public testing::WithParamInterface<const char*> {
+protected:
+    const QStringList size{word("--size"), word(GetParam()), word("--output"), output()};
+
+    Outcome checked(const QStringList& words) const {
+        EXPECT_EQ(runCli(words + size).status, 0);
+        const QString set =
+            output() + u'/' + QDir(output()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).value(0);
+        return runCli({word("check"), set});
+    }
+    QStringList maps() const {
+        return {word("maps"), word("--source"), word(SAMPLES_PATH "/brick_wall_basecolor.jpg")};
+    }
+};
+
+TEST_P(CheckOfSamples, FindsNothingInTheMaterialSet) {
+    const Outcome outcome = checked({word("material"), word("--folder"), word(SAMPLES_PATH)});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("\n1 folder checked: 0 errors, 0 warnings, 0 notes\n"));
+}
+
+TEST_P(CheckOfSamples, FindsThatTheGreenOfTheGeneratedNormalMapPointsDown) {
+    const Outcome outcome = checked(maps());
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output,
+                HasSubstr(" [normal-green-down]\n1 folder checked: 0 errors, 0 warnings, 1 note\n"));
+}
+
+TEST_P(CheckOfSamples, FindsNothingInTheGeneratedSetOnceItsGreenIsFlipped) {
+    const Outcome outcome = checked(maps() + QStringList{word("--flip-green")});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("\n1 folder checked: 0 errors, 0 warnings, 0 notes\n"));
+}
+
+TEST_P(CheckOfSamples, FindsTheORMThatWasNotExported) {
+    const Outcome outcome = checked(maps() + QStringList{word("--flip-green"), word("--no-orm")});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(
+        outcome.output,
+        HasSubstr("\n  error: brick_wall_basecolor_orm.png: The image is missing. [missing-image]\n"));
+}
+
+TEST_P(CheckOfSamples, NotesTheORMThatIsNotNeededWithoutDocument) {
+    const Outcome outcome =
+        checked(maps() + QStringList{word("--flip-green"), word("--no-orm"), word("--no-gltf")});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("\n  note: The set has no ORM image. [no-orm]\n"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, CheckOfSamples, testing::Values("512", "2048"),
+                         [](const auto& tested) { return std::string("Of") + tested.param; });
+
+}  // namespace

@@ -1,0 +1,114 @@
+#include "batch_test.h"
+
+#include "planned_files.h"
+#include "texture_processor.h"
+
+#include <functional>
+
+using namespace quarlin;
+using namespace quarlin::tests;
+
+namespace {
+
+QString word(const char* text) { return QString::fromUtf8(text); }
+
+class DryRun : public BatchTest {};
+
+TEST_F(DryRun, TellsWhatASingleSetWouldReadAndWrite) {
+    const QString color = writeSource(word("brick.png"));
+    const Outcome outcome = runMaterial({word("--base-color"), color, word("--dry-run")});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_EQ(outcome.output, "Would export: " + output().toStdString() + "/brick\nWould read " +
+                                  color.toStdString() +
+                                  " (Base Color)\n"
+                                  "Would write brick_BaseColor.png\n"
+                                  "Would write brick_ORM.png\n"
+                                  "Would write brick.gltf\n"
+                                  "Would write brick_SL_PBR_notes.txt\n"
+                                  "1 set to export\n");
+    EXPECT_FALSE(QDir(output()).exists());
+}
+
+TEST_F(DryRun, TellsWhichFilesAreReplaced) {
+    const QString color = writeSource(word("brick.png"));
+    const QStringList words{word("--base-color"), color, word("--no-notes")};
+    ASSERT_EQ(runMaterial(words + QStringList{word("--no-gltf")}).status, 0);
+    const FolderContents before = contentsOf(output() + word("/brick"));
+    const Outcome outcome = runMaterial(words + QStringList{word("--dry-run")});
+    EXPECT_EQ(outcome.output, "Would export: " + output().toStdString() + "/brick\nWould read " +
+                                  color.toStdString() +
+                                  " (Base Color)\n"
+                                  "Would replace brick_BaseColor.png\n"
+                                  "Would replace brick_ORM.png\n"
+                                  "Would write brick.gltf\n"
+                                  "1 set to export\n");
+    expectSame(contentsOf(output() + word("/brick")), before);
+}
+
+TEST_F(DryRun, ReadsNoPixels) {
+    writeBrokenSource(word("a.png"));
+    const Outcome outcome = runMaps({word("--source"), sources(), word("--dry-run")});
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    EXPECT_FALSE(QDir(output()).exists());
+}
+
+TEST_F(DryRun, FailsWhereAFileIsMissing) {
+    const QString color = writeSource(word("brick.png"));
+    const Outcome outcome =
+        runMaps({word("--source"), color, word("--source"), path(word("none.png")), word("--dry-run")});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_EQ(outcome.errors, "none: Load failed: Could not read image: none.png\n");
+}
+
+TEST_F(DryRun, TellsEverySetInJson) {
+    const QString color = writeSource(word("brick_color.png"));
+    const QString folder = sources();
+    const Outcome outcome = runMaterial({word("--folder"), folder, word("--dry-run"), word("--json")});
+    EXPECT_EQ(
+        outcome.output,
+        "{\"type\": \"set\", \"name\": \"brick\", \"status\": \"planned\", \"inputs\": {\"baseColor\": \"" +
+            color.toStdString() + "\"}, \"folder\": \"" + output().toStdString() +
+            "/brick\", \"files\": [\"brick_BaseColor.png\", \"brick_ORM.png\", \"brick.gltf\", "
+            "\"brick_SL_PBR_notes.txt\"], \"replaced\": []}\n"
+            "{\"type\": \"summary\", \"sets\": 1, \"exported\": 0, \"planned\": 1, \"failed\": 0, "
+            "\"notStarted\": 0, \"leftOut\": 0}\n");
+}
+
+class PlannedFiles : public BatchTest {
+protected:
+    const TextureProcessor processor;
+    const TextureAsset texture = processor.loadAsset(QUrl::fromLocalFile(writeSource(word("brick.png"))));
+    const QUrl parent = QUrl::fromLocalFile(output());
+};
+
+TEST_F(PlannedFiles, AreThoseOfAMaterialSet) {
+    for (int choice = 0; choice < 8; ++choice) {
+        ConversionSettings settings;
+        settings.outputResolution = OutputResolution::matchBase;
+        settings.exportGLTF = (choice & 1) != 0;
+        settings.exportNotes = (choice & 2) != 0;
+        const bool hasNormal = (choice & 4) != 0;
+        TextureMap textures{{TextureSlotKind::baseColor, texture}};
+        if (hasNormal) {
+            textures.emplace(TextureSlotKind::normal, texture);
+        }
+        EXPECT_EQ(plannedFiles(settings, hasNormal),
+                  processor.exportMaterialSet(textures, settings, parent).files);
+    }
+}
+
+TEST_F(PlannedFiles, AreThoseOfAGeneratedSet) {
+    using Switch = bool NormalGeneratorSettings::*;
+    using S = NormalGeneratorSettings;
+    for (const Switch off : {&S::exportHeight, &S::exportRoughness, &S::exportGloss, &S::exportMetallic,
+                             &S::exportAO, &S::exportORM, &S::exportGLTF, &S::exportNotes}) {
+        NormalGeneratorSettings settings;
+        settings.outputResolution = OutputResolution::matchBase;
+        settings.*off = false;
+        EXPECT_EQ(plannedFiles(settings),
+                  processor.exportGeneratedNormalSet(texture, settings, parent).files);
+    }
+}
+
+}  // namespace

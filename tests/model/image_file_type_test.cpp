@@ -1,0 +1,22 @@
+#include "image_file_type.h"
+
+#include <gtest/gtest.h>
+
+using namespace quarlin;
+
+namespace {
+
+TEST(ImageExtension, IsToldInAnyCase) {
+    for (const char* extension :
+         {"png", "PNG", "jpg", "Jpeg", "jpe", "tif", "tiff", "bmp", "gif", "heic", "heif", "webp", "AVIF"}) {
+        EXPECT_TRUE(isImageExtension(QString::fromLatin1(extension))) << extension;
+    }
+}
+
+TEST(ImageExtension, IsNoneForOtherFiles) {
+    for (const char* extension : {"", " ", "txt", "exr", "psd", ".png", "png ", "jpg jpeg", "gltf"}) {
+        EXPECT_FALSE(isImageExtension(QString::fromLatin1(extension))) << extension;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,172 @@
+"""What a user gets from the packages: installs them into empty folders, and starts the programs from there."""
+
+import gzip
+import os
+import plistlib
+import subprocess
+import sys
+import tarfile
+import tempfile
+import unittest
+from pathlib import Path
+
+BUILD = Path(os.environ["QUARLIN_BUILD"])
+SOURCE = Path(os.environ["QUARLIN_SOURCE"])
+VERSION = os.environ["QUARLIN_VERSION"]
+PLUGINS = os.environ["QUARLIN_PLUGINS"]
+ICON_SIZES = [16, 24, 32, 48, 64, 128, 256, 512]
+
+scratch = tempfile.TemporaryDirectory(prefix="quarlin-packages-")
+FOLDER = Path(scratch.name)
+PACKAGES = FOLDER / "packages"
+
+
+def run(*command, **environment):
+    """The standard output of a command that must succeed, run with nothing of this environment but the path."""
+    plain = {"PATH": os.environ["PATH"], "HOME": str(FOLDER), "LC_ALL": "C.UTF-8", "XDG_RUNTIME_DIR": str(FOLDER)}
+    done = subprocess.run(
+        [str(word) for word in command], env={**plain, **environment}, stdin=subprocess.DEVNULL,
+        stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, timeout=120)
+    if done.returncode != 0:
+        raise AssertionError(f"{command[0]} ended with {done.returncode}:\n{done.stdout}{done.stderr}")
+    return done.stdout
+
+
+def setUpModule():
+    for kind in ("DEB", "TGZ"):
+        run("cpack", "--config", BUILD / "CPackConfig.cmake", "-G", kind, "-B", PACKAGES)
+
+
+def tearDownModule():
+    scratch.cleanup()
+
+
+def the_one(pattern):
+    """The one package file of this pattern."""
+    files = list(PACKAGES.glob(pattern))
+    assert len(files) == 1, f"{pattern}: {files}"
+    return files[0]
+
+
+class Installed:
+    """What holds wherever the programs lie; `prefix` is that place."""
+
+    def test_both_programs_are_there(self):
+        self.assertEqual(sorted(file.name for file in (self.prefix / "bin").iterdir()), ["quarlin", "quarlin-cli"])
+
+    def test_each_program_has_a_manual_page(self):
+        for program in ("quarlin", "quarlin-cli"):
+            page = gzip.decompress((self.prefix / f"share/man/man1/{program}.1.gz").read_bytes()).decode()
+            self.assertIn(program, page.replace("\\-", "-"))
+            self.assertNotRegex(page, r"@\w+@", "a value that was not filled in")
+
+    def test_every_shell_finds_its_completions(self):
+        for file in ("bash-completion/completions/quarlin-cli", "fish/vendor_completions.d/quarlin-cli.fish",
+                     "zsh/vendor-completions/_quarlin-cli"):
+            self.assertTrue((self.prefix / "share" / file).is_file(), file)
+
+    def test_the_command_line_tells_its_version(self):
+        self.assertIn(VERSION, run(self.prefix / "bin/quarlin-cli", "--version"))
+
+    def test_the_command_line_exports_a_set(self):
+        output = self.prefix / "exported"
+        run(self.prefix / "bin/quarlin-cli", "material", "--base-color", SOURCE / "samples/brick_wall_basecolor.jpg",
+            "--normal", SOURCE / "samples/brick_wall_normal.png", "--name", "Wall", "--size", "512", "--output", output)
+        names = ["BaseColor.png", "Normal.png", "ORM.png", "SL_PBR_notes.txt"]
+        self.assertEqual(sorted(file.name for file in (output / "Wall").iterdir()),
+                         ["Wall.gltf"] + [f"Wall_{name}" for name in names])
+
+    def test_the_window_opens_with_its_icon_and_is_painted(self):
+        picture = self.prefix / "window.png"
+        run(self.prefix / "bin/quarlin", QT_QPA_PLATFORM="offscreen", QT_PLUGIN_PATH=PLUGINS,
+            QT_QPA_GENERIC_PLUGINS=f"first-paint:{picture}")
+        told = run("identify", "-format", "%[Title]\n%[Description]\n%w\n%h\n%k", picture).split("\n")
+        title, icon_sizes, width, height, colours = told[0], *map(int, told[1:])
+        self.assertEqual(title, "VOREK TECH Quarlin")
+        self.assertEqual(icon_sizes, len(ICON_SIZES))
+        self.assertGreaterEqual((width, height), (1120, 720))
+        # Text and icons are drawn smoothly; an empty window has a handful of colours.
+        self.assertGreater(colours, 100)
+
+    def test_the_menu_entry_is_valid_and_starts_the_window(self):
+        entry = self.prefix / "share/applications/quarlin.desktop"
+        run("desktop-file-validate", entry)
+        lines = entry.read_text().splitlines()
+        self.assertIn("Exec=quarlin", lines)
+        self.assertIn("Icon=quarlin", lines)
+
+    def test_the_description_for_software_centres_is_valid(self):
+        run("appstreamcli", "validate", "--no-net", "--pedantic",
+            self.prefix / "share/metainfo/tech.vorek.quarlin.metainfo.xml")
+
+    def test_the_icon_is_there_in_every_size(self):
+        icons = self.prefix / "share/icons/hicolor"
+        for size in ICON_SIZES:
+            told = run("identify", "-format", "%m %wx%h", icons / f"{size}x{size}/apps/quarlin.png")
+            self.assertEqual(told, f"PNG {size}x{size}")
+        self.assertTrue((icons / "scalable/apps/quarlin.svg").is_file())
+
+    def test_nothing_points_into_the_build(self):
+        for file in self.prefix.rglob("*"):
+            if file.is_file() and "bin" not in file.parts:
+                self.assertNotIn(str(SOURCE).encode(), file.read_bytes(), file)
+
+
+class DebianPackage(Installed, unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.package = the_one("*.deb")
+        root = FOLDER / "debian"
+        run("dpkg-deb", "--extract", cls.package, root)
+        cls.prefix = root / "usr"
+
+    def field(self, name):
+        return run("dpkg-deb", "--field", self.package, name).strip()
+
+    def test_lintian_has_nothing_to_say(self):
+        run("lintian", "--allow-root", "--fail-on", "error,warning", self.package)
+
+    def test_it_asks_for_the_libraries_that_the_programs_load(self):
+        dependencies = [entry.split()[0] for entry in self.field("Depends").split(", ")]
+        for library in ("libqt6widgets6", "libqt6svg6", "libvips42", "libisal2", "liblcms2-2"):
+            self.assertIn(library, dependencies)
+
+    def test_it_bears_the_version(self):
+        self.assertEqual(self.field("Version"), f"{VERSION}-1")
+
+
+class Archive(Installed, unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        package = the_one("*.tar.gz")
+        with tarfile.open(package) as archive:
+            archive.extractall(FOLDER / "archive")
+        cls.prefix = FOLDER / "archive" / package.name.removesuffix(".tar.gz")
+
+
+class OtherSystems(unittest.TestCase):
+    """What can be said here of packages that are made elsewhere."""
+
+    def test_the_macos_description_is_a_property_list_that_names_the_icon(self):
+        described = plistlib.loads((SOURCE / "packaging/macos/Info.plist.in").read_bytes())
+        self.assertEqual(described["CFBundleName"], "Quarlin")
+        self.assertEqual(described["CFBundleIconFile"], "quarlin.icns")
+
+    def test_the_windows_icon_holds_its_sizes(self):
+        told = run("identify", "-format", "%w ", BUILD / "packaging/icon/quarlin.ico")
+        self.assertEqual(sorted(map(int, told.split())), [16, 24, 32, 48, 64, 128, 256])
+
+    def test_the_macos_icon_is_a_chain_of_chunks_that_fills_the_file(self):
+        data = (BUILD / "packaging/icon/quarlin.icns").read_bytes()
+        self.assertEqual((data[:4], int.from_bytes(data[4:8], "big")), (b"icns", len(data)))
+        kinds, at = [], 8
+        while at < len(data):
+            kinds.append(data[at:at + 4])
+            self.assertEqual(data[at + 8:at + 16], b"\x89PNG\r\n\x1a\n")
+            at += int.from_bytes(data[at + 4:at + 8], "big")
+        self.assertEqual(at, len(data))
+        self.assertEqual(kinds, [b"icp4", b"icp5", b"icp6", b"ic07", b"ic08", b"ic09", b"ic10"])
+
+
+if __name__ == "__main__":
+    unittest.main(argv=[sys.argv[0], "--verbose", *sys.argv[1:]])
