@@ -1,5 +1,6 @@
 #include "jpeg_decoder.h"
 
+#include "image_view.h"
 #include "jpeg_padding.h"
 #include "vips_decoder.h"
 
@@ -45,6 +46,9 @@ bool isFlawless(const QByteArray& bytes) {
     jpeg_mem_src(&jpeg, reinterpret_cast<const unsigned char*>(bytes.constData()),
                  static_cast<unsigned long>(bytes.size()));
     jpeg_read_header(&jpeg, TRUE);
+    if (!isUsableSize(jpeg.image_width, jpeg.image_height)) {
+        leave(reinterpret_cast<j_common_ptr>(&jpeg));
+    }
     jpeg.scale_num = 1;
     jpeg.scale_denom = 8;
     jpeg.out_color_space = jpeg.jpeg_color_space;
