@@ -76,6 +76,13 @@ TEST_P(JpegPadding, IsNotWhatIsLeftOfAScanThatWasNeverWritten) {
     }
 }
 
+TEST_P(JpegPadding, IsNoReasonToMissAFlawInTheLastRows) {
+    // The decoder fills what is missing, says so in a warning, and finds the end where it should be.
+    for (const qsizetype length : {3, 10, 30, 100, 400, 1000}) {
+        expectRefused(whole.first(end - length) + "\xff\xd9");
+    }
+}
+
 TEST_P(JpegPadding, BehindAnAbsurdSizeIsNotLookedAt) {
     QByteArray absurd = whole;
     absurd.insert(end, QByteArray(10, '\0'));
