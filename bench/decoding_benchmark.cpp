@@ -1,5 +1,6 @@
-// Decoding the same files with the decoder for plain PNGs and with libvips.
+// Decoding the same PNG files with the decoder for plain ones and with libvips, and a JPEG file.
 
+#include "jpeg_decoder.h"
 #include "libpng_writer.h"
 #include "measured.h"
 #include "photograph.h"
@@ -10,13 +11,14 @@
 
 #include <QBuffer>
 
+#include <functional>
 #include <map>
 
 namespace quarlin::bench {
 
 namespace {
 
-using Decode = QImage (*)(const QByteArray&);
+using Decode = std::function<QImage(const QByteArray& file)>;
 
 const PixelImage& picture() {
     static const PixelImage image = photograph(2048);
@@ -32,7 +34,7 @@ const QByteArray& pngFile(int samples) {
     return file;
 }
 
-void decode(benchmark::State& state, Decode decoder, const QByteArray& file) {
+void decode(benchmark::State& state, const Decode& decoder, const QByteArray& file) {
     for (auto _ : state) {
         if (decoder(file).isNull()) {
             state.SkipWithError("the file is refused");
@@ -42,7 +44,7 @@ void decode(benchmark::State& state, Decode decoder, const QByteArray& file) {
     countBytes(state, picture().pixels.size());
 }
 
-void decodeJpeg(benchmark::State& state) {
+void decodeLargeJpeg(benchmark::State& state) {
     static const QByteArray file = [] {
         const PixelImage& image = largePhotograph();
         const QImage view(image.pixels.data(), static_cast<int>(image.width), static_cast<int>(image.height),
@@ -51,20 +53,20 @@ void decodeJpeg(benchmark::State& state) {
         constexpr int quality = 90;
         return view.save(&buffer, "JPEG", quality) ? buffer.data() : QByteArray();
     }();
-    decode(state, decodeWithVips, file);
+    decode(state, decodeJpeg, file);
     countBytes(state, largePhotograph().pixels.size());
 }
 
 [[maybe_unused]] const int registered = [] {
     for (const int samples : {1, 3, 4}) {
-        const auto add = [&](const std::string& name, Decode decoder) {
+        const auto add = [&](const std::string& name, const Decode& decoder) {
             measure("decode/" + name + "/samples_" + std::to_string(samples),
                     [=](benchmark::State& state) { decode(state, decoder, pngFile(samples)); });
         };
         add("plain_png", decodePlainPng);
         add("libvips_png", decodeWithVips);
     }
-    measure("decode/libvips_jpeg", decodeJpeg);
+    measure("decode/jpeg", decodeLargeJpeg);
     return 0;
 }();
 

@@ -27,7 +27,7 @@ Pixel takePixel(FuzzedDataProvider& input, PixelKind kind) {
 
 /// Short lengths often, long ones now and then.
 std::size_t takeLength(FuzzedDataProvider& input) {
-    constexpr std::array<std::size_t, 4> most{4, 64, 600, 150'000};
+    constexpr std::array<std::size_t, 4> most{4, 64, 600, 20'000};
     return input.ConsumeIntegralInRange<std::size_t>(1, input.PickValueInArray(most));
 }
 
@@ -39,10 +39,10 @@ Drawing draw(FuzzedDataProvider& input) {
     Drawing drawing;
     drawing.kind = input.ConsumeEnum<PixelKind>();
     // Wide rows make several bands of few pixels.
-    constexpr std::array<std::int64_t, 7> widest{3, 20, 40, 60, 300, 1000, 150'000};
+    constexpr std::array<std::int64_t, 12> widest{3, 10, 20, 30, 40, 50, 60, 70, 100, 300, 1000, 150'000};
     drawing.width = input.ConsumeIntegralInRange<std::int64_t>(1, input.PickValueInArray(widest));
     drawing.height = input.ConsumeIntegralInRange<std::int64_t>(
-        1, std::clamp<std::int64_t>(150'000 / drawing.width, 3, 300));
+        1, std::clamp<std::int64_t>(20'000 / drawing.width, 3, 100));
     std::vector<Pixel> pixels;
     const auto count = static_cast<std::size_t>(drawing.width * drawing.height);
     while (pixels.size() < count) {

@@ -21,16 +21,13 @@ QStringList ExportCommand::remarks() const {
            QStringList{
                QStringLiteral(
                    "Several sets are exported side by side and reported one after the other, with a summary "
-                   "at "
-                   "the end. A set that fails stops no other. Two that would write into the same folder are "
-                   "both refused. Interrupted (Ctrl-C), the sets at work are completed and no other is "
-                   "begun; "
-                   "a second interruption ends the program at once."),
+                   "at the end. A set that fails stops no other. Two that would write into the same folder "
+                   "are both refused. Interrupted (Ctrl-C), the sets at work are completed and no other is "
+                   "begun; a second interruption ends the program at once."),
                QStringLiteral(
                    "With --json a single set is reported as one object with \"folder\" and \"files\". "
-                   "Several "
-                   "sets are reported as one object per line, told apart by \"type\": \"leftOut\" for a file "
-                   "that goes into no set, \"set\", and at the end \"summary\"."),
+                   "Several sets are reported as one object per line, told apart by \"type\": \"leftOut\" "
+                   "for a file that goes into no set, \"set\", and at the end \"summary\"."),
            };
 }
 
