@@ -20,11 +20,13 @@ QUrl createExportFolder(const QUrl& parent, const QString& name) {
     return folder;
 }
 
-void writeTextFile(const QByteArray& text, const QUrl& url) {
+void writeText(const QByteArray& text, const QString& name, ExportResult& result) {
+    const QUrl url = fileIn(result.folderURL, name);
     AtomicFile file(url);
     if (!file.isOpen() || !file.write(text) || !file.commit()) {
         throw TextureProcessorError::cannotWriteText(url);
     }
+    result.files += name;
 }
 
 }  // namespace quarlin

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "export_result.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QUrl>
@@ -11,7 +13,8 @@ namespace quarlin {
 /// `FileSystemError`.
 QUrl createExportFolder(const QUrl& parent, const QString& name);
 
-/// Writes a text file, whole or not at all. Throws `cannotWriteText`.
-void writeTextFile(const QByteArray& text, const QUrl& url);
+/// Writes a text file into the folder of `result`, whole or not at all, and adds its name there. Throws
+/// `cannotWriteText`.
+void writeText(const QByteArray& text, const QString& name, ExportResult& result);
 
 }  // namespace quarlin

@@ -1,5 +1,4 @@
 #include "export_folder.h"
-#include "file_names.h"
 #include "generated_bands.h"
 #include "png_file.h"
 #include "rendered_texture.h"
@@ -86,15 +85,11 @@ ExportResult TextureProcessor::exportGeneratedNormalSet(const std::optional<Text
     PngFileSet images(folder, size.width, size.height);
     encodeMaps(ImageView(rendered), names, settings, images);
     images.commit(result.files);
-    const auto writeText = [&](const QByteArray& text, const QString& name) {
-        writeTextFile(text, fileIn(folder, name));
-        result.files += name;
-    };
     if (settings.exportGLTF) {
-        writeText(makeGeneratedGLTFData(names, settings), names.gltf());
+        writeText(makeGeneratedGLTFData(names, settings), names.gltf(), result);
     }
     if (settings.exportNotes) {
-        writeText(makeNormalNotes(names, settings, *source).toUtf8(), names.notes());
+        writeText(makeNormalNotes(names, settings, *source).toUtf8(), names.notes(), result);
     }
     return result;
 }

@@ -1,5 +1,4 @@
 #include "export_folder.h"
-#include "file_names.h"
 #include "material_inputs.h"
 #include "png_file.h"
 #include "texture_processor.h"
@@ -57,15 +56,11 @@ ExportResult TextureProcessor::exportMaterialSet(const TextureMap& textures,
     ExportResult result{folder, {}};
     const bool hasNormal = textures.contains(TextureSlotKind::normal);
     writeImages(inputs, settings, names, result);
-    const auto writeText = [&](const QByteArray& text, const QString& name) {
-        writeTextFile(text, fileIn(folder, name));
-        result.files += name;
-    };
     if (settings.exportGLTF) {
-        writeText(makeGLTFData(names, settings, hasNormal), names.gltf());
+        writeText(makeGLTFData(names, settings, hasNormal), names.gltf(), result);
     }
     if (settings.exportNotes) {
-        writeText(makeNotes(names, settings, textures, hasNormal).toUtf8(), names.notes());
+        writeText(makeNotes(names, settings, textures, hasNormal).toUtf8(), names.notes(), result);
     }
     return result;
 }
