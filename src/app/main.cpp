@@ -1,10 +1,12 @@
 #include "application_icon.h"
+#include "band_memory.h"
 #include "desktop_color_scheme.h"
 #include "vorek_quarlin_app.h"
 
 #include <QApplication>
 
 int main(int argc, char** argv) {
+    quarlin::keepBandMemory();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quarlin"));
     QApplication::setApplicationVersion(QStringLiteral(QUARLIN_VERSION));

@@ -1,3 +1,4 @@
+#include "band_memory.h"
 #include "interruption.h"
 #include "program.h"
 #include "standard_streams.h"
@@ -9,6 +10,7 @@
 int main(int argumentCount, char* arguments[]) {
     using namespace quarlin;
     reserveStandardStreams();
+    keepBandMemory();
     QStringList words;
     for (int index = 1; index < argumentCount; ++index) {
         words += QString::fromLocal8Bit(arguments[index]);

@@ -1,6 +1,8 @@
 #include "jpeg_decoder.h"
 
+#include "image_view.h"
 #include "jpeg_padding.h"
+#include "parallel.h"
 #include "vips_decoder.h"
 
 #include <csetjmp>
@@ -28,9 +30,18 @@ void noteWarning(j_common_ptr jpeg, int level) {
     std::longjmp(reinterpret_cast<ErrorReport*>(jpeg->err)->exit, 1);
 }
 
-/// Whether the file decodes from its first to its last byte without a warning. Only the codes are of
-/// interest, so it is decoded at the smallest size.
-bool isFlawless(const QByteArray& bytes) {
+/// How much of a file has to be without flaw.
+enum class Extent {
+    /// The picture, if libvips may have missed a flaw in it: where it decodes row by row, it looks for
+    /// warnings only before each row of blocks, so that it never hears of those in the last.
+    lastRows,
+    /// Everything up to the end marker: nothing is missing and nothing left over.
+    all,
+};
+
+/// Whether the file decodes without a warning. Only the codes are of interest, so it is decoded at the
+/// smallest size.
+bool isFlawless(const QByteArray& bytes, Extent extent) {
     ErrorReport report{};
     jpeg_decompress_struct jpeg{};
     jpeg.err = jpeg_std_error(&report.manager);
@@ -45,6 +56,13 @@ bool isFlawless(const QByteArray& bytes) {
     jpeg_mem_src(&jpeg, reinterpret_cast<const unsigned char*>(bytes.constData()),
                  static_cast<unsigned long>(bytes.size()));
     jpeg_read_header(&jpeg, TRUE);
+    if (!isUsableSize(jpeg.image_width, jpeg.image_height)) {
+        leave(reinterpret_cast<j_common_ptr>(&jpeg));
+    }
+    if (extent == Extent::lastRows && jpeg_has_multiple_scans(&jpeg) != 0) {
+        jpeg_destroy_decompress(&jpeg);
+        return true;
+    }
     jpeg.scale_num = 1;
     jpeg.scale_denom = 8;
     jpeg.out_color_space = jpeg.jpeg_color_space;
@@ -55,7 +73,7 @@ bool isFlawless(const QByteArray& bytes) {
     while (jpeg.output_scanline < jpeg.output_height && jpeg.err->num_warnings == 0) {
         jpeg_read_scanlines(&jpeg, row, 1);
     }
-    if (jpeg.err->num_warnings == 0) {
+    if (extent == Extent::all && jpeg.err->num_warnings == 0) {
         jpeg_finish_decompress(&jpeg);
     }
     const bool flawless = jpeg.err->num_warnings == 0;
@@ -69,10 +87,25 @@ bool isJpeg(const QByteArray& bytes) { return bytes.startsWith("\xff\xd8\xff"); 
 
 QImage decodeJpeg(const QByteArray& bytes) {
     const JpegParts parts = jpegParts(bytes);
-    if (parts.withoutZeros == parts.clean || isFlawless(parts.clean)) {
-        return decodeWithVips(parts.clean);
+    if (parts.withoutZeros != parts.clean) {
+        for (const QByteArray& candidate : {parts.clean, parts.withoutZeros}) {
+            if (isFlawless(candidate, Extent::all)) {
+                return decodeWithVips(candidate);
+            }
+        }
+        return {};
     }
-    return isFlawless(parts.withoutZeros) ? decodeWithVips(parts.withoutZeros) : QImage();
+    // Both take one core each.
+    QImage image;
+    bool isWhole = false;
+    forEachInParallel(2, [&](std::int64_t index) {
+        if (index == 0) {
+            image = decodeWithVips(parts.clean);
+        } else {
+            isWhole = isFlawless(parts.clean, Extent::lastRows);
+        }
+    });
+    return isWhole ? image : QImage();
 }
 
 }  // namespace quarlin

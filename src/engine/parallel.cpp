@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <atomic>
+#include <condition_variable>
 #include <exception>
 #include <mutex>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace quarlin {
@@ -41,6 +43,106 @@ void forEachInParallel(std::int64_t count, const std::function<void(std::int64_t
     if (failure) {
         std::rethrow_exception(failure);
     }
+}
+
+namespace {
+
+/// How far the two steps are.
+class Progress {
+public:
+    explicit Progress(std::int64_t ahead) : m_ahead(ahead) {}
+
+    /// Wait until the step of `turn` may begin; false when it never may.
+    bool awaitFirst(std::int64_t turn) {
+        return await([&] { return turn < m_secondDone + m_ahead; });
+    }
+    bool awaitSecond(std::int64_t turn) {
+        return await([&] { return turn < m_firstDone; });
+    }
+
+    void finishFirst() {
+        change([&] { ++m_firstDone; });
+    }
+    void finishSecond() {
+        change([&] { ++m_secondDone; });
+    }
+    void stop(std::exception_ptr failure = nullptr) {
+        change([&] {
+            m_stopped = true;
+            m_failure = m_failure ? m_failure : std::move(failure);
+        });
+    }
+
+    /// Once both steps have ended: whether they did all turns. Throws what one of them threw.
+    bool isComplete() const {
+        if (m_failure) {
+            std::rethrow_exception(m_failure);
+        }
+        return !m_stopped;
+    }
+
+private:
+    template <typename Condition>
+    bool await(const Condition& condition) {
+        std::unique_lock lock(m_mutex);
+        m_changed.wait(lock, [&] { return m_stopped || condition(); });
+        return !m_stopped;
+    }
+    template <typename Change>
+    void change(const Change& apply) {
+        {
+            const std::lock_guard lock(m_mutex);
+            apply();
+        }
+        m_changed.notify_all();
+    }
+
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::int64_t m_ahead;
+    std::int64_t m_firstDone = 0;
+    std::int64_t m_secondDone = 0;
+    bool m_stopped = false;
+    std::exception_ptr m_failure;
+};
+
+}  // namespace
+
+bool doInStep(std::int64_t count, std::int64_t ahead, const std::function<bool(std::int64_t)>& first,
+              const std::function<bool(std::int64_t)>& second) {
+    if (count < 2 || coreCount() == 1) {
+        for (std::int64_t turn = 0; turn < count; ++turn) {
+            if (!first(turn) || !second(turn)) {
+                return false;
+            }
+        }
+        return true;
+    }
+    Progress progress(ahead);
+    const auto doTurns = [&](const auto& step, const auto& await, const auto& finish) {
+        try {
+            for (std::int64_t turn = 0; turn < count && await(turn); ++turn) {
+                if (!step(turn)) {
+                    progress.stop();
+                    return;
+                }
+                finish();
+            }
+        } catch (...) {
+            progress.stop(std::current_exception());
+        }
+    };
+    {
+        const std::jthread other([&] {
+            doTurns(
+                first, [&](std::int64_t turn) { return progress.awaitFirst(turn); },
+                [&] { progress.finishFirst(); });
+        });
+        doTurns(
+            second, [&](std::int64_t turn) { return progress.awaitSecond(turn); },
+            [&] { progress.finishSecond(); });
+    }
+    return progress.isComplete();
 }
 
 RowRange RowBands::operator[](std::int64_t band) const {

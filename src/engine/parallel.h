@@ -14,6 +14,14 @@ unsigned coreCount();
 void forEachInParallel(std::int64_t count, const std::function<void(std::int64_t)>& work,
                        unsigned threads = coreCount());
 
+/// Does work of two steps, one behind the other and yet side by side: `first(turn)` on a thread of its own,
+/// `second(turn)` on the calling one, each for the turns 0 to `count - 1` in order. A turn's second step
+/// follows its first one, which is never as many as `ahead` turns in front: so many buffers, used in turn,
+/// will do. When a step returns false, there are no more turns; returns whether all were done. What a step
+/// throws is thrown once both have stopped.
+bool doInStep(std::int64_t count, std::int64_t ahead, const std::function<bool(std::int64_t)>& first,
+              const std::function<bool(std::int64_t)>& second);
+
 /// A run of rows: `count` rows from `first`.
 struct RowRange {
     std::int64_t first = 0;

@@ -2,6 +2,7 @@
 
 #include "image_view.h"
 #include "inflate_stream.h"
+#include "parallel.h"
 #include "png_unfilter.h"
 #include "store_pixels.h"
 
@@ -13,6 +14,7 @@
 #include <array>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace quarlin {
 
@@ -131,8 +133,42 @@ std::optional<PlainPng> readPlainPng(QByteArrayView bytes) {
     return std::nullopt;
 }
 
-/// Inflates and turns back a few rows at a time, so that they are still in the processor's cache when they
-/// become pixels.
+/// Turns filtered rows back into samples and these into pixels, the rows one after the other.
+template <int samples>
+class RowDecoder {
+public:
+    RowDecoder(const Header& header, QImage& image)
+        : m_width(header.width),
+          m_rowSize(header.rowSize()),
+          m_above(m_rowSize + unfilterSpare, 0),
+          m_output(image.bits()) {}
+
+    /// The next `count` rows, each behind its filter's number; false when there is no such filter.
+    bool decode(std::uint8_t* filtered, std::size_t count) {
+        const std::uint8_t* above = m_above.data();
+        std::uint8_t* row = filtered + 1;
+        for (std::size_t index = 0; index < count; ++index) {
+            if (!unfilterPngRow<samples>(row[-1], {row, m_rowSize}, above)) {
+                return false;
+            }
+            storePixels<std::uint8_t, samples>(row, m_width, m_output);
+            m_output += m_width * bytesPerPixel;
+            above = row;
+            row += m_rowSize + 1;
+        }
+        std::copy_n(above, m_rowSize, m_above.begin());
+        return true;
+    }
+
+private:
+    std::int64_t m_width;
+    std::size_t m_rowSize;
+    PixelBuffer m_above;
+    std::uint8_t* m_output;
+};
+
+/// Inflates a few rows at a time, so that they are still in the processor's cache when they become pixels; in
+/// a large picture the next ones are inflated meanwhile.
 template <int samples>
 QImage decodeRows(const PlainPng& png) {
     const Header& header = png.header;
@@ -140,32 +176,27 @@ QImage decodeRows(const PlainPng& png) {
     if (image.isNull()) {
         return {};
     }
-    constexpr std::size_t bytesAtOnce = std::size_t{1} << 17;
-    const std::size_t rowSize = header.rowSize();
-    const std::int64_t rowsAtOnce =
-        std::clamp<std::int64_t>(static_cast<std::int64_t>(bytesAtOnce / (rowSize + 1)), 1, header.height);
-    PixelBuffer filtered(static_cast<std::size_t>(rowsAtOnce) * (rowSize + 1) + unfilterSpare);
-    PixelBuffer above(rowSize + unfilterSpare, 0);
+    constexpr std::int64_t bytesAtOnce = 1 << 17;
+    const auto filteredRowSize = static_cast<std::int64_t>(header.rowSize()) + 1;
+    const RowBands bands(header.height, std::max<std::int64_t>(1, bytesAtOnce / filteredRowSize));
+    constexpr std::int64_t bufferCount = 4;
+    const std::int64_t bufferSize = std::min(bands[0].count, header.height) * filteredRowSize;
+    std::vector<PixelBuffer> buffers(static_cast<std::size_t>(std::min(bufferCount, bands.count())),
+                                     PixelBuffer(static_cast<std::size_t>(bufferSize) + unfilterSpare));
+    const auto bufferOf = [&](std::int64_t band) -> PixelBuffer& {
+        return buffers[static_cast<std::size_t>(band) % buffers.size()];
+    };
     InflateStream stream(png.stream);
-    std::uint8_t* output = image.bits();
-    for (std::int64_t y = 0; y < header.height; y += rowsAtOnce) {
-        const auto rows = static_cast<std::size_t>(std::min(rowsAtOnce, header.height - y));
-        if (!stream.read({filtered.data(), rows * (rowSize + 1)})) {
-            return {};
-        }
-        const std::uint8_t* rowAbove = above.data();
-        for (std::uint8_t* row = filtered.data() + 1; row < filtered.data() + rows * (rowSize + 1);
-             row += rowSize + 1) {
-            if (!unfilterPngRow<samples>(row[-1], {row, rowSize}, rowAbove)) {
-                return {};
-            }
-            storePixels<std::uint8_t, samples>(row, header.width, output);
-            output += header.width * bytesPerPixel;
-            rowAbove = row;
-        }
-        std::copy_n(rowAbove, rowSize, above.begin());
-    }
-    return stream.hasEnded() ? image : QImage();
+    const auto inflate = [&](std::int64_t band) {
+        const auto size = static_cast<std::size_t>(bands[band].count * filteredRowSize);
+        return stream.read({bufferOf(band).data(), size});
+    };
+    RowDecoder<samples> rows(header, image);
+    const auto decode = [&](std::int64_t band) {
+        return rows.decode(bufferOf(band).data(), static_cast<std::size_t>(bands[band].count));
+    };
+    const bool isWhole = doInStep(bands.count(), bufferCount, inflate, decode) && stream.hasEnded();
+    return isWhole ? image : QImage();
 }
 
 }  // namespace

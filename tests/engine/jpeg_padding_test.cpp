@@ -76,6 +76,23 @@ TEST_P(JpegPadding, IsNotWhatIsLeftOfAScanThatWasNeverWritten) {
     }
 }
 
+TEST_P(JpegPadding, IsNoReasonToMissAFlawInTheLastRows) {
+    // The decoder fills what is missing, says so in a warning, and finds the end where it should be.
+    for (const qsizetype length : {3, 10, 30, 100, 400, 1000}) {
+        expectRefused(whole.first(end - length) + "\xff\xd9");
+    }
+}
+
+TEST_P(JpegPadding, BehindAnAbsurdSizeIsNotLookedAt) {
+    QByteArray absurd = whole;
+    absurd.insert(end, QByteArray(10, '\0'));
+    const qsizetype frame = absurd.indexOf(GetParam() ? "\xff\xc2" : "\xff\xc0");
+    ASSERT_GT(frame, 0);
+    // Height and width, behind the marker, the length and the sample depth.
+    absurd.replace(frame + 5, 4, "\xff\xdc\xff\xdc");
+    expectRefused(absurd);
+}
+
 TEST_P(JpegPadding, DoesNotRescueACutOffScan) {
     for (const qsizetype length : {whole.size() / 2, whole.size() - 400, whole.size() - 30}) {
         QByteArray padded = whole.first(length) + QByteArray(50, '\0');

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <atomic>
 #include <stdexcept>
 #include <string>
@@ -57,6 +58,72 @@ TEST(RowBands, CoverEveryRowOnce) {
             }
             EXPECT_EQ(next, height);
         }
+    }
+}
+
+TEST(DoInStep, EveryTurnIsTakenInOrderAndTheSecondStepFollowsTheFirst) {
+    constexpr std::int64_t turns = 200;
+    constexpr std::int64_t ahead = 3;
+    std::array<std::int64_t, ahead> buffers{};
+    std::vector<std::int64_t> seen;
+    const bool isDone = doInStep(
+        turns, ahead,
+        [&](std::int64_t turn) {
+            buffers[static_cast<std::size_t>(turn % ahead)] = turn;
+            return true;
+        },
+        [&](std::int64_t turn) {
+            // A first step that ran too far ahead would have replaced it.
+            seen.push_back(buffers[static_cast<std::size_t>(turn % ahead)]);
+            return true;
+        });
+    EXPECT_TRUE(isDone);
+    ASSERT_EQ(seen.size(), static_cast<std::size_t>(turns));
+    for (std::int64_t turn = 0; turn < turns; ++turn) {
+        EXPECT_EQ(seen[static_cast<std::size_t>(turn)], turn);
+    }
+}
+
+TEST(DoInStep, NoTurnsAndOneTurnAreDone) {
+    int steps = 0;
+    const auto step = [&](std::int64_t) {
+        ++steps;
+        return true;
+    };
+    EXPECT_TRUE(doInStep(0, 1, step, step));
+    EXPECT_EQ(steps, 0);
+    EXPECT_TRUE(doInStep(1, 1, step, step));
+    EXPECT_EQ(steps, 2);
+}
+
+TEST(DoInStep, AStepThatFailsEndsBoth) {
+    const auto succeed = [](std::int64_t) { return true; };
+    const auto failAt = [](std::int64_t failing) {
+        return [failing](std::int64_t turn) { return turn != failing; };
+    };
+    for (const std::int64_t turns : {1, 10}) {
+        EXPECT_FALSE(doInStep(turns, 2, failAt(turns - 1), succeed));
+        EXPECT_FALSE(doInStep(turns, 2, succeed, failAt(turns - 1)));
+        EXPECT_FALSE(doInStep(turns, 2, failAt(0), failAt(0)));
+    }
+    std::int64_t lastSecond = -1;
+    EXPECT_FALSE(doInStep(10, 2, failAt(5), [&](std::int64_t turn) {
+        lastSecond = turn;
+        return true;
+    }));
+    EXPECT_LT(lastSecond, 5);
+}
+
+TEST(DoInStep, WhatAStepThrowsIsThrown) {
+    const auto succeed = [](std::int64_t) { return true; };
+    const auto throwAt = [](std::int64_t failing) {
+        return [failing](std::int64_t turn) {
+            return turn == failing ? throw std::runtime_error("step") : true;
+        };
+    };
+    for (const std::int64_t turns : {1, 10}) {
+        EXPECT_THROW(doInStep(turns, 2, throwAt(turns - 1), succeed), std::runtime_error);
+        EXPECT_THROW(doInStep(turns, 2, succeed, throwAt(turns - 1)), std::runtime_error);
     }
 }
 
