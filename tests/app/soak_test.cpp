@@ -108,9 +108,10 @@ TEST_F(Soak, AThousandImportsPreviewsAndExportsLeaveMemoryAndDescriptorsLevel) {
     EXPECT_TRUE(QFile::exists(folder.path(QStringLiteral("Material_2/Material_2_ORM.png"))));
     EXPECT_TRUE(QFile::exists(folder.path(QStringLiteral("Maps_1/Maps_1_normal.png"))));
     EXPECT_EQ(openDescriptors(), descriptors);
-    // Less than 130 bytes a round, where one picture is 8 to 16 KiB: allocators and caches are not still to
-    // the byte.
-    constexpr qint64 margin = qint64{128} * 1024;
+    // About 1 KiB a round, where one picture is 8 to 16 KiB. Freed blocks that threads keep for themselves
+    // count as used, and make the figure swing by 0.3 MiB up and down; smaller leaks are the leak
+    // sanitizer's.
+    constexpr qint64 margin = qint64{1024} * 1024;
     const qint64 growth = memoryAtRest() - memory;
     EXPECT_LT(growth, margin);
     std::printf("memory in use: %lld bytes after %d rounds, %+lld after %d\n", static_cast<long long>(memory),
