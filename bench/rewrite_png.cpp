@@ -18,7 +18,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     const QUrl input = QUrl::fromLocalFile(QString::fromLocal8Bit(arguments[1]));
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     const TextureAsset asset = processor.loadAsset(input);
     const PixelImage image = processor.renderImage(asset, asset.pixelWidth, asset.pixelHeight);
     const QByteArray written = bench::writtenByLibpng(image, argc > 3 ? QByteArray(arguments[3]).toInt() : 4);

@@ -105,7 +105,7 @@ SetJob MapsCommand::jobFor(const QString& path) const {
     job.folder = fileIn(parentDirectory(), job.name);
     job.files = plannedFiles(settings);
     job.work = [settings, path, parent = parentDirectory()] {
-        const TextureProcessor processor;
+        const TextureProcessor processor{};
         const TextureAsset texture = loadTexture(processor, path);
         return failingAs(QStringLiteral("Export"),
                          [&] { return processor.exportGeneratedNormalSet(texture, settings, parent); });

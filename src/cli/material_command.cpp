@@ -155,7 +155,7 @@ SetJob MaterialCommand::jobFor(const TextureSet& set) const {
     job.files = plannedFiles(settings, set.files.contains(TextureSlotKind::normal));
     job.refusal = refusalOf(set);
     job.work = [settings, files = set.files, parent = parentDirectory()] {
-        const TextureProcessor processor;
+        const TextureProcessor processor{};
         const TextureMap textures = loadTextures(processor, files);
         return failingAs(QStringLiteral("Export"),
                          [&] { return processor.exportMaterialSet(textures, settings, parent); });

@@ -77,7 +77,7 @@ TEST_F(DryRun, TellsEverySetInJson) {
 
 class PlannedFiles : public BatchTest {
 protected:
-    const TextureProcessor processor;
+    const TextureProcessor processor{};
     const TextureAsset texture = processor.loadAsset(QUrl::fromLocalFile(writeSource(word("brick.png"))));
     const QUrl parent = QUrl::fromLocalFile(output());
 };

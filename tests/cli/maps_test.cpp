@@ -33,7 +33,7 @@ protected:
 
     /// What the engine itself exports.
     FolderContents expected(const NormalGeneratorSettings& settings) const {
-        const TextureProcessor processor;
+        const TextureProcessor processor{};
         const QUrl parent = QUrl::fromLocalFile(path(QStringLiteral("expected")));
         const TextureAsset asset = processor.loadAsset(QUrl::fromLocalFile(source));
         const QString folder =

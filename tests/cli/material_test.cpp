@@ -41,7 +41,7 @@ protected:
     /// What the engine itself exports.
     FolderContents expected(const ConversionSettings& settings,
                             const std::map<TextureSlotKind, QString>& files) const {
-        const TextureProcessor processor;
+        const TextureProcessor processor{};
         TextureMap textures;
         for (const auto& [slot, file] : files) {
             textures.emplace(slot, processor.loadAsset(QUrl::fromLocalFile(file)));
