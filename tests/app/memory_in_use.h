@@ -2,8 +2,11 @@
 
 #include <QtGlobal>
 
+#include <cstddef>
+
 #ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/allocator_interface.h>
+// Not every compiler comes with the header that declares it; the sanitizer's library always has it.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #else
 #include <malloc.h>
 #endif
