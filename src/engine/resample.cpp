@@ -1,6 +1,7 @@
 #include "resample.h"
 
 #include "parallel.h"
+#include "resample_rows.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,7 +13,6 @@ namespace {
 
 constexpr double lobes = 3.0;
 constexpr double weightUnit = 1.0 / (1 << 24);
-constexpr double sampleUnit = 1.0 / (1 << 14);
 
 /// sinc(x) windowed by sinc(x / 3).
 double lanczos(double x) {
@@ -46,29 +46,6 @@ void quantize(std::vector<double>& weights) {
     *lastLargest += rest - half;
     for (double& weight : weights) {
         weight *= weightUnit;
-    }
-}
-
-/// Filters one row of `taps.size()` output pixels out of a row of input pixels.
-void filterRow(const std::uint8_t* input, std::span<const FilterTaps> taps, std::span<double> wide,
-               float* output) {
-    std::copy(input, input + wide.size(), wide.begin());
-    for (const FilterTaps& tap : taps) {
-        const double* sample = wide.data() + tap.first * bytesPerPixel;
-        double red = 0.0;
-        double green = 0.0;
-        double blue = 0.0;
-        double alpha = 0.0;
-        for (const double weight : tap.weights) {
-            red += weight * sample[0];
-            green += weight * sample[1];
-            blue += weight * sample[2];
-            alpha += weight * sample[3];
-            sample += bytesPerPixel;
-        }
-        for (const double sum : {red, green, blue, alpha}) {
-            *output++ = static_cast<float>(std::floor(sum / sampleUnit + 0.5) * sampleUnit);
-        }
     }
 }
 
@@ -106,7 +83,7 @@ public:
         const std::size_t place = static_cast<std::size_t>(y) % m_held.size();
         float* row = m_rows.data() + place * m_rowLength;
         if (m_held[place] != y) {
-            filterRow(m_source.row(y), m_columns, m_wide, row);
+            filterPixelRow(m_source.row(y), m_columns, m_wide, row);
             m_held[place] = y;
         }
         return row;
