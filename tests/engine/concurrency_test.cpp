@@ -51,6 +51,19 @@ TEST_F(Concurrency, RenderingGivesWhatItGivesAlone) {
     }
 }
 
+TEST_F(Concurrency, LargeFilesOfWhichEachTakesTwoThreadsComeBackWhole) {
+    std::array<Picture, threadCount> pictures;
+    for (std::size_t index = 0; index < threadCount; ++index) {
+        pictures[index] = noisePicture(400, 400, index);
+        writePng(file(index), pictures[index]);
+    }
+    std::array<PixelImage, threadCount> images;
+    atOnce([&](std::size_t index) { images[index] = processor.renderImage(file(index), 400, 400); });
+    for (std::size_t index = 0; index < threadCount; ++index) {
+        EXPECT_TRUE(images[index] == pixelImage(pictures[index]));
+    }
+}
+
 TEST_F(Concurrency, RenderingOneFileManyTimesGivesOneResult) {
     std::array<PixelImage, threadCount> images;
     const TextureAsset asset = processor.loadAsset(file(0));
