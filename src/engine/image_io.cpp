@@ -66,7 +66,9 @@ void TextureProcessor::writePNG(const PixelImage& image, const QUrl& url) const 
     forEachInParallel(bands.count(), [&](std::int64_t band) {
         file.encodeBand(band, ImageView(image).row(bands[band].first));
     });
-    file.commit();
+    if (!file.commitDraft()) {
+        file.write();
+    }
 }
 
 }  // namespace quarlin

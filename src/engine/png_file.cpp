@@ -41,12 +41,13 @@ void PngFile::extendDraft(std::int64_t band) {
     }
 }
 
-void PngFile::commit() {
-    if (m_draft && m_draft->write(m_png.ending()) && m_draft->commit()) {
-        return;
-    }
-    // The draft may have failed only because others took the room: what counts is this file by itself.
+bool PngFile::commitDraft() {
+    const bool isCommitted = m_draft && m_draft->write(m_png.ending()) && m_draft->commit();
     dropDraft();
+    return isCommitted;
+}
+
+void PngFile::write() const {
     AtomicFile file(m_url);
     if (!file.isOpen()) {
         throw TextureProcessorError::cannotCreatePNG(m_url);
@@ -82,13 +83,14 @@ void PngFileSet::encode(const std::vector<RowSource>& images) {
 
 void PngFileSet::commit(QStringList& written) {
     for (std::size_t index = 0; index < m_files.size(); ++index) {
-        if (!m_files[index].hasDraft()) {
-            // Where room is short, what is written first has the first claim to it.
-            for (std::size_t later = index; later < m_files.size(); ++later) {
-                m_files[later].dropDraft();
+        if (!m_files[index].commitDraft()) {
+            // It may have failed only because the drafts behind it took the room: what is written first has
+            // the first claim to it.
+            for (PngFile& file : m_files) {
+                file.dropDraft();
             }
+            m_files[index].write();
         }
-        m_files[index].commit();
         written += m_names[static_cast<qsizetype>(index)];
     }
 }

@@ -36,15 +36,15 @@ public:
     void encodeBand(std::int64_t band, const std::uint8_t* rows);
     void encodeGreyBand(std::int64_t band, const std::uint8_t* grey);
 
-    /// Once every band is encoded: whether the draft holds all of the file.
-    bool hasDraft() const { return m_draft != nullptr; }
+    /// Once every band is encoded: gives the draft the file's name. False when it does not hold all of the
+    /// file or can't be given the name; then it is given up.
+    bool commitDraft();
     /// Gives up the draft and the room that it takes.
     void dropDraft() { m_draft.reset(); }
 
-    /// Once every band is encoded: gives the file its name, whole or not at all, and writes it first where
-    /// there is no draft. Throws `cannotCreatePNG` when the file can't be opened for writing,
-    /// `cannotWritePNG` when it can't be completed.
-    void commit();
+    /// Once every band is encoded: writes the file without its draft, whole or not at all. Throws
+    /// `cannotCreatePNG` when it can't be opened for writing, `cannotWritePNG` when it can't be completed.
+    void write() const;
 
 private:
     void extendDraft(std::int64_t band);
@@ -73,7 +73,7 @@ public:
     void encode(const std::vector<RowSource>& images);
 
     /// Once every image is encoded: gives the files their names in order, and adds each name to `written`.
-    /// Throws what the first failing `PngFile::commit` throws, and then leaves the files behind it unwritten.
+    /// Throws what the first failing `PngFile::write` throws, and then leaves the files behind it unwritten.
     void commit(QStringList& written);
 
 private:

@@ -68,9 +68,9 @@ void storeRow(std::span<const double> sums, std::uint8_t* output) {
 }
 
 /// Gives the horizontally filtered rows of an image, keeping those that the next output rows need again.
-class FilteredRows {
+class ColumnFilteredRows {
 public:
-    FilteredRows(const ImageView& source, std::span<const FilterTaps> columns, std::size_t capacity)
+    ColumnFilteredRows(const ImageView& source, std::span<const FilterTaps> columns, std::size_t capacity)
         : m_source(source),
           m_columns(columns),
           m_wide(static_cast<std::size_t>(source.bytesPerRow())),
@@ -142,7 +142,7 @@ void resample(const ImageView& source, std::int64_t width, std::int64_t height,
     constexpr std::int64_t rowsPerBand = 64;
     const RowBands bands(height, rowsPerBand);
     forEachInParallel(bands.count(), [&](std::int64_t band) {
-        FilteredRows filtered(source, columns, tallest);
+        ColumnFilteredRows filtered(source, columns, tallest);
         std::vector<double> sums(columns.size() * bytesPerPixel);
         const RowRange range = bands[band];
         for (std::int64_t y = range.first; y < range.end(); ++y) {

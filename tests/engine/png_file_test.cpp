@@ -59,11 +59,10 @@ TEST_F(PngFiles, WithoutADraftAFileIsTheSame) {
         file.encodeBand(band, rows);
         other.encodeBand(band, rows);
     }
-    EXPECT_TRUE(file.hasDraft());
+    EXPECT_TRUE(file.commitDraft());
     other.dropDraft();
-    EXPECT_FALSE(other.hasDraft());
-    file.commit();
-    other.commit();
+    EXPECT_FALSE(other.commitDraft());
+    other.write();
     EXPECT_EQ(fixtures::readFile(folder.url(names[0])), fixtures::readFile(folder.url(names[1])));
 }
 
@@ -73,7 +72,7 @@ TEST_F(PngFiles, BandsMayComeInAnyOrder) {
     for (std::int64_t band = bands.count() - 1; band >= 0; --band) {
         file.encodeBand(band, pictures[0].bytes.data() + bands[band].first * side * 4);
     }
-    file.commit();
+    EXPECT_TRUE(file.commitDraft());
     EXPECT_EQ(readPng(folder.url(names[0])).bytes, pictures[0].bytes);
 }
 
@@ -91,6 +90,23 @@ TEST_F(PngFiles, ADraftThatFailedIsMadeUpForWhenThereIsRoomAgain) {
     EXPECT_EQ(written, names);
     EXPECT_EQ(folder.names(), names);
     EXPECT_EQ(readPng(folder.url(names[2])).bytes, pictures[2].bytes);
+}
+
+TEST_F(PngFiles, WhenOnlyItsEndFindsNoRoomAFileGetsThatOfTheDraftsBehindIt) {
+    PngFileSet files(folder.url(), side, side);
+    for (const QString& name : names) {
+        files.add(name);
+    }
+    files.encode(images());
+    QStringList written;
+    const FullDisk full(1000);
+    EXPECT_EQ(errorOf([&] {
+                  files.commit(written);
+                  return true;
+              }),
+              TextureProcessorError::cannotWritePNG(folder.url(names[0])));
+    // The set is still there, its drafts are not.
+    EXPECT_EQ(folder.names(), QStringList());
 }
 
 TEST_F(PngFiles, BehindAFileThatCannotBeMadeNothingIsWrittenOrLeftBehind) {
