@@ -1,13 +1,13 @@
 // Decoding the same PNG files with the decoder for plain ones and with libvips, and a JPEG file.
 
-#include "jpeg_decoder.h"
+#include "imaging/decode/jpeg_decoder.h"
+#include "imaging/decode/plain_png_decoder.h"
+#include "imaging/decode/vips_decoder.h"
 #include "libpng_writer.h"
 #include "measured.h"
 #include "photograph.h"
-#include "plain_png_decoder.h"
-#include "vips_decoder.h"
 
-#include "image_view.h"
+#include "imaging/pixels/image_view.h"
 
 #include <QBuffer>
 

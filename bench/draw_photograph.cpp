@@ -1,9 +1,9 @@
 // draw_photograph SIZE RAW PNG [quick]: writes the test picture as bare RGBA bytes and as an RGBA PNG, the
 // latter by libpng, or with `quick` by the engine.
 
+#include "engine/texture_processor.h"
 #include "libpng_writer.h"
 #include "photograph.h"
-#include "texture_processor.h"
 
 #include <QFile>
 

@@ -1,44 +1,45 @@
-// Filtering and deflating together, band by band on one thread and whole images on all, with the file's size.
+// Filtering and deflating together, strip by strip on one thread and whole images on all, with the file's
+// size.
 
-#include "generated_bands.h"
+#include "engine/generator/generated_strips.h"
+#include "imaging/base/parallel.h"
+#include "imaging/png/png_encoder.h"
 #include "measured.h"
-#include "parallel.h"
 #include "photograph.h"
-#include "png_encoder.h"
 
 namespace quarlin::bench {
 
 namespace {
 
-/// The maps of some rows of the photograph that make one band of a PNG.
-const GeneratedBand& maps() {
-    static const GeneratedBand band = generateBand(largePhotograph(), NormalGeneratorSettings(), {0, 64});
-    return band;
+/// The maps of some rows of the photograph that make one strip of a PNG.
+const GeneratedStrip& maps() {
+    static const GeneratedStrip strip = generateStrip(largePhotograph(), NormalGeneratorSettings(), {0, 64});
+    return strip;
 }
 
 void reportSize(benchmark::State& state, const PngEncoder& png) {
     qsizetype size = png.beginning().size() + png.ending().size();
-    for (std::int64_t band = 0; band < png.bands().count(); ++band) {
-        size += png.chunk(band).size();
+    for (std::int64_t strip = 0; strip < png.strips().count(); ++strip) {
+        size += png.chunk(strip).size();
     }
     state.counters["file_bytes"] = static_cast<double>(size);
 }
 
-void encodeGrey(benchmark::State& state, PixelBuffer GeneratedBand::*map) {
-    const PixelBuffer& grey = maps().*map;
+void encodeGray(benchmark::State& state, PixelBuffer GeneratedStrip::*map) {
+    const PixelBuffer& gray = maps().*map;
     PngEncoder png(largePhotograph().width, maps().rows.count);
     for (auto _ : state) {
-        png.encodeGreyBand(0, grey.data());
+        png.encodeGrayStrip(0, gray.data());
     }
-    countBytes(state, grey.size() * bytesPerPixel);
+    countBytes(state, gray.size() * bytesPerPixel);
     reportSize(state, png);
 }
 
-void encodeColour(benchmark::State& state, const std::uint8_t* rows) {
+void encodeColor(benchmark::State& state, const std::uint8_t* rows) {
     const PixelImage& image = largePhotograph();
     PngEncoder png(image.width, maps().rows.count);
     for (auto _ : state) {
-        png.encodeBand(0, rows);
+        png.encodeStrip(0, rows);
     }
     countBytes(state, static_cast<std::size_t>(maps().rows.count * image.width * bytesPerPixel));
     reportSize(state, png);
@@ -48,9 +49,9 @@ void encodeWhole(benchmark::State& state) {
     const PixelImage& image = largePhotograph();
     for (auto _ : state) {
         PngEncoder png(image.width, image.height);
-        const RowBands bands = png.bands();
-        forEachInParallel(bands.count(), [&](std::int64_t band) {
-            png.encodeBand(band, ImageView(image).row(bands[band].first));
+        const RowStrips strips = png.strips();
+        forEachInParallel(strips.count(), [&](std::int64_t strip) {
+            png.encodeStrip(strip, ImageView(image).row(strips[strip].first));
         });
         state.PauseTiming();
         reportSize(state, png);
@@ -60,19 +61,19 @@ void encodeWhole(benchmark::State& state) {
 }
 
 [[maybe_unused]] const int registered = [] {
-    const auto grey = [](const char* name, PixelBuffer GeneratedBand::*map) {
-        measure(std::string("encode/grey_band/") + name,
-                [=](benchmark::State& state) { encodeGrey(state, map); });
+    const auto gray = [](const char* name, PixelBuffer GeneratedStrip::*map) {
+        measure(std::string("encode/gray_strip/") + name,
+                [=](benchmark::State& state) { encodeGray(state, map); });
     };
-    grey("height", &GeneratedBand::height);
-    grey("roughness", &GeneratedBand::roughness);
-    grey("gloss", &GeneratedBand::gloss);
-    grey("metallic", &GeneratedBand::metallic);
-    grey("occlusion", &GeneratedBand::occlusion);
-    measure("encode/band/photograph",
-            [](benchmark::State& state) { encodeColour(state, largePhotograph().pixels.data()); });
-    measure("encode/band/normal", [](benchmark::State& state) { encodeColour(state, maps().normal.data()); });
-    measure("encode/band/orm", [](benchmark::State& state) { encodeColour(state, maps().orm.data()); });
+    gray("height", &GeneratedStrip::height);
+    gray("roughness", &GeneratedStrip::roughness);
+    gray("gloss", &GeneratedStrip::gloss);
+    gray("metallic", &GeneratedStrip::metallic);
+    gray("occlusion", &GeneratedStrip::occlusion);
+    measure("encode/strip/photograph",
+            [](benchmark::State& state) { encodeColor(state, largePhotograph().pixels.data()); });
+    measure("encode/strip/normal", [](benchmark::State& state) { encodeColor(state, maps().normal.data()); });
+    measure("encode/strip/orm", [](benchmark::State& state) { encodeColor(state, maps().orm.data()); });
     measure("encode/image/photograph", encodeWhole);
     return 0;
 }();

@@ -1,8 +1,8 @@
 // The filters of PNG, and choosing among them, in vectors and byte by byte.
 
+#include "imaging/png/filter.h"
 #include "measured.h"
 #include "photograph.h"
-#include "png_filter.h"
 
 #include <utility>
 #include <vector>

@@ -1,12 +1,14 @@
 // Starts the window and ends as soon as it has been painted once, so that the time this program takes is that
 // of a start.
 
-#include "vorek_quarlin_app.h"
+#include "app/vorek_quarlin_app.h"
 
 #include <QApplication>
 #include <QTimer>
 
 #include <cstdlib>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -30,7 +32,7 @@ private:
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setStyle(u"Fusion"_s);
     quarlin::VorekQuarlinApp program;
     FirstPaint firstPaint(program.window());
     QApplication::instance()->installEventFilter(&firstPaint);

@@ -1,10 +1,10 @@
-// The generator's bands on every instruction set of this machine, against the plain operations.
+// The generator's strips on every instruction set of this machine, against the plain operations.
 
-#include "generated_bands.h"
+#include "engine/generator/generated_strips.h"
+#include "engine/texture_processor.h"
+#include "imaging/png/png_encoder.h"
 #include "measured.h"
 #include "photograph.h"
-#include "png_encoder.h"
-#include "texture_processor.h"
 
 #include <hwy/targets.h>
 
@@ -25,17 +25,19 @@ void makePlainMaps(benchmark::State& state) {
     countBytes(state, source.pixels.size());
 }
 
-/// Makes the bands as an export does, without encoding them.
-void makeBands(benchmark::State& state, std::int64_t target, unsigned threads) {
+/// Makes the strips as an export does, without encoding them.
+void makeStrips(benchmark::State& state, std::int64_t target, unsigned threads) {
     const PixelImage& source = largePhotograph();
     const NormalGeneratorSettings settings;
-    const RowBands bands = PngEncoder(source.width, source.height).bands();
+    const RowStrips strips = PngEncoder(source.width, source.height).strips();
     hwy::SetSupportedTargetsForTest(target);
     hwy::GetChosenTarget().Update(hwy::SupportedTargets());
     for (auto _ : state) {
         forEachInParallel(
-            bands.count(),
-            [&](std::int64_t band) { benchmark::DoNotOptimize(generateBand(source, settings, bands[band])); },
+            strips.count(),
+            [&](std::int64_t strip) {
+                benchmark::DoNotOptimize(generateStrip(source, settings, strips[strip]));
+            },
             threads);
     }
     hwy::SetSupportedTargetsForTest(0);
@@ -48,9 +50,9 @@ void makeBands(benchmark::State& state, std::int64_t target, unsigned threads) {
     for (std::int64_t left = hwy::SupportedTargets() & (HWY_TARGETS); left != 0; left &= left - 1) {
         const std::int64_t target = left & -left;
         for (const unsigned threads : {1U, 2U}) {
-            measure(std::string("generator/bands/") + hwy::TargetName(target) + "/threads_" +
+            measure(std::string("generator/strips/") + hwy::TargetName(target) + "/threads_" +
                         std::to_string(threads),
-                    [=](benchmark::State& state) { makeBands(state, target, threads); });
+                    [=](benchmark::State& state) { makeStrips(state, target, threads); });
         }
     }
     return 0;

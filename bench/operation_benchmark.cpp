@@ -1,22 +1,24 @@
 // Whole operations of the engine below an export: packing, loading, previews.
 
-#include "image_view.h"
+#include "engine/material/orm_packing.h"
+#include "engine/texture_processor.h"
+#include "imaging/pixels/image_view.h"
 #include "measured.h"
-#include "orm_packing.h"
 #include "photograph.h"
-#include "texture_processor.h"
 
 #include <QTemporaryDir>
 
 namespace quarlin::bench {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 /// The photograph as two files, which are deleted in the end.
 struct PhotographFiles {
     QTemporaryDir folder;
-    QUrl png = QUrl::fromLocalFile(folder.filePath(QStringLiteral("photograph.png")));
-    QUrl jpeg = QUrl::fromLocalFile(folder.filePath(QStringLiteral("photograph.jpg")));
+    QUrl png = QUrl::fromLocalFile(folder.filePath(u"photograph.png"_s));
+    QUrl jpeg = QUrl::fromLocalFile(folder.filePath(u"photograph.jpg"_s));
 
     PhotographFiles() {
         const PixelImage& image = largePhotograph();
@@ -80,9 +82,9 @@ void previewMaps(benchmark::State& state, const QUrl PhotographFiles::*file, Tex
 }
 
 [[maybe_unused]] const int registered = [] {
-    measure("operation/pack_orm/coloured",
+    measure("operation/pack_orm/colored",
             [](benchmark::State& state) { packChannels(state, largePhotograph()); });
-    measure("operation/pack_orm/grey", [](benchmark::State& state) {
+    measure("operation/pack_orm/gray", [](benchmark::State& state) {
         const PixelImage& image = largePhotograph();
         const HeightField heights = TextureProcessor::smoothedHeightValues(image, NormalGeneratorSettings());
         packChannels(state, TextureProcessor::heightImage(heights, image.width, image.height));

@@ -1,6 +1,6 @@
 #include "photograph.h"
 
-#include "parallel.h"
+#include "imaging/base/parallel.h"
 
 #include <algorithm>
 #include <array>
@@ -10,7 +10,7 @@ namespace quarlin::bench {
 
 namespace {
 
-/// Mixes the bits of a number until they look random (the finaliser of splitmix64).
+/// Mixes the bits of a number until they look random (the finalizer of splitmix64).
 std::uint64_t mixed(std::uint64_t value) {
     value += 0x9E3779B97F4A7C15U;
     value = (value ^ (value >> 30U)) * 0xBF58476D1CE4E5B9U;

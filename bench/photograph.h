@@ -1,13 +1,13 @@
 #pragma once
 
-#include "pixel_image.h"
+#include "imaging/pixels/pixel_image.h"
 
 #include <cstdint>
 
 namespace quarlin::bench {
 
 /// A square opaque picture that compresses as a photograph of a rough surface does: octaves of smooth noise,
-/// each half as strong as the one before, common to the three colours, a slow drift of the tint, and a fine
+/// each half as strong as the one before, common to the three colors, a slow drift of the tint, and a fine
 /// grain in every sample. It is the same on every machine; another `seed` gives another picture.
 PixelImage photograph(std::int64_t size, std::uint64_t seed = 1);
 

@@ -1,6 +1,6 @@
+#include "imaging/pixels/resample.h"
 #include "measured.h"
 #include "photograph.h"
-#include "resample.h"
 
 namespace quarlin::bench {
 

@@ -1,8 +1,8 @@
 // rewrite_png IN OUT [SAMPLES]: has libpng write a picture anew, at its own settings, with 1, 3 or 4 samples
 // a pixel.
 
+#include "engine/texture_processor.h"
 #include "libpng_writer.h"
-#include "texture_processor.h"
 
 #include <QFile>
 

@@ -61,7 +61,7 @@ def median(runs):
 
 
 def make_textures():
-    """Makes what is missing of the inputs: RGBA photograph, RGB base colour and normal, three grey maps, a JPEG.
+    """Makes what is missing of the inputs: RGBA photograph, RGB base color and normal, three gray maps, a JPEG.
 
     libpng writes the PNGs, at level 6 with its own choice of filters, as most programs leave them behind.
     """
@@ -104,12 +104,12 @@ def libvips_tasks():
     def write(options):
         return lambda: run(["vips", "rawload", RAW, f"{OUTPUT / 'libvips.png'}[{options}]", SIZE, SIZE, 4])
 
-    greys = " ".join(str(TEXTURES / f"{name}.png") for name in ("occlusion", "roughness", "metallic"))
+    grays = " ".join(str(TEXTURES / f"{name}.png") for name in ("occlusion", "roughness", "metallic"))
     return {
         REFERENCE: write("compression=6,filter=none"),
         "libvips: the same with all filters": write("compression=6,filter=all"),
-        "libvips: ORM of three grey PNGs":
-            lambda: run(["vips", "bandjoin", greys, f"{OUTPUT / 'libvips_orm.png'}[compression=6,filter=none]"]),
+        "libvips: ORM of three gray PNGs":
+            lambda: run(["vips", "bandjoin", grays, f"{OUTPUT / 'libvips_orm.png'}[compression=6,filter=none]"]),
     }
 
 
@@ -117,7 +117,7 @@ def imagemagick_tasks(program):
     return {
         "ImageMagick: one RGBA PNG":
             lambda: run([program, "-size", f"{SIZE}x{SIZE}", "-depth", "8", f"rgba:{RAW}", OUTPUT / "magick.png"]),
-        "ImageMagick: ORM of three grey PNGs":
+        "ImageMagick: ORM of three gray PNGs":
             lambda: run([program, TEXTURES / "occlusion.png", TEXTURES / "roughness.png", TEXTURES / "metallic.png",
                          "-set", "colorspace", "sRGB", "-combine", OUTPUT / "magick_orm.png"]),
     }

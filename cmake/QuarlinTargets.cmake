@@ -21,14 +21,31 @@ if(QUARLIN_SANITIZE)
   target_link_options(quarlin_flags INTERFACE -fsanitize=${QUARLIN_SANITIZE})
 endif()
 
-# quarlin_layer(NAME SOURCES ... LINK ...): one static library per layer, seen by others as quarlin::NAME. It
-# is linked only to what LINK names, so that an include from a layer above does not compile.
-function(quarlin_layer name)
-  cmake_parse_arguments(LAYER "" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
-  add_library(quarlin_${name} STATIC ${LAYER_SOURCES})
+# quarlin_room(ROOM SOURCES ... LINK ... [PRIVATE_LINK ...] [PIXEL_LOOPS]): the static library of the folder src/ROOM.
+# LINK names the rooms that it may include and any other libraries that its headers need; the test Rooms compares the
+# includes with it. PIXEL_LOOPS asks for every optimization that leaves the arithmetic alone.
+function(quarlin_room room)
+  cmake_parse_arguments(ROOM "PIXEL_LOOPS" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
+  string(REPLACE "/" "_" name ${room})
+  add_library(quarlin_${name} STATIC ${ROOM_SOURCES})
   add_library(quarlin::${name} ALIAS quarlin_${name})
-  target_include_directories(quarlin_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src/${name})
-  target_link_libraries(quarlin_${name} PUBLIC ${LAYER_LINK} PRIVATE quarlin_flags ${LAYER_PRIVATE_LINK})
+  target_include_directories(quarlin_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(quarlin_${name} PUBLIC ${ROOM_LINK} PRIVATE quarlin_flags ${ROOM_PRIVATE_LINK})
+  if(ROOM_PIXEL_LOOPS)
+    target_compile_options(quarlin_${name} PRIVATE $<$<NOT:$<CONFIG:Debug>>:-O3>)
+  endif()
+  set(rooms ${ROOM_LINK})
+  list(FILTER rooms INCLUDE REGEX "^quarlin::")
+  list(TRANSFORM rooms REPLACE "^quarlin::" "")
+  list(JOIN rooms " " rooms)
+  set_property(GLOBAL APPEND PROPERTY QUARLIN_ROOMS "${room}: ${rooms}")
+endfunction()
+
+# Writes the rooms and what each is linked to, a line each, for the test Rooms.
+function(quarlin_write_rooms file)
+  get_property(rooms GLOBAL PROPERTY QUARLIN_ROOMS)
+  list(JOIN rooms "\n" rooms)
+  file(WRITE ${file} "${rooms}\n")
 endfunction()
 
 # quarlin_test(NAME SOURCES ... LINK ...): one GoogleTest program; each of its tests is a ctest test, named without

@@ -1,10 +1,10 @@
 // Words to fields. Nothing is run, so no file is touched.
 
+#include "cli/commands/maps_command.h"
+#include "cli/commands/material_command.h"
+#include "cli/options/option_parser.h"
+#include "cli/options/usage_error.h"
 #include "expectation.h"
-#include "maps_command.h"
-#include "material_command.h"
-#include "option_parser.h"
-#include "usage_error.h"
 
 #include <QString>
 #include <QStringList>

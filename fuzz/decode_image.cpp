@@ -1,11 +1,11 @@
 // The whole way from the bytes of a file to pixels. The corpus decides which format is at work.
 
 #include "expectation.h"
-#include "image_decoder.h"
-#include "image_view.h"
+#include "imaging/decode/image_decoder.h"
+#include "imaging/decode/plain_png_decoder.h"
+#include "imaging/decode/vips_decoder.h"
+#include "imaging/pixels/image_view.h"
 #include "memory_fill.h"
-#include "plain_png_decoder.h"
-#include "vips_decoder.h"
 
 #include <QByteArray>
 #include <QImage>
@@ -44,7 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!image.isNull()) {
         expect(image.format() == pixelFormat, "an image has the engine's pixel format");
         expect(isUsableSize(image.width(), image.height()), "an image is of a usable size");
-        expect(isPremultiplied(image), "no colour is above its alpha");
+        expect(isPremultiplied(image), "no color is above its alpha");
     }
     // Large pictures from small files take the time of thousands of others.
     if (image.sizeInBytes() > qsizetype{1} << 20U) {

@@ -1,7 +1,7 @@
 // draw_seeds FOLDER: makes the files that fuzzing starts from, one subfolder per corpus.
 
 #include "bmp_files.h"
-#include "colour_profiles.h"
+#include "color_profiles.h"
 #include "jpeg_files.h"
 #include "png_files.h"
 #include "temporary_folder.h"
@@ -13,6 +13,8 @@
 
 #include <cstdio>
 #include <exception>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin::fixtures;
 
@@ -26,8 +28,7 @@ public:
     }
     /// The place of the next file.
     QUrl next() {
-        return QUrl::fromLocalFile(
-            m_folder.filePath(QStringLiteral("%1").arg(++m_count, 3, 10, QLatin1Char('0'))));
+        return QUrl::fromLocalFile(m_folder.filePath(u"%1"_s.arg(++m_count, 3, 10, QLatin1Char('0'))));
     }
     void add(const QByteArray& bytes) { writeFile(next(), bytes); }
 
@@ -40,17 +41,17 @@ const Picture smooth = smoothPicture(11, 7);
 const Picture noise = noisePicture(9, 8, 1);
 const Picture translucent = noisePicture(7, 9, 2, true);
 
-int samplesPerPixel(int colourType) {
+int samplesPerPixel(int colorType) {
     constexpr std::array<int, 7> samples{1, 0, 3, 1, 2, 0, 4};
-    return samples[static_cast<std::size_t>(colourType)];
+    return samples[static_cast<std::size_t>(colorType)];
 }
 
 void writeSamples(Corpus& corpus, const PngForm& form) {
     constexpr int width = 13;
     constexpr int height = 6;
-    const int limit = form.colourType == 3 ? static_cast<int>(form.palette.size()) : 1 << form.bitDepth;
+    const int limit = form.colorType == 3 ? static_cast<int>(form.palette.size()) : 1 << form.bitDepth;
     std::vector<std::uint16_t> samples;
-    for (int index = 0; index < width * height * samplesPerPixel(form.colourType); ++index) {
+    for (int index = 0; index < width * height * samplesPerPixel(form.colorType); ++index) {
         samples.push_back(static_cast<std::uint16_t>(index * 2654 % limit));
     }
     writePngSamples(corpus.next(), width, height, samples, form);
@@ -59,17 +60,17 @@ void writeSamples(Corpus& corpus, const PngForm& form) {
 void drawPng(Corpus corpus) {
     const std::vector<std::pair<int, std::vector<int>>> depths{
         {0, {1, 2, 4, 8, 16}}, {2, {8, 16}}, {3, {1, 2, 4, 8}}, {4, {8, 16}}, {6, {8, 16}}};
-    for (const auto& [colourType, bitDepths] : depths) {
+    for (const auto& [colorType, bitDepths] : depths) {
         for (const int bitDepth : bitDepths) {
             for (const bool interlaced : {false, true}) {
                 PngForm form;
-                form.colourType = colourType;
+                form.colorType = colorType;
                 form.bitDepth = bitDepth;
                 form.interlaced = interlaced;
-                if (colourType == 3) {
+                if (colorType == 3) {
                     form.palette = {{200, 10, 20}, {0, 90, 30}};
                     form.paletteAlpha = {128};
-                } else if (colourType < 3 && interlaced) {
+                } else if (colorType < 3 && interlaced) {
                     form.transparent = {1, 1, 1};
                 }
                 writeSamples(corpus, form);
@@ -88,10 +89,10 @@ void drawPng(Corpus corpus) {
     for (const QByteArray& profile : {srgbProfile(), displayP3Profile()}) {
         writePngWithProfile(corpus.next(), smooth, profile);
     }
-    PngForm grey;
-    grey.colourType = 0;
-    grey.profile = greyGammaProfile(1.8);
-    writeSamples(corpus, grey);
+    PngForm gray;
+    gray.colorType = 0;
+    gray.profile = grayGammaProfile(1.8);
+    writeSamples(corpus, gray);
     // Rows long and alike enough for every row filter.
     writePng(corpus.next(), smoothPicture(40, 24), false);
     writePng(corpus.next(), translucent);
@@ -102,33 +103,33 @@ void drawJpeg(Corpus corpus) {
     for (const bool progressive : {false, true}) {
         JpegForm form;
         form.progressive = progressive;
-        corpus.add(colourJpeg(noise, form));
-        corpus.add(greyJpeg(smooth, form));
+        corpus.add(colorJpeg(noise, form));
+        corpus.add(grayJpeg(smooth, form));
         form.orientation = 6;
         form.profile = progressive ? displayP3Profile() : QByteArray();
-        corpus.add(colourJpeg(smooth, form));
+        corpus.add(colorJpeg(smooth, form));
     }
     corpus.add(inkJpeg(translucent));
 }
 
 void drawTiff(Corpus corpus) {
-    for (const int colours : {1, 3}) {
+    for (const int colors : {1, 3}) {
         for (const TiffForm::Alpha alpha :
              {TiffForm::Alpha::none, TiffForm::Alpha::unassociated, TiffForm::Alpha::associated}) {
             for (const int bits : {8, 16}) {
                 TiffForm form;
-                form.colours = colours;
+                form.colors = colors;
                 form.alpha = alpha;
                 form.bitsPerSample = bits;
                 form.tile = bits == 16 ? 16 : 0;
-                form.compression = colours == 3 ? 5 : 8;
-                const int channels = colours + (alpha == TiffForm::Alpha::none ? 0 : 1);
+                form.compression = colors == 3 ? 5 : 8;
+                const int channels = colors + (alpha == TiffForm::Alpha::none ? 0 : 1);
                 writeTiff(corpus.next(), {tiffPage(translucent, channels, bits == 16 ? 257 : 1)}, form);
             }
         }
     }
     TiffForm white;
-    white.colours = 1;
+    white.colors = 1;
     white.minimumIsWhite = true;
     white.orientation = 3;
     writeTiff(corpus.next(), {tiffPage(smooth, 1), tiffPage(noise, 1)}, white);
@@ -142,12 +143,12 @@ void drawBmp(Corpus corpus) {
     corpus.add(bmp24(noise, true));
     corpus.add(bmp32(noise));
     corpus.add(bmp32WithAlpha(translucent));
-    corpus.add(bmp8Grey(smooth));
-    corpus.add(bmp8GreyRunLength(smooth));
+    corpus.add(bmp8Gray(smooth));
+    corpus.add(bmp8GrayRunLength(smooth));
     corpus.add(bmp1(noise, {0, 0, 0, 255}, {255, 255, 255, 255}));
 }
 
-/// A picture of few colours, some of them transparent.
+/// A picture of few colors, some of them transparent.
 Picture cutOut(int phase) {
     return drawnPicture(12, 10, [phase](int x, int y) {
         return (x + phase) % 4 == 0 ? Rgba{0, 0, 0, 0}
@@ -156,11 +157,11 @@ Picture cutOut(int phase) {
 }
 
 void drawOthers(const QString& root) {
-    Corpus gif(root, QStringLiteral("gif"));
+    Corpus gif(root, u"gif"_s);
     gif.add(encoded(Encoder::gif, noise));
     gif.add(encoded(Encoder::gif, cutOut(0)));
     gif.add(animatedGif({cutOut(0), cutOut(1), cutOut(2)}));
-    Corpus webp(root, QStringLiteral("webp"));
+    Corpus webp(root, u"webp"_s);
     webp.add(encoded(Encoder::webp, noise));
     webp.add(encoded(Encoder::webp, translucent));
     webp.add(animatedWebp({cutOut(0), cutOut(1)}));
@@ -194,13 +195,13 @@ void writeNames(Corpus corpus) {
 }
 
 void draw(const QString& root) {
-    drawPng({root, QStringLiteral("png")});
-    drawJpeg({root, QStringLiteral("jpeg")});
-    drawTiff({root, QStringLiteral("tiff")});
-    drawBmp({root, QStringLiteral("bmp")});
+    drawPng({root, u"png"_s});
+    drawJpeg({root, u"jpeg"_s});
+    drawTiff({root, u"tiff"_s});
+    drawBmp({root, u"bmp"_s});
     drawOthers(root);
-    writeNames({root, QStringLiteral("material_name")});
-    writeWords({root, QStringLiteral("command_line")});
+    writeNames({root, u"material_name"_s});
+    writeWords({root, u"command_line"_s});
 }
 
 }  // namespace

@@ -16,9 +16,9 @@ Pixel takePixel(FuzzedDataProvider& input, PixelKind kind) {
     const auto byte = [&](int most = 255) {
         return static_cast<std::uint8_t>(input.ConsumeIntegralInRange<int>(0, most));
     };
-    if (kind == PixelKind::grey) {
-        const std::uint8_t grey = byte();
-        return {grey, grey, grey, 255};
+    if (kind == PixelKind::gray) {
+        const std::uint8_t gray = byte();
+        return {gray, gray, gray, 255};
     }
     const std::uint8_t alpha = kind == PixelKind::opaque ? std::uint8_t{255} : byte();
     const int most = kind == PixelKind::any ? 255 : alpha;
@@ -38,7 +38,7 @@ enum class Stroke { pixel, run, repetition, ramp, kMaxValue = ramp };
 Drawing draw(FuzzedDataProvider& input) {
     Drawing drawing;
     drawing.kind = input.ConsumeEnum<PixelKind>();
-    // Wide rows make several bands of few pixels.
+    // Wide rows make several strips of few pixels.
     constexpr std::array<std::int64_t, 12> widest{3, 10, 20, 30, 40, 50, 60, 70, 100, 300, 1000, 150'000};
     drawing.width = input.ConsumeIntegralInRange<std::int64_t>(1, input.PickValueInArray(widest));
     drawing.height = input.ConsumeIntegralInRange<std::int64_t>(

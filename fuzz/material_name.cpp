@@ -1,10 +1,10 @@
 // The rule that makes file names of typed names, and what exports make of it.
 
-#include "material_name.h"
-#include "conversion_settings.h"
+#include "model/material_name.h"
 #include "expectation.h"
-#include "file_names.h"
-#include "normal_generator_settings.h"
+#include "imaging/files/file_names.h"
+#include "model/conversion_settings.h"
+#include "model/normal_generator_settings.h"
 
 #include <fuzzer/FuzzedDataProvider.h>
 
@@ -12,6 +12,8 @@
 #include <QFile>
 #include <QString>
 #include <QUrl>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::fuzz;
@@ -41,9 +43,9 @@ void expectSafe(const QString& safe) {
     const QByteArray bytes = QFile::encodeName(safe);
     expect(!bytes.contains('/') && !bytes.contains('\\') && !bytes.contains('\0') && !bytes.contains('.'),
            "a safe name is one step of a path");
-    const QUrl folder = QUrl::fromLocalFile(QStringLiteral("/chosen/folder"));
+    const QUrl folder = QUrl::fromLocalFile(u"/chosen/folder"_s);
     const QString path = fileIn(folder, safe).toLocalFile();
-    expect(QDir::cleanPath(path) == path && path == QStringLiteral("/chosen/folder/") + safe,
+    expect(QDir::cleanPath(path) == path && path == u"/chosen/folder/"_s + safe,
            "a safe name stays in its folder");
 }
 

@@ -2,7 +2,7 @@
 
 #include "drawn_pixels.h"
 #include "expectation.h"
-#include "png_encoder.h"
+#include "imaging/png/png_encoder.h"
 
 #include <fuzzer/FuzzedDataProvider.h>
 #include <png.h>
@@ -19,31 +19,31 @@ using Bytes = std::vector<std::uint8_t>;
 
 QByteArray written(const PngEncoder& png) {
     QByteArray file = png.beginning();
-    for (std::int64_t band = 0; band < png.bands().count(); ++band) {
-        file += png.chunk(band);
+    for (std::int64_t strip = 0; strip < png.strips().count(); ++strip) {
+        file += png.chunk(strip);
     }
     return file + png.ending();
 }
 
 QByteArray encoded(const Drawing& drawing) {
     PngEncoder png(drawing.width, drawing.height);
-    const RowBands bands = png.bands();
-    for (std::int64_t band = 0; band < bands.count(); ++band) {
-        png.encodeBand(band, drawing.pixels.data() + bands[band].first * drawing.width * bytesPerPixel);
+    const RowStrips strips = png.strips();
+    for (std::int64_t strip = 0; strip < strips.count(); ++strip) {
+        png.encodeStrip(strip, drawing.pixels.data() + strips[strip].first * drawing.width * bytesPerPixel);
     }
     return written(png);
 }
 
-QByteArray encodedAsGrey(const Drawing& drawing) {
-    Bytes grey(drawing.pixels.size() / 4);
-    for (std::size_t index = 0; index < grey.size(); ++index) {
-        grey[index] = drawing.pixels[index * 4];
+QByteArray encodedAsGray(const Drawing& drawing) {
+    Bytes gray(drawing.pixels.size() / 4);
+    for (std::size_t index = 0; index < gray.size(); ++index) {
+        gray[index] = drawing.pixels[index * 4];
     }
     PngEncoder png(drawing.width, drawing.height);
-    const RowBands bands = png.bands();
+    const RowStrips strips = png.strips();
     // From the last to the first: the order must not matter.
-    for (std::int64_t band = bands.count() - 1; band >= 0; --band) {
-        png.encodeGreyBand(band, grey.data() + bands[band].first * drawing.width);
+    for (std::int64_t strip = strips.count() - 1; strip >= 0; --strip) {
+        png.encodeGrayStrip(strip, gray.data() + strips[strip].first * drawing.width);
     }
     return written(png);
 }
@@ -53,9 +53,9 @@ Bytes straight(const Bytes& premultiplied) {
     for (std::size_t index = 0; index < result.size(); index += 4) {
         const int alpha = result[index + 3];
         for (std::size_t channel = index; channel < index + 3; ++channel) {
-            const int colour = std::min<int>(result[channel], alpha);
+            const int color = std::min<int>(result[channel], alpha);
             result[channel] =
-                alpha == 0 ? std::uint8_t{0} : static_cast<std::uint8_t>(std::lround(colour * 255.0 / alpha));
+                alpha == 0 ? std::uint8_t{0} : static_cast<std::uint8_t>(std::lround(color * 255.0 / alpha));
         }
     }
     return result;
@@ -83,8 +83,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const QByteArray file = encoded(drawing);
     expect(decoded(file, drawing) == straight(drawing.pixels),
            "a file holds the drawing with straight alpha");
-    if (drawing.kind == PixelKind::grey) {
-        expect(encodedAsGrey(drawing) == file, "grey rows give the file that their pixels give");
+    if (drawing.kind == PixelKind::gray) {
+        expect(encodedAsGray(drawing) == file, "gray rows give the file that their pixels give");
     }
     return 0;
 }

@@ -24,7 +24,7 @@ std::size_t indexOf(int x, int y) {
 
 int byteOf(double value) { return static_cast<int>(std::lround(std::clamp(value, 0.0, 255.0))); }
 
-/// A colour picture of which `colorAt(index)` gives each pixel.
+/// A color picture of which `colorAt(index)` gives each pixel.
 template <typename ColorAt>
 QImage colorPicture(ColorAt colorAt) {
     QImage image(textureSize, textureSize, QImage::Format_RGB32);
@@ -37,9 +37,9 @@ QImage colorPicture(ColorAt colorAt) {
     return image;
 }
 
-/// A grey picture of values in 0...1.
+/// A gray picture of values in 0...1.
 template <typename ValueAt>
-QImage greyPicture(ValueAt valueAt) {
+QImage grayPicture(ValueAt valueAt) {
     QImage image(textureSize, textureSize, QImage::Format_Grayscale8);
     for (int y = 0; y < textureSize; ++y) {
         for (int x = 0; x < textureSize; ++x) {
@@ -80,9 +80,9 @@ int main(int argumentCount, char* arguments[]) {
         const Direction direction = directionAt(relief, x, y);
         return Color{127.5 + 127.5 * direction.x, 127.5 + 127.5 * direction.y, 127.5 + 127.5 * direction.z};
     });
-    const QImage occlusion = greyPicture([&](std::size_t index) { return sky[index]; });
-    const QImage gloss = greyPicture([&](std::size_t index) { return wall[index].gloss; });
-    const QImage metallic = greyPicture([&](std::size_t index) { return wall[index].metallic; });
+    const QImage occlusion = grayPicture([&](std::size_t index) { return sky[index]; });
+    const QImage gloss = grayPicture([&](std::size_t index) { return wall[index].gloss; });
+    const QImage metallic = grayPicture([&](std::size_t index) { return wall[index].metallic; });
 
     const QDir folder(QString::fromLocal8Bit(arguments[1]));
     const bool saved = save(baseColor, folder, QStringLiteral("basecolor.jpg"), 92) &&

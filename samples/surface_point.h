@@ -4,7 +4,7 @@
 
 namespace quarlin::samples {
 
-/// A colour in sRGB values, 0...255, that may run out of range while it is being mixed.
+/// A color in sRGB values, 0...255, that may run out of range while it is being mixed.
 struct Color {
     double red = 0;
     double green = 0;

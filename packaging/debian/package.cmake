@@ -8,7 +8,7 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-    "Quarlin packs texture files into a material set: base colour, a packed
+    "Quarlin packs texture files into a material set: base color, a packed
 occlusion, roughness and metallic map, a normal map, a glTF material and
 notes. From a single texture it estimates height, normal, roughness, gloss,
 metallic and occlusion maps.

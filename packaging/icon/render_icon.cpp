@@ -12,6 +12,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct RenderedIcon {
@@ -122,9 +124,9 @@ int main(int argc, char** argv) {
     }
     const QString path = QString::fromLocal8Bit(argv[2]);
     QByteArray contents = icons.constFirst().png;
-    if (path.endsWith(QStringLiteral(".ico"))) {
+    if (path.endsWith(u".ico"_s)) {
         contents = windowsIcon(icons);
-    } else if (path.endsWith(QStringLiteral(".icns"))) {
+    } else if (path.endsWith(u".icns"_s)) {
         contents = macosIcon(icons);
     }
     QFile file(path);

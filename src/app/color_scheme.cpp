@@ -1,4 +1,4 @@
-#include "color_scheme.h"
+#include "app/color_scheme.h"
 
 #include <QApplication>
 #include <QPalette>
@@ -7,7 +7,7 @@ namespace quarlin {
 
 namespace {
 
-/// The colours that a palette is made of.
+/// The colors that a palette is made of.
 struct Shades {
     QRgb window, text, base, button, accent;
 };

@@ -1,19 +1,21 @@
-#include "content_view.h"
+#include "app/content_view.h"
 
-#include "bar_background.h"
-#include "brand_header.h"
-#include "button.h"
-#include "material_store.h"
-#include "normal_generator_store.h"
-#include "separator.h"
-#include "store_observer.h"
-#include "tool_bar.h"
-#include "tool_tabs.h"
-#include "workspaces.h"
+#include "stores/material_store.h"
+#include "stores/normal_generator_store.h"
+#include "ui/controls/button.h"
+#include "ui/layout/bar_background.h"
+#include "ui/layout/separator.h"
+#include "ui/panels/brand_header.h"
+#include "ui/panels/store_observer.h"
+#include "ui/panels/tool_bar.h"
+#include "ui/panels/tool_tabs.h"
+#include "ui/panels/workspaces.h"
 
 #include <QVBoxLayout>
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -24,12 +26,10 @@ Button* makeButton(const QString& text, const QString& symbol, const QString& he
 }
 
 Button* previewButton(const QString& help) {
-    return makeButton(QStringLiteral("Build Preview"), QStringLiteral("arrow.triangle.2.circlepath"), help);
+    return makeButton(u"Build Preview"_s, u"arrow.triangle.2.circlepath"_s, help);
 }
 
-Button* exportButton(const QString& help) {
-    return makeButton(QStringLiteral("Export"), QStringLiteral("square.and.arrow.up"), help);
-}
+Button* exportButton(const QString& help) { return makeButton(u"Export"_s, u"square.and.arrow.up"_s, help); }
 
 }  // namespace
 
@@ -45,9 +45,9 @@ ContentView::ContentView(MaterialStore& materialStore, NormalGeneratorStore& nor
     stack->addWidget(new Separator(Qt::Horizontal));
     stack->addWidget(m_tabs, 1);
 
-    Button* buildMaterial = previewButton(QStringLiteral("Build PBR Preview"));
+    Button* buildMaterial = previewButton(u"Build PBR Preview"_s);
     connect(buildMaterial, &Button::clicked, &materialStore, &MaterialStore::buildPreview);
-    Button* exportMaterial = exportButton(QStringLiteral("Export PBR Set"));
+    Button* exportMaterial = exportButton(u"Export PBR Set"_s);
     connect(exportMaterial, &Button::clicked, &materialStore, &MaterialStore::exportMaterialSet);
     new StoreObserver(
         materialStore,
@@ -57,9 +57,9 @@ ContentView::ContentView(MaterialStore& materialStore, NormalGeneratorStore& nor
         },
         this);
 
-    Button* buildMaps = previewButton(QStringLiteral("Build Generated Map Preview"));
+    Button* buildMaps = previewButton(u"Build Generated Map Preview"_s);
     connect(buildMaps, &Button::clicked, &normalStore, &NormalGeneratorStore::buildPreview);
-    Button* exportMaps = exportButton(QStringLiteral("Export Generated Map Set"));
+    Button* exportMaps = exportButton(u"Export Generated Map Set"_s);
     connect(exportMaps, &Button::clicked, &normalStore, &NormalGeneratorStore::exportSet);
     new StoreObserver(
         normalStore,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "studio_tool.h"
+#include "model/studio_tool.h"
 
 #include <QList>
 #include <QWidget>

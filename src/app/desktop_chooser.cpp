@@ -1,9 +1,11 @@
-#include "desktop_chooser.h"
+#include "app/desktop_chooser.h"
 
 #include <QApplication>
 #include <QFileDialog>
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -11,7 +13,7 @@ namespace {
 QString patterns(ImageFileType type) {
     QStringList result;
     for (const QString& extension : extensions(type).split(u' ')) {
-        result << QStringLiteral("*.") + extension << QStringLiteral("*.") + extension.toUpper();
+        result << u"*."_s + extension << u"*."_s + extension.toUpper();
     }
     return result.join(u' ');
 }
@@ -32,9 +34,9 @@ QStringList DesktopChooser::nameFilters(const std::vector<ImageFileType>& types)
     QStringList filters;
     for (const ImageFileType type : types) {
         all << patterns(type);
-        filters << title(type) + QStringLiteral(" Image (") + patterns(type) + u')';
+        filters << title(type) + u" Image ("_s + patterns(type) + u')';
     }
-    filters.prepend(QStringLiteral("All Images (") + all.join(u' ') + u')');
+    filters.prepend(u"All Images ("_s + all.join(u' ') + u')');
     return filters;
 }
 

@@ -1,4 +1,4 @@
-#include "desktop_color_scheme.h"
+#include "app/desktop_color_scheme.h"
 
 namespace quarlin {
 

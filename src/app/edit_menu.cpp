@@ -1,4 +1,4 @@
-#include "edit_menu.h"
+#include "app/edit_menu.h"
 
 #include <QAction>
 #include <QApplication>
@@ -8,15 +8,17 @@
 
 namespace quarlin {
 
-EditMenu::EditMenu(QWidget* parent) : QMenu(QStringLiteral("&Edit"), parent) {
-    addEntry(QStringLiteral("&Undo"), QKeySequence::Undo, Operation::undo);
-    addEntry(QStringLiteral("&Redo"), QKeySequence::Redo, Operation::redo);
+using namespace Qt::StringLiterals;
+
+EditMenu::EditMenu(QWidget* parent) : QMenu(u"&Edit"_s, parent) {
+    addEntry(u"&Undo"_s, QKeySequence::Undo, Operation::undo);
+    addEntry(u"&Redo"_s, QKeySequence::Redo, Operation::redo);
     addSeparator();
-    addEntry(QStringLiteral("Cu&t"), QKeySequence::Cut, Operation::cut);
-    addEntry(QStringLiteral("&Copy"), QKeySequence::Copy, Operation::copy);
-    addEntry(QStringLiteral("&Paste"), QKeySequence::Paste, Operation::paste);
+    addEntry(u"Cu&t"_s, QKeySequence::Cut, Operation::cut);
+    addEntry(u"&Copy"_s, QKeySequence::Copy, Operation::copy);
+    addEntry(u"&Paste"_s, QKeySequence::Paste, Operation::paste);
     addSeparator();
-    addEntry(QStringLiteral("Select &All"), QKeySequence::SelectAll, Operation::selectAll);
+    addEntry(u"Select &All"_s, QKeySequence::SelectAll, Operation::selectAll);
     // Only what is shown has to be right: the keys themselves go to the text, not by way of this menu.
     connect(this, &QMenu::aboutToShow, this, &EditMenu::updateEntries);
     updateEntries();

@@ -1,19 +1,21 @@
-#include "application_icon.h"
-#include "band_memory.h"
-#include "desktop_color_scheme.h"
-#include "vorek_quarlin_app.h"
+#include "app/application_icon.h"
+#include "app/desktop_color_scheme.h"
+#include "app/vorek_quarlin_app.h"
+#include "imaging/base/strip_memory.h"
 
 #include <QApplication>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char** argv) {
-    quarlin::keepBandMemory();
+    quarlin::keepStripMemory();
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("quarlin"));
+    QApplication::setApplicationName(u"quarlin"_s);
     QApplication::setApplicationVersion(QStringLiteral(QUARLIN_VERSION));
-    QApplication::setDesktopFileName(QStringLiteral("quarlin"));
+    QApplication::setDesktopFileName(u"quarlin"_s);
     QApplication::setWindowIcon(quarlin::applicationIcon());
-    // What the window does not paint itself looks alike on every desktop, in the desktop's colours and font.
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    // What the window does not paint itself looks alike on every desktop, in the desktop's colors and font.
+    QApplication::setStyle(u"Fusion"_s);
 
     const auto colorScheme = quarlin::followDesktopColorScheme();
     quarlin::VorekQuarlinApp program;

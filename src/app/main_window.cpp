@@ -1,11 +1,11 @@
-#include "main_window.h"
+#include "app/main_window.h"
 
-#include "busy_pointer.h"
-#include "content_view.h"
-#include "edit_menu.h"
-#include "material_store.h"
-#include "normal_generator_store.h"
-#include "store_observer.h"
+#include "app/content_view.h"
+#include "app/edit_menu.h"
+#include "stores/material_store.h"
+#include "stores/normal_generator_store.h"
+#include "ui/panels/busy_pointer.h"
+#include "ui/panels/store_observer.h"
 
 #include <QAction>
 #include <QApplication>
@@ -13,6 +13,8 @@
 #include <QMessageBox>
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -22,7 +24,7 @@ constexpr QSize minimumContentSize(1120, 720);
 
 MainWindow::MainWindow(MaterialStore& materialStore, NormalGeneratorStore& normalStore)
     : m_content(new ContentView(materialStore, normalStore)) {
-    setWindowTitle(QStringLiteral("VOREK TECH Quarlin"));
+    setWindowTitle(u"VOREK TECH Quarlin"_s);
     setMinimumSize(minimumContentSize);
     setCentralWidget(m_content);
     addFileMenu();
@@ -34,15 +36,15 @@ MainWindow::MainWindow(MaterialStore& materialStore, NormalGeneratorStore& norma
 }
 
 void MainWindow::addFileMenu() {
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("&File"));
-    QAction* quit = menu->addAction(QStringLiteral("&Quit"));
+    QMenu* menu = menuBar()->addMenu(u"&File"_s);
+    QAction* quit = menu->addAction(u"&Quit"_s);
     quit->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Q)});
     quit->setMenuRole(QAction::QuitRole);
     connect(quit, &QAction::triggered, qApp, &QApplication::closeAllWindows);
 }
 
 void MainWindow::addMaterialMenu(MaterialStore& store) {
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Material"));
+    QMenu* menu = menuBar()->addMenu(u"&Material"_s);
     const auto add = [&](const QString& text, const QKeySequence& shortcut, auto operation) {
         QAction* action = menu->addAction(text);
         action->setShortcut(shortcut);
@@ -50,12 +52,10 @@ void MainWindow::addMaterialMenu(MaterialStore& store) {
         return action;
     };
     QAction* exportSet =
-        add(QStringLiteral("&Export PBR Set..."), Qt::CTRL | Qt::Key_E, &MaterialStore::exportMaterialSet);
-    QAction* build =
-        add(QStringLiteral("&Build Preview"), Qt::CTRL | Qt::Key_R, &MaterialStore::buildPreview);
+        add(u"&Export PBR Set..."_s, Qt::CTRL | Qt::Key_E, &MaterialStore::exportMaterialSet);
+    QAction* build = add(u"&Build Preview"_s, Qt::CTRL | Qt::Key_R, &MaterialStore::buildPreview);
     menu->addSeparator();
-    QAction* reset =
-        add(QStringLiteral("&Reset Inputs"), Qt::CTRL | Qt::Key_Backspace, &MaterialStore::reset);
+    QAction* reset = add(u"&Reset Inputs"_s, Qt::CTRL | Qt::Key_Backspace, &MaterialStore::reset);
     new StoreObserver(
         store,
         [=, &store] {
@@ -67,15 +67,15 @@ void MainWindow::addMaterialMenu(MaterialStore& store) {
 }
 
 void MainWindow::addHelpMenu() {
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Help"));
-    QAction* about = menu->addAction(QStringLiteral("&About Quarlin"));
+    QMenu* menu = menuBar()->addMenu(u"&Help"_s);
+    QAction* about = menu->addAction(u"&About Quarlin"_s);
     about->setMenuRole(QAction::AboutRole);
     connect(about, &QAction::triggered, this, &MainWindow::showAbout);
 }
 
 void MainWindow::showAbout() {
-    auto* box = new QMessageBox(QMessageBox::NoIcon, QStringLiteral("About Quarlin"),
-                                QStringLiteral("VOREK TECH Quarlin %1").arg(QStringLiteral(QUARLIN_VERSION)),
+    auto* box = new QMessageBox(QMessageBox::NoIcon, u"About Quarlin"_s,
+                                u"VOREK TECH Quarlin %1"_s.arg(QStringLiteral(QUARLIN_VERSION)),
                                 QMessageBox::Close, this);
     box->setIconPixmap(windowIcon().pixmap(64));
     box->setInformativeText(QStringLiteral(QUARLIN_DESCRIPTION "."));

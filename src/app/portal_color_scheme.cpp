@@ -1,6 +1,6 @@
-#include "portal_color_scheme.h"
+#include "app/portal_color_scheme.h"
 
-#include "desktop_color_scheme.h"
+#include "app/desktop_color_scheme.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -9,6 +9,8 @@
 #include <QDBusPendingReply>
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -25,9 +27,9 @@ PortalColorScheme::PortalColorScheme(QObject* parent) : QObject(parent) {
     if (!bus.isConnected()) {
         return;
     }
-    bus.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
+    bus.connect(service, path, interface, u"SettingChanged"_s, this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
-    QDBusMessage question = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
+    QDBusMessage question = QDBusMessage::createMethodCall(service, path, interface, u"Read"_s);
     question << QString(appearance) << QString(colorScheme);
     auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [](QDBusPendingCallWatcher* finished) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "color_scheme.h"
+#include "app/color_scheme.h"
 
 #include <QDBusVariant>
 #include <QObject>
@@ -9,7 +9,7 @@
 
 namespace quarlin {
 
-/// Reads the desktop's colour scheme from the settings portal that Linux desktops share, at first and
+/// Reads the desktop's color scheme from the settings portal that Linux desktops share, at first and
 /// whenever it changes. Without a portal nothing happens.
 class PortalColorScheme : public QObject {
     Q_OBJECT

@@ -1,4 +1,4 @@
-#include "vorek_quarlin_app.h"
+#include "app/vorek_quarlin_app.h"
 
 namespace quarlin {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "desktop_chooser.h"
-#include "main_window.h"
-#include "material_store.h"
-#include "normal_generator_store.h"
+#include "app/desktop_chooser.h"
+#include "app/main_window.h"
+#include "stores/material_store.h"
+#include "stores/normal_generator_store.h"
 
 namespace quarlin {
 

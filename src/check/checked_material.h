@@ -1,6 +1,6 @@
 #pragma once
 
-#include "finding.h"
+#include "check/finding.h"
 
 #include <QString>
 #include <QUrl>

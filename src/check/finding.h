@@ -1,12 +1,14 @@
 #pragma once
 
-#include "enumeration.h"
+#include "model/enumeration.h"
 
 #include <QString>
 
 #include <vector>
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 /// How bad a finding is: worth knowing, likely not meant, or bound to fail.
 enum class Severity { note, warning, error };
@@ -17,9 +19,9 @@ struct EnumerationTable<Severity> {
         QLatin1StringView rawValue, title;
     };
     static constexpr std::array rows{
-        Row{QLatin1StringView("note"), QLatin1StringView("note")},
-        Row{QLatin1StringView("warning"), QLatin1StringView("warning")},
-        Row{QLatin1StringView("error"), QLatin1StringView("error")},
+        Row{"note"_L1, "note"_L1},
+        Row{"warning"_L1, "warning"_L1},
+        Row{"error"_L1, "error"_L1},
     };
 };
 
@@ -62,58 +64,43 @@ struct EnumerationTable<FindingKind> {
         QLatin1StringView title;
     };
     static constexpr std::array rows{
-        Row{QLatin1StringView("unreadable-folder"), Severity::error,
-            QLatin1StringView("the folder can't be read")},
-        Row{QLatin1StringView("no-set"), Severity::error,
-            QLatin1StringView("the folder holds neither a .gltf nor images with the names of a set")},
-        Row{QLatin1StringView("unreadable-document"), Severity::error,
-            QLatin1StringView("the .gltf can't be read")},
-        Row{QLatin1StringView("invalid-json"), Severity::error, QLatin1StringView("the .gltf is no JSON")},
-        Row{QLatin1StringView("invalid-gltf"), Severity::error,
-            QLatin1StringView(
-                "the .gltf is no glTF 2.0, has no material, or refers to what it does not hold")},
-        Row{QLatin1StringView("outside-reference"), Severity::error,
-            QLatin1StringView("an image is referred to that lies outside the folder")},
-        Row{QLatin1StringView("missing-image"), Severity::error, QLatin1StringView("an image is missing")},
-        Row{QLatin1StringView("undecodable-image"), Severity::error,
-            QLatin1StringView("a file is no whole, intact image")},
-        Row{QLatin1StringView("wrong-format"), Severity::error,
-            QLatin1StringView("an image is neither PNG nor JPEG, or another one than its name says")},
-        Row{QLatin1StringView("wrong-channels"), Severity::error,
-            QLatin1StringView("an ORM or normal map is grey, so that all its channels are the same")},
-        Row{QLatin1StringView("occlusion-not-orm"), Severity::error,
-            QLatin1StringView("occlusion is another image than metallic and roughness")},
-        Row{QLatin1StringView("wrong-depth"), Severity::warning,
-            QLatin1StringView("an image has other than 8 bits per channel")},
-        Row{QLatin1StringView("indexed-color"), Severity::warning,
-            QLatin1StringView("an image has a palette instead of channels")},
-        Row{QLatin1StringView("not-power-of-two"), Severity::warning,
-            QLatin1StringView("a side is no power of two, so that the image is rescaled on upload")},
-        Row{QLatin1StringView("too-large"), Severity::warning,
-            QLatin1StringView(
-                "a side is longer than 2048 pixels, so that the image is scaled down on upload")},
-        Row{QLatin1StringView("different-sizes"), Severity::warning,
-            QLatin1StringView("the maps of a material are of different sizes")},
-        Row{QLatin1StringView("ignored-alpha"), Severity::warning,
-            QLatin1StringView("the base colour is transparent in places, and the material is opaque")},
-        Row{QLatin1StringView("normal-inverted"), Severity::warning,
-            QLatin1StringView("the green of a normal map looks inverted (DirectX)")},
-        Row{QLatin1StringView("normal-not-unit"), Severity::warning,
-            QLatin1StringView("many normals of a normal map are not of length 1")},
-        Row{QLatin1StringView("normal-inward"), Severity::warning,
-            QLatin1StringView("normals of a normal map point into the surface")},
-        Row{QLatin1StringView("name-cut"), Severity::warning,
-            QLatin1StringView("the material's name is longer than the 63 bytes of an inventory name")},
-        Row{QLatin1StringView("file-name-cut"), Severity::note,
-            QLatin1StringView(
-                "the name of an image is longer than that, and is cut when it is uploaded alone")},
-        Row{QLatin1StringView("normal-green-down"), Severity::note,
-            QLatin1StringView("the green of a generated normal map points down")},
-        Row{QLatin1StringView("no-base-color"), Severity::note,
-            QLatin1StringView("a material has no base colour image")},
-        Row{QLatin1StringView("no-orm"), Severity::note, QLatin1StringView("a material has no ORM image")},
-        Row{QLatin1StringView("embedded-image"), Severity::note,
-            QLatin1StringView("an image is part of the .gltf, and not checked")},
+        Row{"unreadable-folder"_L1, Severity::error, "the folder can't be read"_L1},
+        Row{"no-set"_L1, Severity::error,
+            "the folder holds neither a .gltf nor images with the names of a set"_L1},
+        Row{"unreadable-document"_L1, Severity::error, "the .gltf can't be read"_L1},
+        Row{"invalid-json"_L1, Severity::error, "the .gltf is no JSON"_L1},
+        Row{"invalid-gltf"_L1, Severity::error,
+            "the .gltf is no glTF 2.0, has no material, or refers to what it does not hold"_L1},
+        Row{"outside-reference"_L1, Severity::error,
+            "an image is referred to that lies outside the folder"_L1},
+        Row{"missing-image"_L1, Severity::error, "an image is missing"_L1},
+        Row{"undecodable-image"_L1, Severity::error, "a file is no whole, intact image"_L1},
+        Row{"wrong-format"_L1, Severity::error,
+            "an image is neither PNG nor JPEG, or another one than its name says"_L1},
+        Row{"wrong-channels"_L1, Severity::error,
+            "an ORM or normal map is gray, so that all its channels are the same"_L1},
+        Row{"occlusion-not-orm"_L1, Severity::error,
+            "occlusion is another image than metallic and roughness"_L1},
+        Row{"wrong-depth"_L1, Severity::warning, "an image has other than 8 bits per channel"_L1},
+        Row{"indexed-color"_L1, Severity::warning, "an image has a palette instead of channels"_L1},
+        Row{"not-power-of-two"_L1, Severity::warning,
+            "a side is no power of two, so that the image is rescaled on upload"_L1},
+        Row{"too-large"_L1, Severity::warning,
+            "a side is longer than 2048 pixels, so that the image is scaled down on upload"_L1},
+        Row{"different-sizes"_L1, Severity::warning, "the maps of a material are of different sizes"_L1},
+        Row{"ignored-alpha"_L1, Severity::warning,
+            "the base color is transparent in places, and the material is opaque"_L1},
+        Row{"normal-inverted"_L1, Severity::warning, "the green of a normal map looks inverted (DirectX)"_L1},
+        Row{"normal-not-unit"_L1, Severity::warning, "many normals of a normal map are not of length 1"_L1},
+        Row{"normal-inward"_L1, Severity::warning, "normals of a normal map point into the surface"_L1},
+        Row{"name-cut"_L1, Severity::warning,
+            "the material's name is longer than the 63 bytes of an inventory name"_L1},
+        Row{"file-name-cut"_L1, Severity::note,
+            "the name of an image is longer than that, and is cut when it is uploaded alone"_L1},
+        Row{"normal-green-down"_L1, Severity::note, "the green of a generated normal map points down"_L1},
+        Row{"no-base-color"_L1, Severity::note, "a material has no base color image"_L1},
+        Row{"no-orm"_L1, Severity::note, "a material has no ORM image"_L1},
+        Row{"embedded-image"_L1, Severity::note, "an image is part of the .gltf, and not checked"_L1},
     };
 };
 

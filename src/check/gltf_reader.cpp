@@ -1,7 +1,7 @@
-#include "checked_material.h"
+#include "check/checked_material.h"
 
-#include "file_bytes.h"
-#include "file_names.h"
+#include "imaging/files/file_bytes.h"
+#include "imaging/files/file_names.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -10,6 +10,8 @@
 #include <QRegularExpression>
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,14 +31,14 @@ public:
     Reader(QString name, QJsonObject document) : m_name(std::move(name)), m_document(std::move(document)) {}
 
     CheckedSet read() {
-        const QString version = m_document[QStringLiteral("asset")][QStringLiteral("version")].toString();
-        if (!version.startsWith(QStringLiteral("2."))) {
-            add(FindingKind::invalidGLTF, QStringLiteral("This is no glTF 2.0 document."));
+        const QString version = m_document[u"asset"_s][u"version"_s].toString();
+        if (!version.startsWith(u"2."_s)) {
+            add(FindingKind::invalidGLTF, u"This is no glTF 2.0 document."_s);
             return m_set;
         }
-        const QJsonArray materials = m_document[QStringLiteral("materials")].toArray();
+        const QJsonArray materials = m_document[u"materials"_s].toArray();
         if (materials.isEmpty()) {
-            add(FindingKind::invalidGLTF, QStringLiteral("The document has no material."));
+            add(FindingKind::invalidGLTF, u"The document has no material."_s);
         }
         for (const auto& material : materials) {
             m_set.materials.push_back(materialOf(material.toObject()));
@@ -46,21 +48,21 @@ public:
 
 private:
     CheckedMaterial materialOf(const QJsonObject& material) {
-        const QJsonObject surface = material[QStringLiteral("pbrMetallicRoughness")].toObject();
-        if (!surface.contains(QStringLiteral("baseColorTexture"))) {
-            add(FindingKind::noBaseColor, QStringLiteral("The material has no base colour image."));
+        const QJsonObject surface = material[u"pbrMetallicRoughness"_s].toObject();
+        if (!surface.contains(u"baseColorTexture"_s)) {
+            add(FindingKind::noBaseColor, u"The material has no base color image."_s);
         }
-        if (!surface.contains(QStringLiteral("metallicRoughnessTexture"))) {
-            add(FindingKind::noORM, QStringLiteral("The material has no ORM image."));
+        if (!surface.contains(u"metallicRoughnessTexture"_s)) {
+            add(FindingKind::noORM, u"The material has no ORM image."_s);
         }
-        const QString alphaMode = material[QStringLiteral("alphaMode")].toString(QStringLiteral("OPAQUE"));
+        const QString alphaMode = material[u"alphaMode"_s].toString(u"OPAQUE"_s);
         return {.document = m_name,
-                .name = material[QStringLiteral("name")].toString(),
-                .baseColor = image(surface, QStringLiteral("baseColorTexture")),
-                .metallicRoughness = image(surface, QStringLiteral("metallicRoughnessTexture")),
-                .occlusion = image(material, QStringLiteral("occlusionTexture")),
-                .normal = image(material, QStringLiteral("normalTexture")),
-                .isOpaque = alphaMode == QStringLiteral("OPAQUE")};
+                .name = material[u"name"_s].toString(),
+                .baseColor = image(surface, u"baseColorTexture"_s),
+                .metallicRoughness = image(surface, u"metallicRoughnessTexture"_s),
+                .occlusion = image(material, u"occlusionTexture"_s),
+                .normal = image(material, u"normalTexture"_s),
+                .isOpaque = alphaMode == u"OPAQUE"_s};
     }
 
     /// The file of the image that the member `key` of `owner` refers to.
@@ -68,33 +70,31 @@ private:
         if (!owner.contains(key)) {
             return std::nullopt;
         }
-        const auto texture =
-            elementAt(m_document[QStringLiteral("textures")], owner[key].toObject()[QStringLiteral("index")]);
-        const auto image = texture ? elementAt(m_document[QStringLiteral("images")],
-                                               texture->value(QStringLiteral("source")))
-                                   : std::nullopt;
+        const auto texture = elementAt(m_document[u"textures"_s], owner[key].toObject()[u"index"_s]);
+        const auto image =
+            texture ? elementAt(m_document[u"images"_s], texture->value(u"source"_s)) : std::nullopt;
         if (!image) {
-            add(FindingKind::invalidGLTF,
-                key + QStringLiteral(" refers to an image that the document does not "
-                                     "have."));
+            add(FindingKind::invalidGLTF, key +
+                                              u" refers to an image that the document does not "
+                                              "have."_s);
             return std::nullopt;
         }
-        const QString uri = image->value(QStringLiteral("uri")).toString();
-        if (uri.isEmpty() || uri.startsWith(QStringLiteral("data:"), Qt::CaseInsensitive)) {
-            add(FindingKind::embeddedImage, QStringLiteral("The image of ") + key +
-                                                QStringLiteral(" is part of the document, and not checked."));
+        const QString uri = image->value(u"uri"_s).toString();
+        if (uri.isEmpty() || uri.startsWith(u"data:"_s, Qt::CaseInsensitive)) {
+            add(FindingKind::embeddedImage,
+                u"The image of "_s + key + u" is part of the document, and not checked."_s);
             return std::nullopt;
         }
         return fileOf(uri, key);
     }
 
     std::optional<QString> fileOf(const QString& uri, const QString& key) {
-        static const QRegularExpression scheme(QStringLiteral("^[A-Za-z][A-Za-z0-9+.-]*:"));
+        static const QRegularExpression scheme(u"^[A-Za-z][A-Za-z0-9+.-]*:"_s);
         const QString file = QDir::cleanPath(QUrl::fromPercentEncoding(uri.toUtf8()));
         if (scheme.match(uri).hasMatch() || file.startsWith(u'/') || file.startsWith(u'\\') ||
-            file == QStringLiteral("..") || file.startsWith(QStringLiteral("../"))) {
+            file == u".."_s || file.startsWith(u"../"_s)) {
             add(FindingKind::outsideReference,
-                key + QStringLiteral(" refers to ") + uri + QStringLiteral(", which is outside the folder."));
+                key + u" refers to "_s + uri + u", which is outside the folder."_s);
             return std::nullopt;
         }
         return file;
@@ -112,15 +112,15 @@ private:
 CheckedSet readGLTF(const QUrl& folder, const QString& name) {
     const std::optional<FileBytes> file = readFile(fileIn(folder, name));
     if (!file) {
-        return {{}, {{FindingKind::unreadableDocument, name, QStringLiteral("The document can't be read.")}}};
+        return {{}, {{FindingKind::unreadableDocument, name, u"The document can't be read."_s}}};
     }
     QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(file->bytes, &error);
     if (error.error != QJsonParseError::NoError) {
         return {{},
                 {{FindingKind::invalidJSON, name,
-                  QStringLiteral("The document is no JSON: ") + error.errorString() +
-                      QStringLiteral(" at byte ") + QString::number(error.offset) + u'.'}}};
+                  u"The document is no JSON: "_s + error.errorString() + u" at byte "_s +
+                      QString::number(error.offset) + u'.'}}};
     }
     return Reader(name, document.object()).read();
 }

@@ -1,18 +1,20 @@
-#include "image_check.h"
+#include "check/image_check.h"
 
-#include "file_bytes.h"
-#include "file_names.h"
-#include "image_decoder.h"
-#include "image_header.h"
-#include "image_view.h"
-#include "normal_statistics.h"
-#include "set_check.h"
+#include "check/image_header.h"
+#include "check/normal_statistics.h"
+#include "check/set_check.h"
+#include "imaging/decode/image_decoder.h"
+#include "imaging/files/file_bytes.h"
+#include "imaging/files/file_names.h"
+#include "imaging/pixels/image_view.h"
 
 #include <QFileInfo>
 
 #include <cmath>
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -28,52 +30,49 @@ QString percentage(double share) { return QString::number(std::max(1L, std::lrou
 /// Whether the name's extension, if any, is one of `format`.
 bool fitsName(ImageFormat format, const QString& name) {
     const QString extension = QFileInfo(name).suffix().toLower();
-    const bool isJPEGName = extension == QStringLiteral("jpg") || extension == QStringLiteral("jpeg");
+    const bool isJPEGName = extension == u"jpg"_s || extension == u"jpeg"_s;
     return extension.isEmpty() || isJPEGName == (format == ImageFormat::jpeg);
 }
 
 void checkFormat(const QByteArray& bytes, const QString& name, Findings& findings) {
     const ImageFormat format = imageFormat(bytes);
     if (format == ImageFormat::other) {
-        findings.push_back(
-            {FindingKind::wrongFormat, name, QStringLiteral("The image is neither PNG nor JPEG.")});
+        findings.push_back({FindingKind::wrongFormat, name, u"The image is neither PNG nor JPEG."_s});
     } else if (!fitsName(format, name)) {
-        findings.push_back(
-            {FindingKind::wrongFormat, name,
-             QStringLiteral("The image is a ") +
-                 (format == ImageFormat::png ? QStringLiteral("PNG") : QStringLiteral("JPEG")) +
-                 QStringLiteral(", which its name does not say.")});
+        findings.push_back({FindingKind::wrongFormat, name,
+                            u"The image is a "_s + (format == ImageFormat::png ? u"PNG"_s : u"JPEG"_s) +
+                                u", which its name does not say."_s});
     }
 }
 
 void checkHeader(const PngHeader& header, const QString& name, ImageUse use, Findings& findings) {
     constexpr int usualDepth = 8;
-    const bool isGrey = header.color == PngColor::grey || header.color == PngColor::greyAlpha;
-    if (isGrey && use != ImageUse::baseColor) {
-        findings.push_back({FindingKind::wrongChannels, name,
-                            QStringLiteral("The image is grey: red, green and blue are the same.")});
+    const bool isGray = header.color == PngColor::gray || header.color == PngColor::grayAlpha;
+    if (isGray && use != ImageUse::baseColor) {
+        findings.push_back(
+            {FindingKind::wrongChannels, name, u"The image is gray: red, green and blue are the same."_s});
     }
     if (header.color == PngColor::indexed) {
-        findings.push_back({FindingKind::indexedColor, name,
-                            QStringLiteral("The image has a palette of at most 256 colours.")});
+        findings.push_back(
+            {FindingKind::indexedColor, name, u"The image has a palette of at most 256 colors."_s});
     } else if (header.bitDepth != usualDepth) {
-        findings.push_back({FindingKind::wrongDepth, name,
-                            QStringLiteral("The image has ") + QString::number(header.bitDepth) +
-                                QStringLiteral(" bits per channel; 8 are used.")});
+        findings.push_back(
+            {FindingKind::wrongDepth, name,
+             u"The image has "_s + QString::number(header.bitDepth) + u" bits per channel; 8 are used."_s});
     }
 }
 
 void checkSize(const QSize& size, const QString& name, Findings& findings) {
     if (!isPowerOfTwo(size.width()) || !isPowerOfTwo(size.height())) {
         findings.push_back({FindingKind::notPowerOfTwo, name,
-                            QStringLiteral("The image is ") + sizeText(size) +
-                                QStringLiteral(": a side is no power of two, so it is rescaled on upload.")});
+                            u"The image is "_s + sizeText(size) +
+                                u": a side is no power of two, so it is rescaled on upload."_s});
     }
     if (size.width() > longestSide || size.height() > longestSide) {
         findings.push_back({FindingKind::tooLarge, name,
-                            QStringLiteral("The image is ") + sizeText(size) +
-                                QStringLiteral(": a side is longer than ") + QString::number(longestSide) +
-                                QStringLiteral(" pixels, so it is scaled down on upload.")});
+                            u"The image is "_s + sizeText(size) + u": a side is longer than "_s +
+                                QString::number(longestSide) +
+                                u" pixels, so it is scaled down on upload."_s});
     }
 }
 
@@ -81,9 +80,8 @@ void checkFileName(const QString& name, Findings& findings) {
     const qsizetype length = fileStem(QUrl::fromLocalFile(name)).toUtf8().size();
     if (length > longestInventoryName) {
         findings.push_back({FindingKind::fileNameCut, name,
-                            QStringLiteral("Uploaded alone, the image keeps ") +
-                                QString::number(longestInventoryName) + QStringLiteral(" of the ") +
-                                QString::number(length) + QStringLiteral(" bytes of its name.")});
+                            u"Uploaded alone, the image keeps "_s + QString::number(longestInventoryName) +
+                                u" of the "_s + QString::number(length) + u" bytes of its name."_s});
     }
 }
 
@@ -99,15 +97,14 @@ QImage CheckedImages::read(const QString& name, ImageUse use, Findings& findings
     const std::optional<FileBytes> file = readFile(url);
     if (!file) {
         findings.push_back({FindingKind::missingImage, name,
-                            QFileInfo::exists(url.toLocalFile()) ? QStringLiteral("The image can't be read.")
-                                                                 : QStringLiteral("The image is missing.")});
+                            QFileInfo::exists(url.toLocalFile()) ? u"The image can't be read."_s
+                                                                 : u"The image is missing."_s});
         return image;
     }
     checkFileName(name, findings);
     image = decodeImage(file->bytes);
     if (image.isNull()) {
-        findings.push_back(
-            {FindingKind::undecodableImage, name, QStringLiteral("The file is no whole, intact image.")});
+        findings.push_back({FindingKind::undecodableImage, name, u"The file is no whole, intact image."_s});
         return image;
     }
     checkFormat(file->bytes, name, findings);
@@ -126,11 +123,10 @@ void checkAlpha(const QImage& image, const QString& name, Findings& findings) {
         transparent += view.pixels[pixel * bytesPerPixel + 3] < 255 ? 1 : 0;
     }
     if (transparent > 0) {
-        findings.push_back(
-            {FindingKind::ignoredAlpha, name,
-             percentage(static_cast<double>(transparent) / static_cast<double>(count)) +
-                 QStringLiteral(" of the pixels are transparent, but the material is opaque and "
-                                "ignores alpha.")});
+        findings.push_back({FindingKind::ignoredAlpha, name,
+                            percentage(static_cast<double>(transparent) / static_cast<double>(count)) +
+                                u" of the pixels are transparent, but the material is opaque and "
+                                "ignores alpha."_s});
     }
 }
 
@@ -144,17 +140,16 @@ void checkNormals(const QImage& image, const QString& name, bool isGenerated, Fi
 
     const NormalStatistics statistics = normalStatistics(image);
     if (statistics.offLength > toleratedShare) {
-        findings.push_back(
-            {FindingKind::normalNotUnit, name,
-             percentage(statistics.offLength) +
-                 QStringLiteral(" of the normals are not of length 1: this may be no normal map, "
-                                "or one that was edited as a picture.")});
+        findings.push_back({FindingKind::normalNotUnit, name,
+                            percentage(statistics.offLength) +
+                                u" of the normals are not of length 1: this may be no normal map, "
+                                "or one that was edited as a picture."_s});
     }
     if (statistics.inward > toleratedInward) {
         findings.push_back({FindingKind::normalInward, name,
                             percentage(statistics.inward) +
-                                QStringLiteral(" of the normals point into the surface: their blue is below "
-                                               "128.")});
+                                u" of the normals point into the surface: their blue is below "
+                                "128."_s});
     }
     // Of vectors that are no normals the direction tells nothing.
     if (statistics.greenDirection < clearDirection || statistics.offLength > toleratedShare) {
@@ -162,14 +157,13 @@ void checkNormals(const QImage& image, const QString& name, bool isGenerated, Fi
     }
     if (isGenerated) {
         findings.push_back({FindingKind::normalGreenDown, name,
-                            QStringLiteral("Green points down, as it does in a generated map unless it is "
-                                           "flipped: if light seems to come from below, export with Flip "
-                                           "Green.")});
+                            u"Green points down, as it does in a generated map unless it is "
+                            "flipped: if light seems to come from below, export with Flip "
+                            "Green."_s});
     } else {
-        findings.push_back(
-            {FindingKind::normalInverted, name,
-             QStringLiteral("Green looks inverted: the map fits a surface only if green points "
-                            "down (DirectX), and in glTF it points up.")});
+        findings.push_back({FindingKind::normalInverted, name,
+                            u"Green looks inverted: the map fits a surface only if green points "
+                            "down (DirectX), and in glTF it points up."_s});
     }
 }
 

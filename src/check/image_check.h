@@ -1,7 +1,7 @@
 #pragma once
 
-#include "checked_material.h"
-#include "finding.h"
+#include "check/checked_material.h"
+#include "check/finding.h"
 
 #include <QImage>
 #include <QSize>
@@ -28,7 +28,7 @@ private:
     std::map<QString, QImage> m_images;
 };
 
-/// Tells whether a base colour is transparent in places, which an opaque material ignores.
+/// Tells whether a base color is transparent in places, which an opaque material ignores.
 void checkAlpha(const QImage& image, const QString& name, Findings& findings);
 
 /// Tells whether a normal map looks inverted or is not one of unit normals. `isGenerated`: Quarlin made it

@@ -1,4 +1,4 @@
-#include "image_header.h"
+#include "check/image_header.h"
 
 #include <QtEndian>
 

@@ -12,8 +12,8 @@ enum class ImageFormat { png, jpeg, other };
 
 ImageFormat imageFormat(const QByteArray& bytes);
 
-/// The colour types of the PNG standard.
-enum class PngColor : std::uint8_t { grey = 0, rgb = 2, indexed = 3, greyAlpha = 4, rgba = 6 };
+/// The color types of the PNG standard.
+enum class PngColor : std::uint8_t { gray = 0, rgb = 2, indexed = 3, grayAlpha = 4, rgba = 6 };
 
 /// What a PNG says of itself in its first chunk.
 struct PngHeader {

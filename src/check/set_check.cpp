@@ -1,10 +1,12 @@
-#include "set_check.h"
+#include "check/set_check.h"
 
-#include "checked_material.h"
-#include "image_check.h"
-#include "normal_output_names.h"
+#include "check/checked_material.h"
+#include "check/image_check.h"
+#include "model/normal_output_names.h"
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -12,8 +14,8 @@ void checkName(const CheckedMaterial& material, Findings& findings) {
     const qsizetype length = material.name.toUtf8().size();
     if (length > longestInventoryName) {
         findings.push_back({FindingKind::nameCut, material.document,
-                            QStringLiteral("The material's name is ") + QString::number(length) +
-                                QStringLiteral(" bytes long; an inventory name keeps ") +
+                            u"The material's name is "_s + QString::number(length) +
+                                u" bytes long; an inventory name keeps "_s +
                                 QString::number(longestInventoryName) + u'.'});
     }
 }
@@ -21,9 +23,9 @@ void checkName(const CheckedMaterial& material, Findings& findings) {
 void checkOcclusion(const CheckedMaterial& material, Findings& findings) {
     if (material.occlusion && material.occlusion != material.metallicRoughness) {
         findings.push_back({FindingKind::occlusionNotORM, material.document,
-                            QStringLiteral("Occlusion comes from ") + *material.occlusion +
-                                QStringLiteral(", and not from the image of metallic and roughness: its red "
-                                               "channel is what is uploaded.")});
+                            u"Occlusion comes from "_s + *material.occlusion +
+                                u", and not from the image of metallic and roughness: its red "
+                                "channel is what is uploaded."_s});
     }
 }
 
@@ -69,7 +71,7 @@ private:
             if (size != m_sizes.front().second) {
                 m_findings.push_back(
                     {FindingKind::differentSizes, name,
-                     QStringLiteral("The image is of another size than ") + m_sizes.front().first + u'.'});
+                     u"The image is of another size than "_s + m_sizes.front().first + u'.'});
             }
         }
     }

@@ -1,8 +1,8 @@
-#include "checked_material.h"
+#include "check/checked_material.h"
 
-#include "file_names.h"
-#include "normal_output_names.h"
-#include "output_names.h"
+#include "imaging/files/file_names.h"
+#include "model/normal_output_names.h"
+#include "model/output_names.h"
 
 #include <QFile>
 
@@ -12,6 +12,8 @@
 #include <system_error>
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -50,8 +52,8 @@ std::optional<QString> nameIfThere(const QStringList& names, const QString& name
     return names.contains(name) ? std::optional(name) : std::nullopt;
 }
 
-/// The sets that the names of the files tell. A material set always has a base colour and an ORM image, a
-/// generated one a base colour and a normal map.
+/// The sets that the names of the files tell. A material set always has a base color and an ORM image, a
+/// generated one a base color and a normal map.
 std::vector<CheckedMaterial> materialsByNames(const QStringList& names) {
     std::vector<CheckedMaterial> materials;
     std::set<QString> found = materialsWith(names, OutputNames{}.baseColor());
@@ -85,12 +87,12 @@ std::vector<CheckedMaterial> materialsByNames(const QStringList& names) {
 CheckedSet readSet(const QUrl& folder) {
     const std::optional<QStringList> names = namesIn(folder);
     if (!names) {
-        return {{}, {{FindingKind::unreadableFolder, {}, QStringLiteral("The folder can't be read.")}}};
+        return {{}, {{FindingKind::unreadableFolder, {}, u"The folder can't be read."_s}}};
     }
     CheckedSet set;
     bool hasDocument = false;
     for (const QString& name : *names) {
-        if (name.endsWith(QStringLiteral(".gltf"), Qt::CaseInsensitive)) {
+        if (name.endsWith(u".gltf"_s, Qt::CaseInsensitive)) {
             hasDocument = true;
             CheckedSet part = readGLTF(folder, name);
             std::move(part.materials.begin(), part.materials.end(), std::back_inserter(set.materials));
@@ -103,14 +105,14 @@ CheckedSet readSet(const QUrl& folder) {
     set.materials = materialsByNames(*names);
     for (const CheckedMaterial& material : set.materials) {
         if (!material.metallicRoughness) {
-            set.findings.push_back({FindingKind::noORM, {}, QStringLiteral("The set has no ORM image.")});
+            set.findings.push_back({FindingKind::noORM, {}, u"The set has no ORM image."_s});
         }
     }
     if (set.materials.empty()) {
         set.findings.push_back({FindingKind::noSet,
                                 {},
-                                QStringLiteral("There is neither a .gltf document nor an image with the name "
-                                               "of an exported one.")});
+                                u"There is neither a .gltf document nor an image with the name "
+                                "of an exported one."_s});
     }
     return set;
 }

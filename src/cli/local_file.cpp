@@ -1,4 +1,4 @@
-#include "local_file.h"
+#include "cli/local_file.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,16 +1,18 @@
-#include "band_memory.h"
-#include "interruption.h"
-#include "program.h"
-#include "standard_streams.h"
+#include "cli/batch/interruption.h"
+#include "cli/program.h"
+#include "cli/report/standard_streams.h"
+#include "imaging/base/strip_memory.h"
 
 #include <exception>
+
+using namespace Qt::StringLiterals;
 
 // There is no Qt application object: the engine needs none, and making one would print a warning wherever the
 // locale's encoding is not UTF-8.
 int main(int argumentCount, char* arguments[]) {
     using namespace quarlin;
     reserveStandardStreams();
-    keepBandMemory();
+    keepStripMemory();
     QStringList words;
     for (int index = 1; index < argumentCount; ++index) {
         words += QString::fromLocal8Bit(arguments[index]);
@@ -21,7 +23,7 @@ int main(int argumentCount, char* arguments[]) {
         return status;
     } catch (const std::exception& error) {
         // Not foreseen: memory that has run out, above all.
-        writeToStandardError(QStringLiteral("quarlin-cli: ") + QString::fromLocal8Bit(error.what()) + u'\n');
+        writeToStandardError(u"quarlin-cli: "_s + QString::fromLocal8Bit(error.what()) + u'\n');
         return ExitStatus::workFailed;
     }
 }

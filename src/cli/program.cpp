@@ -1,14 +1,16 @@
-#include "program.h"
+#include "cli/program.h"
 
-#include "command_failure.h"
-#include "commands.h"
-#include "help_text.h"
-#include "option_parser.h"
-#include "print.h"
-#include "standard_streams.h"
-#include "usage_error.h"
+#include "cli/commands/command_failure.h"
+#include "cli/commands/commands.h"
+#include "cli/options/option_parser.h"
+#include "cli/options/usage_error.h"
+#include "cli/report/print.h"
+#include "cli/report/standard_streams.h"
+#include "cli/shell/help_text.h"
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -20,8 +22,8 @@ ExitStatus fail(const QString& message) {
 /// `helpOf` is the word of the command whose help is to be read, if one was found.
 ExitStatus reject(const UsageError& error, const QString& helpOf) {
     const QString program = helpOf.isEmpty() ? programName() : programName() + u' ' + helpOf;
-    writeToStandardError(programName() + QStringLiteral(": ") + error.message() + QStringLiteral("\nTry '") +
-                         program + QStringLiteral(" --help'.\n"));
+    writeToStandardError(programName() + u": "_s + error.message() + u"\nTry '"_s + program +
+                         u" --help'.\n"_s);
     return ExitStatus::wordsAreOff;
 }
 
@@ -44,7 +46,7 @@ ExitStatus runProgram(const QStringList& words) {
     const Commands commands;
 
     if (words.isEmpty()) {
-        return reject(UsageError(QStringLiteral("A command is missing")), {});
+        return reject(UsageError(u"A command is missing"_s), {});
     }
     const QString& first = words.first();
     for (Command* command : commands.all()) {
@@ -52,13 +54,13 @@ ExitStatus runProgram(const QStringList& words) {
             return runCommand(*command, words.mid(1));
         }
     }
-    if (first == QStringLiteral("--help")) {
+    if (first == u"--help"_s) {
         return print(programHelp(commands.all()));
     }
-    if (first == QStringLiteral("--version")) {
+    if (first == u"--version"_s) {
         return print(programName() + QStringLiteral(" " QUARLIN_VERSION "\n"));
     }
-    return reject(UsageError(QStringLiteral("Unknown command '") + first + u'\''), {});
+    return reject(UsageError(u"Unknown command '"_s + first + u'\''), {});
 }
 
 }  // namespace quarlin

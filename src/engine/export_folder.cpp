@@ -1,8 +1,8 @@
-#include "export_folder.h"
+#include "engine/export_folder.h"
 
-#include "atomic_file.h"
-#include "file_names.h"
-#include "texture_processor_error.h"
+#include "engine/texture_processor_error.h"
+#include "imaging/files/atomic_file.h"
+#include "imaging/files/file_names.h"
 
 #include <filesystem>
 #include <system_error>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "export_result.h"
+#include "model/export_result.h"
 
 #include <QByteArray>
 #include <QString>

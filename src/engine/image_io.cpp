@@ -1,13 +1,15 @@
-#include "image_view.h"
-#include "png_file.h"
-#include "rendered_texture.h"
-#include "texture_processor.h"
+#include "engine/rendered_texture.h"
+#include "engine/texture_processor.h"
+#include "imaging/pixels/image_view.h"
+#include "imaging/png/png_file.h"
 
-#include "file_names.h"
+#include "imaging/files/file_names.h"
 
 #include <algorithm>
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -54,7 +56,7 @@ QImage TextureProcessor::makeCGImage(const PixelImage& image, const QUrl& urlFor
 }
 
 QImage TextureProcessor::makeNSImage(const PixelImage& image) const {
-    return makeCGImage(image, QUrl::fromLocalFile(QStringLiteral("Preview.png")));
+    return makeCGImage(image, QUrl::fromLocalFile(u"Preview.png"_s));
 }
 
 void TextureProcessor::writePNG(const PixelImage& image, const QUrl& url) const {
@@ -62,9 +64,9 @@ void TextureProcessor::writePNG(const PixelImage& image, const QUrl& url) const 
         throw TextureProcessorError::cannotCreatePNG(url);
     }
     PngFile file(image.width, image.height, url);
-    const RowBands bands = file.bands();
-    forEachInParallel(bands.count(), [&](std::int64_t band) {
-        file.encodeBand(band, ImageView(image).row(bands[band].first));
+    const RowStrips strips = file.strips();
+    forEachInParallel(strips.count(), [&](std::int64_t strip) {
+        file.encodeStrip(strip, ImageView(image).row(strips[strip].first));
     });
     if (!file.commitDraft()) {
         file.write();

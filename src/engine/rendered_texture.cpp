@@ -1,9 +1,9 @@
-#include "rendered_texture.h"
+#include "engine/rendered_texture.h"
 
-#include "file_bytes.h"
-#include "image_decoder.h"
-#include "resample.h"
-#include "texture_processor_error.h"
+#include "engine/texture_processor_error.h"
+#include "imaging/decode/image_decoder.h"
+#include "imaging/files/file_bytes.h"
+#include "imaging/pixels/resample.h"
 
 #include <new>
 

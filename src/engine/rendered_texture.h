@@ -1,7 +1,7 @@
 #pragma once
 
-#include "image_view.h"
-#include "texture_asset.h"
+#include "imaging/pixels/image_view.h"
+#include "model/texture_asset.h"
 
 namespace quarlin {
 

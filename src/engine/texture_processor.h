@@ -1,17 +1,17 @@
 #pragma once
 
-#include "conversion_settings.h"
-#include "export_result.h"
-#include "generated_maps.h"
-#include "normal_generator_settings.h"
-#include "normal_output_names.h"
-#include "normal_preview_kind.h"
-#include "output_names.h"
-#include "output_preview_kind.h"
-#include "pixel_image.h"
-#include "texture_asset.h"
-#include "texture_processor_error.h"
-#include "texture_slot_kind.h"
+#include "engine/generator/generated_maps.h"
+#include "engine/texture_processor_error.h"
+#include "imaging/pixels/pixel_image.h"
+#include "model/conversion_settings.h"
+#include "model/export_result.h"
+#include "model/normal_generator_settings.h"
+#include "model/normal_output_names.h"
+#include "model/normal_preview_kind.h"
+#include "model/output_names.h"
+#include "model/output_preview_kind.h"
+#include "model/texture_asset.h"
+#include "model/texture_slot_kind.h"
 
 #include <QByteArray>
 #include <QColorSpace>
@@ -58,7 +58,7 @@ public:
     // ---- Image input and output (image_io.cpp)
     // ----------------------------------------------------------------
 
-    /// The colour space of every `PixelImage`.
+    /// The color space of every `PixelImage`.
     const QColorSpace colorSpace{QColorSpace::SRgb};
     /// The memory form of every `PixelImage`: premultiplied alpha last (1), bytes in the order R, G, B, A
     /// (16384).
@@ -104,7 +104,7 @@ public:
     static std::uint8_t grayscale(const PixelImage* image, std::size_t offset, std::uint8_t fallback,
                                   bool inverted);
 
-    /// Sets the pixel at byte `offset` to opaque grey.
+    /// Sets the pixel at byte `offset` to opaque gray.
     static void writeGray(std::uint8_t value, std::span<std::uint8_t> pixels, std::size_t offset);
 
     /// The larger of `min` and (the smaller of `max` and `value`).
@@ -124,7 +124,7 @@ public:
     // ---- Normal conditioning (normal_conditioning.cpp)
     // --------------------------------------------------------
 
-    /// Sets every alpha byte to 255 and leaves the premultiplied colour as it is.
+    /// Sets every alpha byte to 255 and leaves the premultiplied color as it is.
     static void normalizeAlpha(PixelImage& image);
 
     /// Replaces every green byte by 255 minus it.
@@ -140,7 +140,7 @@ public:
     /// height` elements.
     static HeightField boxBlur(std::span<const double> values, std::int64_t width, std::int64_t height);
 
-    /// The field as an opaque grey image.
+    /// The field as an opaque gray image.
     static PixelImage heightImage(std::span<const double> values, std::int64_t width, std::int64_t height);
 
     /// The height at (`x`, `y`), read from the nearest edge pixel when that lies outside.
@@ -151,7 +151,7 @@ public:
     // --------------------------------------------------------------
 
     /// The tangent-space normal map of a height field: central differences times the strength (at least
-    /// 0.05), normalised. A height that rises to the right gives red below 128.
+    /// 0.05), normalized. A height that rises to the right gives red below 128.
     static PixelImage normalImage(std::span<const double> values, std::int64_t width, std::int64_t height,
                                   const NormalGeneratorSettings& settings);
 
@@ -169,7 +169,7 @@ public:
                                                      std::span<const double> heightValues,
                                                      const NormalGeneratorSettings& settings);
 
-    /// Six times the largest height difference to a neighbour in the 3 x 3 window, clamped to 0...1.
+    /// Six times the largest height difference to a neighbor in the 3 x 3 window, clamped to 0...1.
     static double localHeightContrast(std::span<const double> values, std::int64_t width, std::int64_t height,
                                       std::int64_t x, std::int64_t y);
 

@@ -1,33 +1,35 @@
-#include "texture_processor_error.h"
+#include "engine/texture_processor_error.h"
 
-#include "file_names.h"
+#include "imaging/files/file_names.h"
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 QString TextureProcessorError::errorDescription() const {
     switch (m_kind) {
         case Case::cannotReadImage:
-            return QStringLiteral("Could not read image: ") + lastPathComponent(m_file);
+            return u"Could not read image: "_s + lastPathComponent(m_file);
         case Case::cannotCreatePNG:
-            return QStringLiteral("Could not create PNG image: ") + lastPathComponent(m_file);
+            return u"Could not create PNG image: "_s + lastPathComponent(m_file);
         case Case::cannotWritePNG:
-            return QStringLiteral("Could not write PNG: ") + lastPathComponent(m_file);
+            return u"Could not write PNG: "_s + lastPathComponent(m_file);
         case Case::cannotWriteText:
-            return QStringLiteral("Could not write file: ") + lastPathComponent(m_file);
+            return u"Could not write file: "_s + lastPathComponent(m_file);
         case Case::missingBaseColor:
-            return QStringLiteral("Base Color texture is required.");
+            return u"Base Color texture is required."_s;
         case Case::missingDiffuseTexture:
-            return QStringLiteral("Diffuse/Base texture is required.");
+            return u"Diffuse/Base texture is required."_s;
         case Case::missingNormalSource:
-            return QStringLiteral("Source texture is required.");
+            return u"Source texture is required."_s;
         case Case::cannotCreateBitmap:
-            return QStringLiteral("Could not create bitmap buffer.");
+            return u"Could not create bitmap buffer."_s;
     }
     return {};
 }
 
 QString FileSystemError::errorDescription() const {
-    return QStringLiteral("Could not create folder: ") + lastPathComponent(m_file) + QStringLiteral(" (") +
+    return u"Could not create folder: "_s + lastPathComponent(m_file) + u" ("_s +
            QString::fromStdString(m_reason) + u')';
 }
 

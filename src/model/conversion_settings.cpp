@@ -1,10 +1,12 @@
-#include "conversion_settings.h"
+#include "model/conversion_settings.h"
 
-#include "material_name.h"
+#include "model/material_name.h"
 
 namespace quarlin {
 
-QString ConversionSettings::defaultMaterialName() { return QStringLiteral("VOREK_PBR_Material"); }
+using namespace Qt::StringLiterals;
+
+QString ConversionSettings::defaultMaterialName() { return u"VOREK_PBR_Material"_s; }
 
 QString ConversionSettings::safeMaterialName() const {
     return quarlin::safeMaterialName(materialName, defaultMaterialName());

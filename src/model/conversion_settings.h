@@ -1,6 +1,6 @@
 #pragma once
 
-#include "output_resolution.h"
+#include "model/output_resolution.h"
 
 #include <QString>
 

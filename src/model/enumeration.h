@@ -10,10 +10,10 @@
 namespace quarlin {
 
 // The closed enumerations of the model. Each lists its cases from zero upwards in display order and has,
-// beside it, a specialisation of `EnumerationTable` with one row per case, in the same order. A row carries
+// beside it, a specialization of `EnumerationTable` with one row per case, in the same order. A row carries
 // at least `rawValue`, the case's stable identifier; the other columns are the case's labels.
 
-/// The rows of an enumeration; specialised beside each enumeration as `static constexpr std::array rows`.
+/// The rows of an enumeration; specialized beside each enumeration as `static constexpr std::array rows`.
 template <typename Enum>
 struct EnumerationTable;
 

@@ -1,4 +1,4 @@
-#include "formatters.h"
+#include "model/formatters.h"
 
 #include <QLocale>
 

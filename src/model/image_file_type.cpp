@@ -1,8 +1,10 @@
-#include "image_file_type.h"
+#include "model/image_file_type.h"
 
 #include <QStringList>
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 bool isImageExtension(const QString& extension) {
     const QString lower = extension.toLower();
@@ -11,7 +13,7 @@ bool isImageExtension(const QString& extension) {
             return true;
         }
     }
-    return lower == QStringLiteral("webp") || lower == QStringLiteral("avif");
+    return lower == u"webp"_s || lower == u"avif"_s;
 }
 
 }  // namespace quarlin

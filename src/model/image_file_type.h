@@ -1,8 +1,10 @@
 #pragma once
 
-#include "enumeration.h"
+#include "model/enumeration.h"
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 /// The types of file that a texture may be chosen from, in the order in which they are offered.
 enum class ImageFileType { png, jpeg, tiff, bmp, gif, heic };
@@ -15,12 +17,9 @@ struct EnumerationTable<ImageFileType> {
         QLatin1StringView extensions;
     };
     static constexpr std::array rows{
-        Row{QLatin1StringView("png"), QLatin1StringView("PNG"), QLatin1StringView("png")},
-        Row{QLatin1StringView("jpeg"), QLatin1StringView("JPEG"), QLatin1StringView("jpg jpeg jpe")},
-        Row{QLatin1StringView("tiff"), QLatin1StringView("TIFF"), QLatin1StringView("tif tiff")},
-        Row{QLatin1StringView("bmp"), QLatin1StringView("BMP"), QLatin1StringView("bmp")},
-        Row{QLatin1StringView("gif"), QLatin1StringView("GIF"), QLatin1StringView("gif")},
-        Row{QLatin1StringView("heic"), QLatin1StringView("HEIC"), QLatin1StringView("heic heif")},
+        Row{"png"_L1, "PNG"_L1, "png"_L1},        Row{"jpeg"_L1, "JPEG"_L1, "jpg jpeg jpe"_L1},
+        Row{"tiff"_L1, "TIFF"_L1, "tif tiff"_L1}, Row{"bmp"_L1, "BMP"_L1, "bmp"_L1},
+        Row{"gif"_L1, "GIF"_L1, "gif"_L1},        Row{"heic"_L1, "HEIC"_L1, "heic heif"_L1},
     };
 };
 

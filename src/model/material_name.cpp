@@ -1,9 +1,11 @@
-#include "material_name.h"
+#include "model/material_name.h"
 
 #include <QChar>
 #include <QList>
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -18,7 +20,7 @@ QString safeMaterialName(const QString& name, const QString& fallback) {
     QString cleaned;
     cleaned.reserve(name.size());
     for (const char32_t scalar : name.toUcs4()) {
-        cleaned += isAllowed(scalar) ? QString::fromUcs4(&scalar, 1) : QStringLiteral("_");
+        cleaned += isAllowed(scalar) ? QString::fromUcs4(&scalar, 1) : u"_"_s;
     }
     cleaned = cleaned.trimmed();
     cleaned.replace(u' ', u'_');

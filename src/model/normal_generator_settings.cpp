@@ -1,10 +1,12 @@
-#include "normal_generator_settings.h"
+#include "model/normal_generator_settings.h"
 
-#include "material_name.h"
+#include "model/material_name.h"
 
 namespace quarlin {
 
-QString NormalGeneratorSettings::defaultMaterialName() { return QStringLiteral("VOREK_Normal"); }
+using namespace Qt::StringLiterals;
+
+QString NormalGeneratorSettings::defaultMaterialName() { return u"VOREK_Normal"_s; }
 
 QString NormalGeneratorSettings::safeMaterialName() const {
     return quarlin::safeMaterialName(materialName, defaultMaterialName());

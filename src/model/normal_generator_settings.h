@@ -1,6 +1,6 @@
 #pragma once
 
-#include "output_resolution.h"
+#include "model/output_resolution.h"
 
 #include <QString>
 
@@ -31,7 +31,7 @@ struct NormalGeneratorSettings {
     double metallicStrength = 0.45;
     /// Depth of the generated occlusion, 0...1.
     double aoStrength = 0.55;
-    /// Which files an export writes beside base colour and normal map.
+    /// Which files an export writes beside base color and normal map.
     bool exportHeight = true;
     bool exportRoughness = true;
     bool exportGloss = true;

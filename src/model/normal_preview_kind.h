@@ -1,8 +1,10 @@
 #pragma once
 
-#include "enumeration.h"
+#include "model/enumeration.h"
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 /// The preview tiles of the Map Generator tool.
 enum class NormalPreviewKind { source, height, normal, roughness, gloss, metallic, occlusion, orm };
@@ -13,20 +15,14 @@ struct EnumerationTable<NormalPreviewKind> {
         QLatin1StringView rawValue, title, subtitle;
     };
     static constexpr std::array rows{
-        Row{QLatin1StringView("source"), QLatin1StringView("Source"), QLatin1StringView("Original texture")},
-        Row{QLatin1StringView("height"), QLatin1StringView("Height"),
-            QLatin1StringView("Generated grayscale")},
-        Row{QLatin1StringView("normal"), QLatin1StringView("Normal"),
-            QLatin1StringView("RGB tangent normal")},
-        Row{QLatin1StringView("roughness"), QLatin1StringView("Roughness"),
-            QLatin1StringView("PBR roughness")},
-        Row{QLatin1StringView("gloss"), QLatin1StringView("Gloss"), QLatin1StringView("Inverse roughness")},
-        Row{QLatin1StringView("metallic"), QLatin1StringView("Metallic"),
-            QLatin1StringView("Heuristic metal mask")},
-        Row{QLatin1StringView("occlusion"), QLatin1StringView("AO"),
-            QLatin1StringView("Generated shadow helper")},
-        Row{QLatin1StringView("orm"), QLatin1StringView("ORM"),
-            QLatin1StringView("R AO / G Rough / B Metal")},
+        Row{"source"_L1, "Source"_L1, "Original texture"_L1},
+        Row{"height"_L1, "Height"_L1, "Generated grayscale"_L1},
+        Row{"normal"_L1, "Normal"_L1, "RGB tangent normal"_L1},
+        Row{"roughness"_L1, "Roughness"_L1, "PBR roughness"_L1},
+        Row{"gloss"_L1, "Gloss"_L1, "Inverse roughness"_L1},
+        Row{"metallic"_L1, "Metallic"_L1, "Heuristic metal mask"_L1},
+        Row{"occlusion"_L1, "AO"_L1, "Generated shadow helper"_L1},
+        Row{"orm"_L1, "ORM"_L1, "R AO / G Rough / B Metal"_L1},
     };
 };
 

@@ -1,8 +1,10 @@
 #pragma once
 
-#include "enumeration.h"
+#include "model/enumeration.h"
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 /// The preview tiles of the PBR Material tool.
 enum class OutputPreviewKind { baseColor, orm, normal };
@@ -13,11 +15,9 @@ struct EnumerationTable<OutputPreviewKind> {
         QLatin1StringView rawValue, title, subtitle;
     };
     static constexpr std::array rows{
-        Row{QLatin1StringView("baseColor"), QLatin1StringView("Base"), QLatin1StringView("Color + alpha")},
-        Row{QLatin1StringView("orm"), QLatin1StringView("ORM"),
-            QLatin1StringView("R AO / G Rough / B Metal")},
-        Row{QLatin1StringView("normal"), QLatin1StringView("Normal"),
-            QLatin1StringView("glTF tangent normal")},
+        Row{"baseColor"_L1, "Base"_L1, "Color + alpha"_L1},
+        Row{"orm"_L1, "ORM"_L1, "R AO / G Rough / B Metal"_L1},
+        Row{"normal"_L1, "Normal"_L1, "glTF tangent normal"_L1},
     };
 };
 

@@ -1,10 +1,12 @@
 #pragma once
 
-#include "enumeration.h"
+#include "model/enumeration.h"
 
 #include <cstdint>
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 /// The choice of output size.
 enum class OutputResolution { matchBase, px512, px1024, px2048, px4096 };
@@ -16,11 +18,11 @@ struct EnumerationTable<OutputResolution> {
         std::optional<std::int64_t> fixedPixels;
     };
     static constexpr std::array rows{
-        Row{QLatin1StringView("matchBase"), QLatin1StringView("Base Size"), std::nullopt},
-        Row{QLatin1StringView("px512"), QLatin1StringView("512"), 512},
-        Row{QLatin1StringView("px1024"), QLatin1StringView("1024"), 1024},
-        Row{QLatin1StringView("px2048"), QLatin1StringView("2048"), 2048},
-        Row{QLatin1StringView("px4096"), QLatin1StringView("4096"), 4096},
+        Row{"matchBase"_L1, "Base Size"_L1, std::nullopt},
+        Row{"px512"_L1, "512"_L1, 512},
+        Row{"px1024"_L1, "1024"_L1, 1024},
+        Row{"px2048"_L1, "2048"_L1, 2048},
+        Row{"px4096"_L1, "4096"_L1, 4096},
     };
 };
 

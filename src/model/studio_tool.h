@@ -1,8 +1,10 @@
 #pragma once
 
-#include "enumeration.h"
+#include "model/enumeration.h"
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 /// The tools of the window, in tab order.
 enum class StudioTool { pbr, normalGenerator };
@@ -13,10 +15,8 @@ struct EnumerationTable<StudioTool> {
         QLatin1StringView rawValue, title, systemImage;
     };
     static constexpr std::array rows{
-        Row{QLatin1StringView("pbr"), QLatin1StringView("PBR Material"),
-            QLatin1StringView("cube.transparent")},
-        Row{QLatin1StringView("normalGenerator"), QLatin1StringView("Map Generator"),
-            QLatin1StringView("mountain.2")},
+        Row{"pbr"_L1, "PBR Material"_L1, "cube.transparent"_L1},
+        Row{"normalGenerator"_L1, "Map Generator"_L1, "mountain.2"_L1},
     };
 };
 

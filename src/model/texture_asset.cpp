@@ -1,4 +1,4 @@
-#include "texture_asset.h"
+#include "model/texture_asset.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "file_stamp.h"
+#include "imaging/files/file_stamp.h"
 
 #include <QImage>
 #include <QString>

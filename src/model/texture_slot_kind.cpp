@@ -1,6 +1,8 @@
-#include "texture_slot_kind.h"
+#include "model/texture_slot_kind.h"
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 QString shortTitle(TextureSlotKind slot) { return tableRow(slot).shortTitle; }
 
@@ -9,21 +11,19 @@ QString systemImage(TextureSlotKind slot) { return tableRow(slot).systemImage; }
 QString help(TextureSlotKind slot) {
     switch (slot) {
         case TextureSlotKind::baseColor:
-            return QStringLiteral(
-                "Unlit albedo/base color. Diffuse maps work as a source, but baked lighting should be "
-                "reduced when possible.");
+            return u"Unlit albedo/base color. Diffuse maps work as a source, but baked lighting should be "
+                   "reduced when possible."_s;
         case TextureSlotKind::normal:
-            return QStringLiteral("Tangent-space normal map. Enable Y flip if your source is DirectX-style.");
+            return u"Tangent-space normal map. Enable Y flip if your source is DirectX-style."_s;
         case TextureSlotKind::occlusion:
-            return QStringLiteral(
-                "Ambient occlusion. Packed into the red channel of the SL/glTF ORM map. "
-                "Missing AO exports white.");
+            return u"Ambient occlusion. Packed into the red channel of the SL/glTF ORM map. "
+                   "Missing AO exports white."_s;
         case TextureSlotKind::roughness:
-            return QStringLiteral("Roughness grayscale. If your input is gloss/smoothness, enable invert.");
+            return u"Roughness grayscale. If your input is gloss/smoothness, enable invert."_s;
         case TextureSlotKind::metallic:
-            return QStringLiteral(
-                "Metallic grayscale. Most fabric, stone, wood, skin, plastic and painted items should stay "
-                "black.");
+            return u"Metallic grayscale. Most fabric, stone, wood, skin, plastic and painted items should "
+                   u"stay "
+                   "black."_s;
     }
     return {};
 }

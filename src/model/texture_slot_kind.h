@@ -1,8 +1,10 @@
 #pragma once
 
-#include "enumeration.h"
+#include "model/enumeration.h"
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 /// The inputs of a material, in the order in which they are shown.
 enum class TextureSlotKind { baseColor, normal, occlusion, roughness, metallic };
@@ -13,16 +15,11 @@ struct EnumerationTable<TextureSlotKind> {
         QLatin1StringView rawValue, title, shortTitle, systemImage;
     };
     static constexpr std::array rows{
-        Row{QLatin1StringView("baseColor"), QLatin1StringView("Base Color"), QLatin1StringView("Color"),
-            QLatin1StringView("paintpalette")},
-        Row{QLatin1StringView("normal"), QLatin1StringView("Normal"), QLatin1StringView("Normal"),
-            QLatin1StringView("cube.transparent")},
-        Row{QLatin1StringView("occlusion"), QLatin1StringView("Occlusion"), QLatin1StringView("AO"),
-            QLatin1StringView("circle.lefthalf.filled")},
-        Row{QLatin1StringView("roughness"), QLatin1StringView("Roughness / Gloss"),
-            QLatin1StringView("Rough"), QLatin1StringView("sparkles.rectangle.stack")},
-        Row{QLatin1StringView("metallic"), QLatin1StringView("Metallic"), QLatin1StringView("Metal"),
-            QLatin1StringView("shield.lefthalf.filled")},
+        Row{"baseColor"_L1, "Base Color"_L1, "Color"_L1, "paintpalette"_L1},
+        Row{"normal"_L1, "Normal"_L1, "Normal"_L1, "cube.transparent"_L1},
+        Row{"occlusion"_L1, "Occlusion"_L1, "AO"_L1, "circle.lefthalf.filled"_L1},
+        Row{"roughness"_L1, "Roughness / Gloss"_L1, "Rough"_L1, "sparkles.rectangle.stack"_L1},
+        Row{"metallic"_L1, "Metallic"_L1, "Metal"_L1, "shield.lefthalf.filled"_L1},
     };
 };
 
@@ -35,7 +32,7 @@ QString systemImage(TextureSlotKind slot);
 /// One sentence of guidance shown with the slot.
 QString help(TextureSlotKind slot);
 
-/// Whether a material set needs the slot: true for the base colour alone.
+/// Whether a material set needs the slot: true for the base color alone.
 bool required(TextureSlotKind slot);
 
 }  // namespace quarlin

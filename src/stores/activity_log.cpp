@@ -1,4 +1,4 @@
-#include "activity_log.h"
+#include "stores/activity_log.h"
 
 #include <QLocale>
 
@@ -6,12 +6,14 @@
 
 namespace quarlin {
 
+using namespace Qt::StringLiterals;
+
 ActivityLog::ActivityLog(const QString& hint, Clock clock) : m_lines{hint}, m_clock(std::move(clock)) {}
 
 QStringList ActivityLog::linesWith(const QString& message) const {
-    const QString time = QLocale().toString(m_clock(), QStringLiteral("HH:mm:ss"));
+    const QString time = QLocale().toString(m_clock(), u"HH:mm:ss"_s);
     QStringList lines = m_lines;
-    lines.prepend(u'[' + time + QStringLiteral("] ") + message);
+    lines.prepend(u'[' + time + u"] "_s + message);
     return lines.first(qMin(lines.size(), capacity));
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "image_file_type.h"
+#include "model/image_file_type.h"
 
 #include <QString>
 #include <QUrl>
@@ -32,7 +32,7 @@ struct FolderQuestion {
     bool operator==(const FolderQuestion&) const = default;
 };
 
-/// Asks the user for files and folders. Each question returns once it is answered; nothing means cancelled.
+/// Asks the user for files and folders. Each question returns once it is answered; nothing means canceled.
 class Chooser {
 public:
     virtual ~Chooser() = default;

@@ -1,4 +1,4 @@
-#include "dropped_file.h"
+#include "stores/dropped_file.h"
 
 #include <QList>
 #include <QMimeData>

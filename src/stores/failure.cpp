@@ -1,11 +1,13 @@
-#include "failure.h"
+#include "stores/failure.h"
 
-#include "texture_processor_error.h"
+#include "engine/texture_processor_error.h"
 
 #include <exception>
 #include <new>
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 std::optional<QString> failureOf(const std::function<void()>& work) {
     try {
@@ -14,7 +16,7 @@ std::optional<QString> failureOf(const std::function<void()>& work) {
     } catch (const EngineError& error) {
         return error.errorDescription();
     } catch (const std::bad_alloc&) {
-        return QStringLiteral("Not enough memory.");
+        return u"Not enough memory."_s;
     } catch (const std::exception& error) {
         return QString::fromLocal8Bit(error.what());
     }

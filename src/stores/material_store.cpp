@@ -1,24 +1,26 @@
-#include "material_store.h"
+#include "stores/material_store.h"
 
 #include <utility>
 
 namespace quarlin {
 
+using namespace Qt::StringLiterals;
+
 MaterialStore::MaterialStore(Chooser& chooser, Clock clock)
     : ToolStore(chooser, std::move(clock),
-                QStringLiteral("Load Base Color first, then add Normal, AO, Roughness/Gloss and Metallic as "
-                               "needed.")) {}
+                u"Load Base Color first, then add Normal, AO, Roughness/Gloss and Metallic as "
+                "needed."_s) {}
 
 void MaterialStore::setSettings(const ConversionSettings& settings) { publish(m_settings, settings); }
 
 void MaterialStore::chooseTexture(TextureSlotKind slot) {
-    chooseImage(QStringLiteral("Choose ") + title(slot) + QStringLiteral(" Texture"),
+    chooseImage(u"Choose "_s + title(slot) + u" Texture"_s,
                 [this, slot](const QUrl& file) { importTexture(file, slot); });
 }
 
 void MaterialStore::importTexture(const QUrl& url, TextureSlotKind slot) {
     std::optional<TextureAsset> asset;
-    if (!attempt(QStringLiteral("Load"), [&] { asset = processor().loadAsset(url); })) {
+    if (!attempt(u"Load"_s, [&] { asset = processor().loadAsset(url); })) {
         return;
     }
     TextureMap textures = m_textures;
@@ -32,8 +34,7 @@ void MaterialStore::importTexture(const QUrl& url, TextureSlotKind slot) {
             publish(m_settings, std::move(settings));
         }
     }
-    appendLog(title(slot) + QStringLiteral(" loaded: ") + asset->fileName + QStringLiteral(", ") +
-              asset->sizeLabel());
+    appendLog(title(slot) + u" loaded: "_s + asset->fileName + u", "_s + asset->sizeLabel());
     buildPreview();
 }
 
@@ -46,7 +47,7 @@ void MaterialStore::removeTexture(TextureSlotKind slot) {
     textures.erase(slot);
     publish(m_textures, std::move(textures));
     publish(m_previews, {});
-    appendLog(title(slot) + QStringLiteral(" removed."));
+    appendLog(title(slot) + u" removed."_s);
     if (hasAnyTexture()) {
         buildPreview();
     }
@@ -61,19 +62,18 @@ void MaterialStore::reset() {
 
 void MaterialStore::buildPreview() {
     OutputPreviews previews;
-    if (!attempt(QStringLiteral("Preview"),
-                 [&] { previews = processor().buildPreviews(m_textures, m_settings); })) {
+    if (!attempt(u"Preview"_s, [&] { previews = processor().buildPreviews(m_textures, m_settings); })) {
         return;
     }
     publish(m_previews, std::move(previews));
     if (!m_previews.empty()) {
-        appendLog(QStringLiteral("Preview updated."));
+        appendLog(u"Preview updated."_s);
     }
 }
 
 void MaterialStore::exportMaterialSet() {
     if (!canExport()) {
-        appendLog(QStringLiteral("Export blocked: Base Color is required."));
+        appendLog(u"Export blocked: Base Color is required."_s);
         return;
     }
     exportWith([this](const QUrl& parentDirectory) {

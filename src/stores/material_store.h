@@ -1,8 +1,8 @@
 #pragma once
 
-#include "conversion_settings.h"
-#include "texture_slot_kind.h"
-#include "tool_store.h"
+#include "model/conversion_settings.h"
+#include "model/texture_slot_kind.h"
+#include "stores/tool_store.h"
 
 namespace quarlin {
 
@@ -36,7 +36,7 @@ public:
     /// Lets the user choose the texture of `slot`.
     void chooseTexture(TextureSlotKind slot);
 
-    /// Loads the texture of `slot` and rebuilds the previews. A base colour gives its name to a material that
+    /// Loads the texture of `slot` and rebuilds the previews. A base color gives its name to a material that
     /// has not been named yet.
     void importTexture(const QUrl& url, TextureSlotKind slot);
 
@@ -52,7 +52,7 @@ public:
 
     void buildPreview();
 
-    /// Asks for a folder and writes the material set into it. Without a base colour it only logs why not.
+    /// Asks for a folder and writes the material set into it. Without a base color it only logs why not.
     void exportMaterialSet();
 
 private:

@@ -1,27 +1,27 @@
-#include "normal_generator_store.h"
+#include "stores/normal_generator_store.h"
 
 #include <utility>
 
 namespace quarlin {
 
+using namespace Qt::StringLiterals;
+
 NormalGeneratorStore::NormalGeneratorStore(Chooser& chooser, Clock clock)
-    : ToolStore(
-          chooser, std::move(clock),
-          QStringLiteral("Load one source texture to generate Normal, Roughness, Gloss, Metallic, AO and "
-                         "ORM maps.")) {}
+    : ToolStore(chooser, std::move(clock),
+                u"Load one source texture to generate Normal, Roughness, Gloss, Metallic, AO and "
+                "ORM maps."_s) {}
 
 void NormalGeneratorStore::setSettings(const NormalGeneratorSettings& settings) {
     publish(m_settings, settings);
 }
 
 void NormalGeneratorStore::chooseSourceTexture() {
-    chooseImage(QStringLiteral("Choose Source Texture"),
-                [this](const QUrl& file) { importSourceTexture(file); });
+    chooseImage(u"Choose Source Texture"_s, [this](const QUrl& file) { importSourceTexture(file); });
 }
 
 void NormalGeneratorStore::importSourceTexture(const QUrl& url) {
     std::optional<TextureAsset> asset;
-    if (!attempt(QStringLiteral("Load"), [&] { asset = processor().loadAsset(url); })) {
+    if (!attempt(u"Load"_s, [&] { asset = processor().loadAsset(url); })) {
         return;
     }
     publish(m_source, asset);
@@ -31,8 +31,7 @@ void NormalGeneratorStore::importSourceTexture(const QUrl& url) {
     if (settings != m_settings) {
         publish(m_settings, std::move(settings));
     }
-    appendLog(QStringLiteral("Source loaded: ") + asset->fileName + QStringLiteral(", ") +
-              asset->sizeLabel());
+    appendLog(u"Source loaded: "_s + asset->fileName + u", "_s + asset->sizeLabel());
     buildPreview();
 }
 
@@ -43,7 +42,7 @@ bool NormalGeneratorStore::acceptDrop(const QMimeData& data) {
 void NormalGeneratorStore::removeSourceTexture() {
     publish(m_source, {});
     publish(m_previews, {});
-    appendLog(QStringLiteral("Source removed."));
+    appendLog(u"Source removed."_s);
 }
 
 void NormalGeneratorStore::reset() {
@@ -55,19 +54,18 @@ void NormalGeneratorStore::reset() {
 
 void NormalGeneratorStore::buildPreview() {
     NormalPreviews previews;
-    if (!attempt(QStringLiteral("Preview"),
-                 [&] { previews = processor().buildNormalPreviews(m_source, m_settings); })) {
+    if (!attempt(u"Preview"_s, [&] { previews = processor().buildNormalPreviews(m_source, m_settings); })) {
         return;
     }
     publish(m_previews, std::move(previews));
     if (!m_previews.empty()) {
-        appendLog(QStringLiteral("Generated map preview updated."));
+        appendLog(u"Generated map preview updated."_s);
     }
 }
 
 void NormalGeneratorStore::exportSet() {
     if (!canExport()) {
-        appendLog(QStringLiteral("Export blocked: source texture is required."));
+        appendLog(u"Export blocked: source texture is required."_s);
         return;
     }
     exportWith([this](const QUrl& parentDirectory) {

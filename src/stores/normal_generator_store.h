@@ -1,7 +1,7 @@
 #pragma once
 
-#include "normal_generator_settings.h"
-#include "tool_store.h"
+#include "model/normal_generator_settings.h"
+#include "stores/tool_store.h"
 
 namespace quarlin {
 

@@ -1,8 +1,8 @@
-#include "tool_store.h"
+#include "stores/tool_store.h"
 
-#include "dropped_file.h"
-#include "failure.h"
-#include "file_names.h"
+#include "imaging/files/file_names.h"
+#include "stores/dropped_file.h"
+#include "stores/failure.h"
 
 #include <QMetaObject>
 #include <QMimeData>
@@ -10,6 +10,8 @@
 #include <utility>
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,7 +31,7 @@ void ToolStore::appendLog(const QString& message) {
 void ToolStore::resetShared() {
     publish(m_lastExportURL, {});
     Q_EMIT willChange();
-    m_log.setLines({QStringLiteral("Inputs cleared.")});
+    m_log.setLines({u"Inputs cleared."_s});
 }
 
 bool ToolStore::attempt(const QString& action, const std::function<void()>& work) {
@@ -37,15 +39,14 @@ bool ToolStore::attempt(const QString& action, const std::function<void()>& work
     const std::optional<QString> failure = failureOf(work);
     Q_EMIT workFinished();
     if (failure) {
-        appendLog(action + QStringLiteral(" failed: ") + *failure);
+        appendLog(action + u" failed: "_s + *failure);
     }
     return !failure;
 }
 
 void ToolStore::chooseImage(const QString& title, const std::function<void(const QUrl&)>& import) {
     constexpr auto types = allCases<ImageFileType>();
-    const auto file =
-        m_chooser.chooseFile({title, QStringLiteral("Use Texture"), {types.begin(), types.end()}});
+    const auto file = m_chooser.chooseFile({title, u"Use Texture"_s, {types.begin(), types.end()}});
     if (file) {
         import(*file);
     }
@@ -62,16 +63,15 @@ bool ToolStore::importLater(const QMimeData& data, std::function<void(const QUrl
 }
 
 void ToolStore::exportWith(const std::function<ExportResult(const QUrl&)>& write) {
-    const auto parent =
-        m_chooser.chooseFolder({QStringLiteral("Choose Export Folder"), QStringLiteral("Export Here")});
+    const auto parent = m_chooser.chooseFolder({u"Choose Export Folder"_s, u"Export Here"_s});
     ExportResult result;
-    if (!parent || !attempt(QStringLiteral("Export"), [&] { result = write(*parent); })) {
+    if (!parent || !attempt(u"Export"_s, [&] { result = write(*parent); })) {
         return;
     }
     publish(m_lastExportURL, std::optional(result.folderURL));
-    appendLog(QStringLiteral("Export complete: ") + fileSystemPath(result.folderURL));
+    appendLog(u"Export complete: "_s + fileSystemPath(result.folderURL));
     for (const QString& name : std::as_const(result.files)) {
-        appendLog(QStringLiteral("Wrote ") + name);
+        appendLog(u"Wrote "_s + name);
     }
 }
 

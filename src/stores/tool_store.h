@@ -1,9 +1,9 @@
 #pragma once
 
-#include "activity_log.h"
-#include "chooser.h"
-#include "export_result.h"
-#include "texture_processor.h"
+#include "engine/texture_processor.h"
+#include "model/export_result.h"
+#include "stores/activity_log.h"
+#include "stores/chooser.h"
 
 #include <QObject>
 #include <QStringList>

@@ -2,16 +2,18 @@
 
 #include "awkward_names.h"
 
-#include "image_view.h"
-#include "material_name.h"
-#include "name_field.h"
-#include "texture_card.h"
+#include "imaging/pixels/image_view.h"
+#include "model/material_name.h"
+#include "ui/controls/name_field.h"
+#include "ui/panels/texture_card.h"
 #include "window_fixture.h"
 
 #include <QClipboard>
 #include <QDir>
 #include <QProcess>
 #include <QTextEdit>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
@@ -30,15 +32,15 @@ protected:
         return files;
     }
 
-    TextureCard& baseColorCard() const { return child<TextureCard>(page(), QStringLiteral("baseColor")); }
+    TextureCard& baseColorCard() const { return child<TextureCard>(page(), u"baseColor"_s); }
     NameField& nameField() const { return *page().findChild<NameField*>(); }
     QString log() const { return page().findChild<QTextEdit*>()->toPlainText(); }
 
     void exportInto(const QString& into) {
         chooser.folder = QUrl::fromLocalFile(folder.path(into));
-        click(child<Button>(page(), QStringLiteral("export")));
+        click(child<Button>(page(), u"export"_s));
     }
-    void chooseBaseSize() { click(withText<QAbstractButton>(page(), QStringLiteral("Base Size"))); }
+    void chooseBaseSize() { click(withText<QAbstractButton>(page(), u"Base Size"_s)); }
 
     /// The names of what is in `into`.
     QStringList names(const QString& into) const {
@@ -65,35 +67,34 @@ TEST_F(AwkwardNames, OfDroppedFilesAreShownLoggedAndExportedAsTheCommandDoes) {
         EXPECT_TRUE(dropOn(baseColorCard(), data));
         settle();
         ASSERT_TRUE(materials.canExport());
-        EXPECT_EQ(child<TextLabel>(baseColorCard(), QStringLiteral("fileName")).text(), name);
-        EXPECT_TRUE(withPlainBreaks(log()).contains(
-            withPlainBreaks(QStringLiteral("Base Color loaded: %1, 4x4").arg(name))))
+        EXPECT_EQ(child<TextLabel>(baseColorCard(), u"fileName"_s).text(), name);
+        EXPECT_TRUE(
+            withPlainBreaks(log()).contains(withPlainBreaks(u"Base Color loaded: %1, 4x4"_s.arg(name))))
             << log().toStdString();
         chooseBaseSize();
-        exportInto(QStringLiteral("window"));
+        exportInto(u"window"_s);
         QProcess command;
         command.start(QStringLiteral(QUARLIN_CLI),
-                      {QStringLiteral("material"), QStringLiteral("--base-color"), folder.path(name),
-                       QStringLiteral("--size"), QStringLiteral("base"), QStringLiteral("--output"),
-                       folder.path(QStringLiteral("command"))});
+                      {u"material"_s, u"--base-color"_s, folder.path(name), u"--size"_s, u"base"_s,
+                       u"--output"_s, folder.path(u"command"_s)});
         ASSERT_TRUE(command.waitForFinished());
-        const QStringList sets = names(QStringLiteral("window"));
-        EXPECT_EQ(names(QStringLiteral("command")), sets);
+        const QStringList sets = names(u"window"_s);
+        EXPECT_EQ(names(u"command"_s), sets);
         const QString stem = name.chopped(4);
         if (name.toUtf8().size() < 230) {
             EXPECT_EQ(command.exitCode(), 0) << command.readAllStandardError().toStdString();
             EXPECT_EQ(sets, QStringList{safeMaterialName(stem, {})});
         } else {
             // The folder may have the name, the images in it may not.
-            EXPECT_TRUE(materials.logLines().constFirst().contains(
-                QStringLiteral("Export failed: Could not create PNG image: ")));
+            EXPECT_TRUE(
+                materials.logLines().constFirst().contains(u"Export failed: Could not create PNG image: "_s));
             EXPECT_EQ(command.exitCode(), 1);
         }
         ASSERT_EQ(sets.size(), 1);
-        EXPECT_EQ(contents(folder.path(QStringLiteral("window/") + sets.constFirst())),
-                  contents(folder.path(QStringLiteral("command/") + sets.constFirst())));
-        remove(QStringLiteral("window"));
-        remove(QStringLiteral("command"));
+        EXPECT_EQ(contents(folder.path(u"window/"_s + sets.constFirst())),
+                  contents(folder.path(u"command/"_s + sets.constFirst())));
+        remove(u"window"_s);
+        remove(u"command"_s);
     }
 }
 
@@ -109,7 +110,7 @@ TEST_F(AwkwardNames, OfChosenFilesAreShownAsTheyAre) {
 }
 
 TEST_F(AwkwardNames, OfMaterialsThatArePastedNeverLeadOutOfTheChosenFolder) {
-    load(TextureSlotKind::baseColor, QStringLiteral("Source.png"));
+    load(TextureSlotKind::baseColor, u"Source.png"_s);
     chooseBaseSize();
     const QStringList before = names(QString());
     for (const AwkwardMaterialName& material : awkwardMaterialNames()) {
@@ -120,36 +121,34 @@ TEST_F(AwkwardNames, OfMaterialsThatArePastedNeverLeadOutOfTheChosenFolder) {
         QApplication::clipboard()->setText(material.typed);
         nameField().paste();
         settle();
-        exportInto(QStringLiteral("out"));
+        exportInto(u"out"_s);
         ASSERT_NE(materials.lastExportURL(), std::nullopt);
         const QString set =
             QFileInfo(materials.lastExportURL()->adjusted(QUrl::StripTrailingSlash).path()).fileName();
-        EXPECT_EQ(names(QStringLiteral("out")), QStringList{set});
+        EXPECT_EQ(names(u"out"_s), QStringList{set});
         EXPECT_EQ(set, safeMaterialName(nameField().text(), ConversionSettings::defaultMaterialName()));
-        remove(QStringLiteral("out"));
+        remove(u"out"_s);
         EXPECT_EQ(names(QString()), before);
     }
 }
 
 TEST_F(AwkwardNames, OfMaterialsAreTheSameToTheCommand) {
-    const QUrl source = folder.texture(QStringLiteral("Source.png"));
+    const QUrl source = folder.texture(u"Source.png"_s);
     for (const AwkwardMaterialName& material : awkwardMaterialNames()) {
         if (material.typed.contains(QChar(0))) {
             // No argument of a program can hold it.
             continue;
         }
         QProcess command;
-        command.start(
-            QStringLiteral(QUARLIN_CLI),
-            {QStringLiteral("maps"), QStringLiteral("--source"), source.toLocalFile(),
-             QStringLiteral("--name"), material.typed, QStringLiteral("--size"), QStringLiteral("base"),
-             QStringLiteral("--output"), folder.path(QStringLiteral("out"))});
+        command.start(QStringLiteral(QUARLIN_CLI),
+                      {u"maps"_s, u"--source"_s, source.toLocalFile(), u"--name"_s, material.typed,
+                       u"--size"_s, u"base"_s, u"--output"_s, folder.path(u"out"_s)});
         ASSERT_TRUE(command.waitForFinished());
         EXPECT_EQ(command.exitCode(), 0) << command.readAllStandardError().toStdString();
         const QString set =
             material.folder.isEmpty() ? NormalGeneratorSettings::defaultMaterialName() : material.folder;
-        EXPECT_EQ(names(QStringLiteral("out")), QStringList{set}) << material.typed.toStdString();
-        remove(QStringLiteral("out"));
+        EXPECT_EQ(names(u"out"_s), QStringList{set}) << material.typed.toStdString();
+        remove(u"out"_s);
     }
 }
 

@@ -1,14 +1,16 @@
-#include "color_scheme.h"
+#include "app/color_scheme.h"
 
-#include "colors.h"
 #include "test_application.h"
+#include "ui/style/colors.h"
 
 #include <QApplication>
 
 #include <gtest/gtest.h>
 
 #ifdef QUARLIN_HAS_PORTAL
-#include "portal_color_scheme.h"
+#include "app/portal_color_scheme.h"
+
+using namespace Qt::StringLiterals;
 #endif
 
 using namespace quarlin;
@@ -56,12 +58,12 @@ TEST_F(ColorSchemeTest, IsReadFromThePortalsSetting) {
 
 TEST_F(ColorSchemeTest, FollowsThePortalWhileRunning) {
     PortalColorScheme portal;
-    const QString appearance = QStringLiteral("org.freedesktop.appearance");
-    portal.settingChanged(appearance, QStringLiteral("color-scheme"), QDBusVariant(1U));
+    const QString appearance = u"org.freedesktop.appearance"_s;
+    portal.settingChanged(appearance, u"color-scheme"_s, QDBusVariant(1U));
     EXPECT_TRUE(isDark());
-    portal.settingChanged(appearance, QStringLiteral("accent-color"), QDBusVariant(2U));
+    portal.settingChanged(appearance, u"accent-color"_s, QDBusVariant(2U));
     EXPECT_TRUE(isDark());
-    portal.settingChanged(appearance, QStringLiteral("color-scheme"), QDBusVariant(2U));
+    portal.settingChanged(appearance, u"color-scheme"_s, QDBusVariant(2U));
     EXPECT_FALSE(isDark());
 }
 #endif

@@ -1,12 +1,14 @@
 #include "painted_textures.h"
-#include "segment.h"
-#include "slider.h"
-#include "stepper.h"
-#include "toggle.h"
+#include "ui/controls/segment.h"
+#include "ui/controls/slider.h"
+#include "ui/controls/stepper.h"
+#include "ui/controls/toggle.h"
 #include "window_fixture.h"
 
 #include <QDir>
 #include <QProcess>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
@@ -27,8 +29,8 @@ std::map<QString, QByteArray> contents(const QString& folder) {
 /// An export from the window gives the same bytes as the command with the same settings.
 class CommandLine : public WindowFixture {
 protected:
-    QUrl tiles = folder.save(QStringLiteral("Tiles.png"), paintedTiles(96, 64));
-    QUrl dots = folder.save(QStringLiteral("Dots.png"), paintedTiles(64, 64).mirrored(true, false));
+    QUrl tiles = folder.save(u"Tiles.png"_s, paintedTiles(96, 64));
+    QUrl dots = folder.save(u"Dots.png"_s, paintedTiles(64, 64).mirrored(true, false));
 
     static void run(const QStringList& arguments) {
         QProcess process;
@@ -40,7 +42,7 @@ protected:
     /// Exports the shown tool into the folder `into`.
     void exportInto(const QString& into) {
         chooser.folder = QUrl::fromLocalFile(folder.path(into));
-        click(child<Button>(page(), QStringLiteral("export")));
+        click(child<Button>(page(), u"export"_s));
     }
 
     void toggle(const char* title) { click(withText<Toggle>(page(), QString::fromLatin1(title))); }
@@ -54,8 +56,8 @@ protected:
     }
 
     void expectSame(const QString& name, std::size_t count) const {
-        const auto fromWindow = contents(folder.path(QStringLiteral("window/") + name));
-        const auto fromCommand = contents(folder.path(QStringLiteral("command/") + name));
+        const auto fromWindow = contents(folder.path(u"window/"_s + name));
+        const auto fromCommand = contents(folder.path(u"command/"_s + name));
         EXPECT_EQ(fromWindow.size(), count);
         EXPECT_TRUE(fromWindow == fromCommand);
     }
@@ -66,35 +68,32 @@ TEST_F(CommandLine, WritesTheSameMaterialSet) {
     materials.importTexture(dots, TextureSlotKind::normal);
     materials.importTexture(dots, TextureSlotKind::roughness);
     settle();
-    click(withText<Segment>(page(), QStringLiteral("512")));
+    click(withText<Segment>(page(), u"512"_s));
     toggle("Roughness input is gloss/smoothness");
     toggle("Flip normal green channel");
     slideToEnd("Metallic");
-    exportInto(QStringLiteral("window"));
-    run({QStringLiteral("material"), QStringLiteral("--base-color"), tiles.toLocalFile(),
-         QStringLiteral("--normal"), dots.toLocalFile(), QStringLiteral("--roughness"), dots.toLocalFile(),
-         QStringLiteral("--size"), QStringLiteral("512"), QStringLiteral("--gloss"),
-         QStringLiteral("--flip-normal-green"), QStringLiteral("--default-metallic"), QStringLiteral("1"),
-         QStringLiteral("--output"), folder.path(QStringLiteral("command"))});
-    expectSame(QStringLiteral("Tiles"), 5);
+    exportInto(u"window"_s);
+    run({u"material"_s, u"--base-color"_s, tiles.toLocalFile(), u"--normal"_s, dots.toLocalFile(),
+         u"--roughness"_s, dots.toLocalFile(), u"--size"_s, u"512"_s, u"--gloss"_s, u"--flip-normal-green"_s,
+         u"--default-metallic"_s, u"1"_s, u"--output"_s, folder.path(u"command"_s)});
+    expectSame(u"Tiles"_s, 5);
 }
 
 TEST_F(CommandLine, WritesTheSameGeneratedSet) {
     showTool(StudioTool::normalGenerator);
     maps.importSourceTexture(tiles);
     settle();
-    click(withText<Segment>(page(), QStringLiteral("Base Size")));
+    click(withText<Segment>(page(), u"Base Size"_s));
     slideToEnd("Strength");
     Stepper& smoothing = *page().findChild<Stepper*>();
     click(smoothing, smoothing.upperHalf().center());
     toggle("Invert height");
     toggle("Write gloss");
-    exportInto(QStringLiteral("window"));
-    run({QStringLiteral("maps"), QStringLiteral("--source"), tiles.toLocalFile(), QStringLiteral("--size"),
-         QStringLiteral("base"), QStringLiteral("--strength"), QStringLiteral("10"),
-         QStringLiteral("--smoothing"), QStringLiteral("2"), QStringLiteral("--invert-height"),
-         QStringLiteral("--no-gloss"), QStringLiteral("--output"), folder.path(QStringLiteral("command"))});
-    expectSame(QStringLiteral("Tiles"), 9);
+    exportInto(u"window"_s);
+    run({u"maps"_s, u"--source"_s, tiles.toLocalFile(), u"--size"_s, u"base"_s, u"--strength"_s, u"10"_s,
+         u"--smoothing"_s, u"2"_s, u"--invert-height"_s, u"--no-gloss"_s, u"--output"_s,
+         folder.path(u"command"_s)});
+    expectSame(u"Tiles"_s, 9);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "desktop_chooser.h"
+#include "app/desktop_chooser.h"
 
 #include "view_fixture.h"
 
@@ -6,6 +6,8 @@
 #include <QTimer>
 
 #include <functional>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
@@ -31,16 +33,14 @@ protected:
 
     static FileQuestion imageQuestion() {
         constexpr auto types = allCases<ImageFileType>();
-        return {QStringLiteral("Choose Normal Texture"),
-                QStringLiteral("Use Texture"),
-                {types.begin(), types.end()}};
+        return {u"Choose Normal Texture"_s, u"Use Texture"_s, {types.begin(), types.end()}};
     }
 };
 
 TEST_F(DesktopChooserTest, AsksForOneExistingImageFile) {
     whenAsked([](QFileDialog& dialog) {
-        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Choose Normal Texture"));
-        EXPECT_EQ(dialog.labelText(QFileDialog::Accept), QStringLiteral("Use Texture"));
+        EXPECT_EQ(dialog.windowTitle(), u"Choose Normal Texture"_s);
+        EXPECT_EQ(dialog.labelText(QFileDialog::Accept), u"Use Texture"_s);
         EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
         EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptOpen);
         EXPECT_EQ(dialog.nameFilters().size(), 7);
@@ -50,7 +50,7 @@ TEST_F(DesktopChooserTest, AsksForOneExistingImageFile) {
 }
 
 TEST_F(DesktopChooserTest, ReturnsTheChosenFile) {
-    const QUrl file = folder.texture(QStringLiteral("a.png"));
+    const QUrl file = folder.texture(u"a.png"_s);
     whenAsked([&](QFileDialog& dialog) {
         dialog.setDirectory(QFileInfo(file.toLocalFile()).path());
         dialog.selectFile(file.toLocalFile());
@@ -61,14 +61,13 @@ TEST_F(DesktopChooserTest, ReturnsTheChosenFile) {
 
 TEST_F(DesktopChooserTest, AsksForOneFolderThatMayBeMade) {
     whenAsked([](QFileDialog& dialog) {
-        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Choose Export Folder"));
-        EXPECT_EQ(dialog.labelText(QFileDialog::Accept), QStringLiteral("Export Here"));
+        EXPECT_EQ(dialog.windowTitle(), u"Choose Export Folder"_s);
+        EXPECT_EQ(dialog.labelText(QFileDialog::Accept), u"Export Here"_s);
         EXPECT_EQ(dialog.fileMode(), QFileDialog::Directory);
         EXPECT_TRUE(dialog.testOption(QFileDialog::ShowDirsOnly));
         EXPECT_FALSE(dialog.testOption(QFileDialog::ReadOnly));
     });
-    EXPECT_EQ(chooser.chooseFolder({QStringLiteral("Choose Export Folder"), QStringLiteral("Export Here")}),
-              std::nullopt);
+    EXPECT_EQ(chooser.chooseFolder({u"Choose Export Folder"_s, u"Export Here"_s}), std::nullopt);
 }
 
 TEST_F(DesktopChooserTest, ReturnsTheChosenFolder) {
@@ -77,17 +76,16 @@ TEST_F(DesktopChooserTest, ReturnsTheChosenFolder) {
         dialog.selectFile(folder.url().toLocalFile());
         static_cast<QDialog&>(dialog).accept();
     });
-    const auto chosen = chooser.chooseFolder({QStringLiteral("Title"), QStringLiteral("Here")});
+    const auto chosen = chooser.chooseFolder({u"Title"_s, u"Here"_s});
     ASSERT_TRUE(chosen.has_value());
     EXPECT_EQ(QFileInfo(chosen->toLocalFile()), QFileInfo(folder.url().toLocalFile()));
 }
 
 TEST(NameFilters, OfferAllTypesTogetherAndThenEachInOrder) {
     const QStringList filters = DesktopChooser::nameFilters({ImageFileType::png, ImageFileType::jpeg});
-    EXPECT_EQ(filters,
-              QStringList({QStringLiteral("All Images (*.png *.PNG *.jpg *.JPG *.jpeg *.JPEG *.jpe *.JPE)"),
-                           QStringLiteral("PNG Image (*.png *.PNG)"),
-                           QStringLiteral("JPEG Image (*.jpg *.JPG *.jpeg *.JPEG *.jpe *.JPE)")}));
+    EXPECT_EQ(filters, QStringList({u"All Images (*.png *.PNG *.jpg *.JPG *.jpeg *.JPEG *.jpe *.JPE)"_s,
+                                    u"PNG Image (*.png *.PNG)"_s,
+                                    u"JPEG Image (*.jpg *.JPG *.jpeg *.JPEG *.jpe *.JPE)"_s}));
 }
 
 }  // namespace

@@ -1,8 +1,10 @@
-#include "log_view.h"
-#include "name_field.h"
+#include "ui/controls/name_field.h"
+#include "ui/panels/log_view.h"
 #include "window_fixture.h"
 
 #include <QClipboard>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
@@ -16,7 +18,7 @@ protected:
     NameField& name = *page().findChild<NameField*>();
     LogView& log = *page().findChild<LogView*>();
 
-    QAction& edit(const char* text) const { return entry(QStringLiteral("Edit"), QString::fromLatin1(text)); }
+    QAction& edit(const char* text) const { return entry(u"Edit"_s, QString::fromLatin1(text)); }
     /// Opens the menu and chooses an entry of it.
     void choose(const char* text) const {
         EXPECT_TRUE(usable().contains(QString::fromLatin1(text))) << text;
@@ -45,11 +47,10 @@ TEST_F(EditMenuTest, OffersNothingOutsideOfText) {
 TEST_F(EditMenuTest, OffersWhatTheNameAllows) {
     name.setFocus();
     name.deselect();
-    EXPECT_EQ(usable(), QStringList{QStringLiteral("Select All")});
+    EXPECT_EQ(usable(), QStringList{u"Select All"_s});
     choose("Select All");
     EXPECT_EQ(name.selectedText(), name.text());
-    EXPECT_EQ(usable(),
-              QStringList({QStringLiteral("Cut"), QStringLiteral("Copy"), QStringLiteral("Select All")}));
+    EXPECT_EQ(usable(), QStringList({u"Cut"_s, u"Copy"_s, u"Select All"_s}));
 }
 
 TEST_F(EditMenuTest, CutsPastesAndUndoesInTheName) {
@@ -58,21 +59,21 @@ TEST_F(EditMenuTest, CutsPastesAndUndoesInTheName) {
     choose("Cut");
     EXPECT_EQ(name.text(), QString());
     EXPECT_EQ(materials.settings().materialName, QString());
-    EXPECT_EQ(usable(), QStringList({QStringLiteral("Undo"), QStringLiteral("Paste")}));
+    EXPECT_EQ(usable(), QStringList({u"Undo"_s, u"Paste"_s}));
     choose("Paste");
     choose("Paste");
-    EXPECT_EQ(materials.settings().materialName, QStringLiteral("VOREK_PBR_MaterialVOREK_PBR_Material"));
+    EXPECT_EQ(materials.settings().materialName, u"VOREK_PBR_MaterialVOREK_PBR_Material"_s);
     choose("Undo");
     settle();
     EXPECT_EQ(name.text(), materials.settings().materialName);
-    EXPECT_TRUE(usable().contains(QStringLiteral("Redo")));
+    EXPECT_TRUE(usable().contains(u"Redo"_s));
 }
 
 TEST_F(EditMenuTest, CopiesFromTheLog) {
     log.setFocus();
-    EXPECT_EQ(usable(), QStringList{QStringLiteral("Select All")});
+    EXPECT_EQ(usable(), QStringList{u"Select All"_s});
     choose("Select All");
-    EXPECT_EQ(usable(), QStringList({QStringLiteral("Copy"), QStringLiteral("Select All")}));
+    EXPECT_EQ(usable(), QStringList({u"Copy"_s, u"Select All"_s}));
     choose("Copy");
     EXPECT_EQ(QApplication::clipboard()->text(), materials.logLines().constFirst());
 }

@@ -1,12 +1,14 @@
-#include "name_field.h"
-#include "texture_card.h"
-#include "toggle.h"
+#include "ui/controls/name_field.h"
+#include "ui/controls/toggle.h"
+#include "ui/panels/texture_card.h"
 #include "window_fixture.h"
 
 #include <QAccessible>
 #include <QMessageBox>
 #include <QSplitter>
 #include <QTextEdit>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
@@ -15,9 +17,9 @@ namespace {
 
 class MainWindowTest : public WindowFixture {
 protected:
-    QAction& exportEntry = materialEntry(QStringLiteral("Export PBR Set..."));
-    QAction& buildEntry = materialEntry(QStringLiteral("Build Preview"));
-    QAction& resetEntry = materialEntry(QStringLiteral("Reset Inputs"));
+    QAction& exportEntry = materialEntry(u"Export PBR Set..."_s);
+    QAction& buildEntry = materialEntry(u"Build Preview"_s);
+    QAction& resetEntry = materialEntry(u"Reset Inputs"_s);
 
     QList<bool> enabledEntries() const {
         return {exportEntry.isEnabled(), buildEntry.isEnabled(), resetEntry.isEnabled()};
@@ -29,11 +31,11 @@ protected:
         }
         return enabled;
     }
-    QString headerTitle() const { return child<TextLabel>(window, QStringLiteral("toolTitle")).text(); }
+    QString headerTitle() const { return child<TextLabel>(window, u"toolTitle"_s).text(); }
 };
 
 TEST_F(MainWindowTest, IsTitledAndNeverTooSmall) {
-    EXPECT_EQ(window.windowTitle(), QStringLiteral("VOREK TECH Quarlin"));
+    EXPECT_EQ(window.windowTitle(), u"VOREK TECH Quarlin"_s);
     window.resize(10, 10);
     settle();
     EXPECT_EQ(window.size(), QSize(1120, 720));
@@ -50,13 +52,13 @@ TEST_F(MainWindowTest, StartsWithTheIdealWidthsAsFarAsTheyFit) {
 
 TEST_F(MainWindowTest, ShowsThePbrToolFirst) {
     EXPECT_EQ(window.content()->selectedTool(), StudioTool::pbr);
-    EXPECT_EQ(headerTitle(), QStringLiteral("PBR Material"));
-    EXPECT_TRUE(shows(window, QStringLiteral("VOREK TECH")));
-    EXPECT_TRUE(shows(window, QStringLiteral("Textures")));
-    EXPECT_FALSE(shows(window, QStringLiteral("Map Source")));
+    EXPECT_EQ(headerTitle(), u"PBR Material"_s);
+    EXPECT_TRUE(shows(window, u"VOREK TECH"_s));
+    EXPECT_TRUE(shows(window, u"Textures"_s));
+    EXPECT_FALSE(shows(window, u"Map Source"_s));
     ASSERT_EQ(tabs.count(), 2);
-    EXPECT_EQ(tabs.tabText(0), QStringLiteral("PBR Material"));
-    EXPECT_EQ(tabs.tabText(1), QStringLiteral("Map Generator"));
+    EXPECT_EQ(tabs.tabText(0), u"PBR Material"_s);
+    EXPECT_EQ(tabs.tabText(1), u"Map Generator"_s);
 }
 
 TEST_F(MainWindowTest, ListsTheMaterialMenuWithItsShortcuts) {
@@ -98,7 +100,7 @@ TEST_F(MainWindowTest, ActsOnTheMaterialWhicheverToolShows) {
     press(window, Qt::Key_E, Qt::ControlModifier);
     EXPECT_EQ(chooser.folderQuestions.size(), 1U);
     press(window, Qt::Key_Backspace, Qt::ControlModifier);
-    EXPECT_EQ(materials.logLines(), QStringList{QStringLiteral("Inputs cleared.")});
+    EXPECT_EQ(materials.logLines(), QStringList{u"Inputs cleared."_s});
     EXPECT_TRUE(maps.canExport());
     EXPECT_EQ(maps.logLines(), mapsLog);
 }
@@ -111,17 +113,16 @@ TEST_F(MainWindowTest, ChangesTheToolbarWithTheTool) {
         }
         return tips;
     };
-    const QString build = QStringLiteral("Build Preview");
-    const QString buildSymbol = QStringLiteral("arrow.triangle.2.circlepath");
-    const QString exportText = QStringLiteral("Export");
-    const QString exportSymbol = QStringLiteral("square.and.arrow.up");
-    EXPECT_EQ(toolTips(), QStringList({build, buildSymbol, QStringLiteral("Build PBR Preview"), exportText,
-                                       exportSymbol, QStringLiteral("Export PBR Set")}));
+    const QString build = u"Build Preview"_s;
+    const QString buildSymbol = u"arrow.triangle.2.circlepath"_s;
+    const QString exportText = u"Export"_s;
+    const QString exportSymbol = u"square.and.arrow.up"_s;
+    EXPECT_EQ(toolTips(), QStringList({build, buildSymbol, u"Build PBR Preview"_s, exportText, exportSymbol,
+                                       u"Export PBR Set"_s}));
     showTool(StudioTool::normalGenerator);
-    EXPECT_EQ(toolTips(),
-              QStringList({build, buildSymbol, QStringLiteral("Build Generated Map Preview"), exportText,
-                           exportSymbol, QStringLiteral("Export Generated Map Set")}));
-    EXPECT_EQ(headerTitle(), QStringLiteral("Map Generator"));
+    EXPECT_EQ(toolTips(), QStringList({build, buildSymbol, u"Build Generated Map Preview"_s, exportText,
+                                       exportSymbol, u"Export Generated Map Set"_s}));
+    EXPECT_EQ(headerTitle(), u"Map Generator"_s);
     EXPECT_EQ(window.content()->selectedTool(), StudioTool::normalGenerator);
 }
 
@@ -154,20 +155,20 @@ TEST_F(MainWindowTest, RunsTheToolbarsActionsOnTheShownTool) {
 }
 
 TEST_F(MainWindowTest, KeepsEverythingWhileToolsAreSwitched) {
-    load(TextureSlotKind::baseColor, QStringLiteral("Brick.png"));
-    loadSource(QStringLiteral("Stone.png"));
-    click(withText<Toggle>(page(), QStringLiteral("Write notes")));
+    load(TextureSlotKind::baseColor, u"Brick.png"_s);
+    loadSource(u"Stone.png"_s);
+    click(withText<Toggle>(page(), u"Write notes"_s));
     showTool(StudioTool::normalGenerator);
-    click(withText<Toggle>(page(), QStringLiteral("Invert height")));
+    click(withText<Toggle>(page(), u"Invert height"_s));
     showTool(StudioTool::pbr);
     EXPECT_FALSE(materials.settings().exportNotes);
-    EXPECT_FALSE(withText<Toggle>(page(), QStringLiteral("Write notes")).isChecked());
-    EXPECT_TRUE(shows(page(), QStringLiteral("Brick.png")));
+    EXPECT_FALSE(withText<Toggle>(page(), u"Write notes"_s).isChecked());
+    EXPECT_TRUE(shows(page(), u"Brick.png"_s));
     showTool(StudioTool::normalGenerator);
-    EXPECT_TRUE(withText<Toggle>(page(), QStringLiteral("Invert height")).isChecked());
-    EXPECT_TRUE(shows(page(), QStringLiteral("Stone.png")));
-    EXPECT_EQ(materials.settings().materialName, QStringLiteral("Brick"));
-    EXPECT_EQ(maps.settings().materialName, QStringLiteral("Stone"));
+    EXPECT_TRUE(withText<Toggle>(page(), u"Invert height"_s).isChecked());
+    EXPECT_TRUE(shows(page(), u"Stone.png"_s));
+    EXPECT_EQ(materials.settings().materialName, u"Brick"_s);
+    EXPECT_EQ(maps.settings().materialName, u"Stone"_s);
 }
 
 TEST_F(MainWindowTest, SwitchesToolsWithTheArrowKeys) {
@@ -183,9 +184,9 @@ TEST_F(MainWindowTest, DeletesAWordInTheNameRatherThanResetting) {
     auto& name = *page().findChild<NameField*>();
     name.setFocus();
     name.selectAll();
-    QTest::keyClicks(&name, QStringLiteral("Red Brick"));
+    QTest::keyClicks(&name, u"Red Brick"_s);
     press(name, Qt::Key_Backspace, Qt::ControlModifier);
-    EXPECT_EQ(name.text(), QStringLiteral("Red "));
+    EXPECT_EQ(name.text(), u"Red "_s);
     press(name, Qt::Key_Backspace, Qt::ControlModifier);
     press(name, Qt::Key_Backspace, Qt::ControlModifier);
     EXPECT_EQ(name.text(), QString());
@@ -202,7 +203,7 @@ TEST_F(MainWindowTest, ExportsByItsShortcutFromTheNameToo) {
 
 TEST_F(MainWindowTest, ResetsByItsShortcutOutsideOfText) {
     load(TextureSlotKind::baseColor);
-    withText<Toggle>(page(), QStringLiteral("Write notes")).setFocus(Qt::TabFocusReason);
+    withText<Toggle>(page(), u"Write notes"_s).setFocus(Qt::TabFocusReason);
     press(*QApplication::focusWidget(), Qt::Key_Backspace, Qt::ControlModifier);
     EXPECT_FALSE(materials.hasAnyTexture());
 }
@@ -216,18 +217,18 @@ TEST_F(MainWindowTest, IgnoresShortcutsOfDisabledEntries) {
 }
 
 TEST_F(MainWindowTest, TellsOfItselfInItsAboutBox) {
-    entry(QStringLiteral("Help"), QStringLiteral("About Quarlin")).trigger();
+    entry(u"Help"_s, u"About Quarlin"_s).trigger();
     settle();
     auto* box = window.findChild<QMessageBox*>();
     ASSERT_NE(box, nullptr);
     EXPECT_TRUE(box->isVisible());
-    EXPECT_TRUE(box->text().contains(QStringLiteral("VOREK TECH Quarlin")));
+    EXPECT_TRUE(box->text().contains(u"VOREK TECH Quarlin"_s));
     box->close();
     settle();
 }
 
 TEST_F(MainWindowTest, ClosesOnQuit) {
-    entry(QStringLiteral("File"), QStringLiteral("Quit")).trigger();
+    entry(u"File"_s, u"Quit"_s).trigger();
     EXPECT_FALSE(window.isVisible());
 }
 
@@ -278,27 +279,27 @@ TEST_F(MainWindowTest, IsWalkedThroughInReadingOrder) {
 
 TEST_F(MainWindowTest, LogsAFailedLoadAndAFailedExportWhereTheyCanBeRead) {
     load(TextureSlotKind::baseColor);
-    materials.importTexture(folder.noTexture(QStringLiteral("b.png")), TextureSlotKind::normal);
+    materials.importTexture(folder.noTexture(u"b.png"_s), TextureSlotKind::normal);
     chooser.folder = folder.blocked();
     click(*toolBarButtons()[1]);
     const QString text = page().findChild<QTextEdit*>()->toPlainText();
-    EXPECT_TRUE(text.contains(QStringLiteral("Load failed: Could not read image: b.png")));
-    EXPECT_TRUE(text.contains(QStringLiteral("Export failed: ")));
-    EXPECT_FALSE(child<TextLabel>(page(), QStringLiteral("lastExport")).isVisible());
+    EXPECT_TRUE(text.contains(u"Load failed: Could not read image: b.png"_s));
+    EXPECT_TRUE(text.contains(u"Export failed: "_s));
+    EXPECT_FALSE(child<TextLabel>(page(), u"lastExport"_s).isVisible());
 }
 
 TEST_F(MainWindowTest, LoadsADropAndExportsIt) {
-    auto& card = child<TextureCard>(page(), QStringLiteral("baseColor"));
+    auto& card = child<TextureCard>(page(), u"baseColor"_s);
     QMimeData data;
-    data.setUrls({folder.texture(QStringLiteral("Brick.png"))});
+    data.setUrls({folder.texture(u"Brick.png"_s)});
     EXPECT_TRUE(dragOver(card, data));
     EXPECT_TRUE(dropOn(card, data));
     settle();
-    click(withText<QAbstractButton>(page(), QStringLiteral("Base Size")));
+    click(withText<QAbstractButton>(page(), u"Base Size"_s));
     chooser.folder = folder.url();
-    click(child<Button>(page(), QStringLiteral("export")));
-    EXPECT_TRUE(QFile::exists(folder.path(QStringLiteral("Brick/Brick_BaseColor.png"))));
-    EXPECT_EQ(child<TextLabel>(page(), QStringLiteral("lastExport")).text(), QStringLiteral("Brick"));
+    click(child<Button>(page(), u"export"_s));
+    EXPECT_TRUE(QFile::exists(folder.path(u"Brick/Brick_BaseColor.png"_s)));
+    EXPECT_EQ(child<TextLabel>(page(), u"lastExport"_s).text(), u"Brick"_s);
 }
 
 }  // namespace

@@ -5,15 +5,15 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin;
 using namespace quarlin::fixtures;
 
 namespace {
 
 qsizetype openDescriptors() {
-    return QDir(QStringLiteral("/proc/self/fd"))
-        .entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System)
-        .size();
+    return QDir(u"/proc/self/fd"_s).entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System).size();
 }
 
 class Soak : public WindowFixture {
@@ -50,7 +50,7 @@ private:
         materials.importTexture(number % 18 == 0 ? unreadable : texture(number + 1),
                                 slots[static_cast<std::size_t>(number / 2) % slots.size()]);
         ConversionSettings settings = materials.settings();
-        settings.materialName = QStringLiteral("Material %1").arg(number % 4);
+        settings.materialName = u"Material %1"_s.arg(number % 4);
         settings.outputResolution = OutputResolution::matchBase;
         settings.flipNormalGreen = number % 4 == 0;
         settings.roughnessInputIsGloss = number % 6 == 0;
@@ -69,7 +69,7 @@ private:
             maps.importSourceTexture(unreadable);
         }
         NormalGeneratorSettings settings = maps.settings();
-        settings.materialName = QStringLiteral("Maps %1").arg(number % 4);
+        settings.materialName = u"Maps %1"_s.arg(number % 4);
         settings.outputResolution = OutputResolution::matchBase;
         settings.invertHeight = number % 4 == 1;
         settings.exportORM = number % 7 != 0;
@@ -85,10 +85,10 @@ private:
         }
     }
 
-    QList<QUrl> textures{folder.texture(QStringLiteral("a.png"), 64, 64, Qt::red),
-                         folder.texture(QStringLiteral("b.jpg"), 64, 32, Qt::green),
-                         folder.texture(QStringLiteral("c.bmp"), 32, 64, Qt::blue)};
-    QUrl unreadable = folder.noTexture(QStringLiteral("none.png"));
+    QList<QUrl> textures{folder.texture(u"a.png"_s, 64, 64, Qt::red),
+                         folder.texture(u"b.jpg"_s, 64, 32, Qt::green),
+                         folder.texture(u"c.bmp"_s, 32, 64, Qt::blue)};
+    QUrl unreadable = folder.noTexture(u"none.png"_s);
     QUrl blocked = folder.blocked();
 };
 
@@ -105,8 +105,8 @@ TEST_F(Soak, AThousandImportsPreviewsAndExportsLeaveMemoryAndDescriptorsLevel) {
         // What was asked for and logged would otherwise be all that grows.
         chooser.folderQuestions.clear();
     }
-    EXPECT_TRUE(QFile::exists(folder.path(QStringLiteral("Material_2/Material_2_ORM.png"))));
-    EXPECT_TRUE(QFile::exists(folder.path(QStringLiteral("Maps_1/Maps_1_normal.png"))));
+    EXPECT_TRUE(QFile::exists(folder.path(u"Material_2/Material_2_ORM.png"_s)));
+    EXPECT_TRUE(QFile::exists(folder.path(u"Maps_1/Maps_1_normal.png"_s)));
     EXPECT_EQ(openDescriptors(), descriptors);
     // About 1 KiB a round, where one picture is 8 to 16 KiB. Freed blocks that threads keep for themselves
     // count as used, and make the figure swing by 0.3 MiB up and down; smaller leaks are the leak

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "button.h"
-#include "content_view.h"
-#include "main_window.h"
-#include "material_store.h"
-#include "normal_generator_store.h"
-#include "tool_tabs.h"
+#include "app/content_view.h"
+#include "app/main_window.h"
+#include "stores/material_store.h"
+#include "stores/normal_generator_store.h"
+#include "ui/controls/button.h"
+#include "ui/panels/tool_tabs.h"
 #include "view_fixture.h"
 
 #include <QAction>
@@ -15,6 +15,8 @@
 #include <QToolBar>
 
 namespace quarlin::fixtures {
+
+using namespace Qt::StringLiterals;
 
 /// The whole window on two stores with a scripted chooser.
 class WindowFixture : public testing::Test {
@@ -47,7 +49,7 @@ protected:
         throw std::runtime_error("no entry " + text.toStdString());
     }
 
-    QAction& materialEntry(const QString& text) const { return entry(QStringLiteral("Material"), text); }
+    QAction& materialEntry(const QString& text) const { return entry(u"Material"_s, text); }
 
     static QString plain(QString text) { return text.remove(u'&'); }
 
@@ -71,12 +73,12 @@ protected:
         settle();
     }
 
-    void load(TextureSlotKind kind, const QString& name = QStringLiteral("a.png")) {
+    void load(TextureSlotKind kind, const QString& name = u"a.png"_s) {
         materials.importTexture(folder.texture(name), kind);
         settle();
     }
 
-    void loadSource(const QString& name = QStringLiteral("s.png")) {
+    void loadSource(const QString& name = u"s.png"_s) {
         maps.importSourceTexture(folder.texture(name));
         settle();
     }

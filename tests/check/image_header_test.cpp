@@ -1,9 +1,11 @@
-#include "image_header.h"
+#include "check/image_header.h"
 
 #include "png_files.h"
 #include "temporary_folder.h"
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 
@@ -13,11 +15,11 @@ class ImageHeader : public testing::Test {
 protected:
     const fixtures::TemporaryFolder folder;
 
-    QByteArray pngOf(int colourType, int bitDepth, std::size_t samplesPerPixel) const {
+    QByteArray pngOf(int colorType, int bitDepth, std::size_t samplesPerPixel) const {
         fixtures::PngForm form;
-        form.colourType = colourType;
+        form.colorType = colorType;
         form.bitDepth = bitDepth;
-        const QUrl file = folder.url(QStringLiteral("image.png"));
+        const QUrl file = folder.url(u"image.png"_s);
         fixtures::writePngSamples(file, 3, 2, std::vector<std::uint16_t>(3 * 2 * samplesPerPixel), form);
         return fixtures::readFile(file);
     }
@@ -30,7 +32,7 @@ TEST_F(ImageHeader, TellsSizeDepthAndColorOfAPng) {
     EXPECT_EQ(header->height, 2);
     EXPECT_EQ(header->bitDepth, 16);
     EXPECT_EQ(header->color, PngColor::rgb);
-    EXPECT_EQ(readPngHeader(pngOf(0, 4, 1))->color, PngColor::grey);
+    EXPECT_EQ(readPngHeader(pngOf(0, 4, 1))->color, PngColor::gray);
 }
 
 TEST_F(ImageHeader, IsNoneWhereThereIsNoPng) {

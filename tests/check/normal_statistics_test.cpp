@@ -1,6 +1,6 @@
-#include "normal_statistics.h"
+#include "check/normal_statistics.h"
 
-#include "image_view.h"
+#include "imaging/pixels/image_view.h"
 
 #include <gtest/gtest.h>
 

@@ -5,6 +5,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin::tests;
 
 namespace {
@@ -14,12 +16,10 @@ QByteArray truncatedImage(const QByteArray& whole) { return whole.left(whole.siz
 
 class BadInput : public CliTest {
 protected:
-    const QString good = writeImage(QStringLiteral("good.png"), patternedImage(64, 64, 1));
+    const QString good = writeImage(u"good.png"_s, patternedImage(64, 64, 1));
 
     void expectLoadFailure(const QStringList& words, const std::string& fileName) const {
-        const Outcome outcome =
-            runCli(words + QStringList{QStringLiteral("--output"), output(), QStringLiteral("--name"),
-                                       QStringLiteral("Brick")});
+        const Outcome outcome = runCli(words + QStringList{u"--output"_s, output(), u"--name"_s, u"Brick"_s});
         EXPECT_EQ(outcome.status, 1);
         EXPECT_EQ(outcome.output, "");
         EXPECT_EQ(outcome.errors, "Load failed: Could not read image: " + fileName + "\n");
@@ -27,91 +27,79 @@ protected:
     }
 
     void expectUnreadable(const QString& file, const std::string& fileName) const {
-        expectLoadFailure({QStringLiteral("material"), QStringLiteral("--base-color"), file}, fileName);
-        expectLoadFailure({QStringLiteral("maps"), QStringLiteral("--source"), file}, fileName);
-        expectLoadFailure({QStringLiteral("material"), QStringLiteral("--base-color"), good,
-                           QStringLiteral("--metallic"), file},
-                          fileName);
+        expectLoadFailure({u"material"_s, u"--base-color"_s, file}, fileName);
+        expectLoadFailure({u"maps"_s, u"--source"_s, file}, fileName);
+        expectLoadFailure({u"material"_s, u"--base-color"_s, good, u"--metallic"_s, file}, fileName);
     }
 };
 
-TEST_F(BadInput, MissingFile) { expectUnreadable(path(QStringLiteral("none.png")), "none.png"); }
+TEST_F(BadInput, MissingFile) { expectUnreadable(path(u"none.png"_s), "none.png"); }
 
-TEST_F(BadInput, MissingFolder) { expectUnreadable(path(QStringLiteral("none/none.png")), "none.png"); }
+TEST_F(BadInput, MissingFolder) { expectUnreadable(path(u"none/none.png"_s), "none.png"); }
 
-TEST_F(BadInput, EmptyFile) { expectUnreadable(writeFile(QStringLiteral("empty.png"), {}), "empty.png"); }
+TEST_F(BadInput, EmptyFile) { expectUnreadable(writeFile(u"empty.png"_s, {}), "empty.png"); }
 
-TEST_F(BadInput, TextFile) {
-    expectUnreadable(writeFile(QStringLiteral("notes.txt"), "no picture at all"), "notes.txt");
-}
+TEST_F(BadInput, TextFile) { expectUnreadable(writeFile(u"notes.txt"_s, "no picture at all"), "notes.txt"); }
 
 TEST_F(BadInput, Folder) {
-    ASSERT_TRUE(QDir(path({})).mkdir(QStringLiteral("folder.png")));
-    const QString folder = path(QStringLiteral("folder.png"));
-    expectLoadFailure({QStringLiteral("material"), QStringLiteral("--base-color"), folder}, "folder.png");
-    expectLoadFailure({QStringLiteral("material"), QStringLiteral("--base-color"), good,
-                       QStringLiteral("--metallic"), folder},
-                      "folder.png");
+    ASSERT_TRUE(QDir(path({})).mkdir(u"folder.png"_s));
+    const QString folder = path(u"folder.png"_s);
+    expectLoadFailure({u"material"_s, u"--base-color"_s, folder}, "folder.png");
+    expectLoadFailure({u"material"_s, u"--base-color"_s, good, u"--metallic"_s, folder}, "folder.png");
 }
 
 TEST_F(BadInput, PipeIsNotWaitedFor) {
-    const QString pipe = path(QStringLiteral("pipe.png"));
+    const QString pipe = path(u"pipe.png"_s);
     ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0666), 0);
     expectUnreadable(pipe, "pipe.png");
 }
 
 TEST_F(BadInput, Device) {
-    expectUnreadable(QStringLiteral("/dev/zero"), "zero");
-    expectUnreadable(QStringLiteral("/dev/null"), "null");
+    expectUnreadable(u"/dev/zero"_s, "zero");
+    expectUnreadable(u"/dev/null"_s, "null");
 }
 
-TEST_F(BadInput, StandardInputIsNoFile) { expectUnreadable(QStringLiteral("/dev/stdin"), "stdin"); }
+TEST_F(BadInput, StandardInputIsNoFile) { expectUnreadable(u"/dev/stdin"_s, "stdin"); }
 
 TEST_F(BadInput, LinksInACircle) {
-    const QString one = path(QStringLiteral("one.png"));
-    const QString two = path(QStringLiteral("two.png"));
+    const QString one = path(u"one.png"_s);
+    const QString two = path(u"two.png"_s);
     ASSERT_TRUE(QFile::link(two, one));
     ASSERT_TRUE(QFile::link(one, two));
     expectUnreadable(one, "one.png");
 }
 
 TEST_F(BadInput, TruncatedPng) {
-    expectUnreadable(writeFile(QStringLiteral("half.png"), truncatedImage(bytesOf(good))), "half.png");
+    expectUnreadable(writeFile(u"half.png"_s, truncatedImage(bytesOf(good))), "half.png");
 }
 
 TEST_F(BadInput, TruncatedJpeg) {
-    const QString whole = writeImage(QStringLiteral("whole.jpg"), patternedImage(256, 256, 1));
-    expectUnreadable(writeFile(QStringLiteral("half.jpg"), truncatedImage(bytesOf(whole))), "half.jpg");
+    const QString whole = writeImage(u"whole.jpg"_s, patternedImage(256, 256, 1));
+    expectUnreadable(writeFile(u"half.jpg"_s, truncatedImage(bytesOf(whole))), "half.jpg");
 }
 
 TEST_F(BadInput, NonAsciiNameIsShownAsItIs) {
-    expectUnreadable(path(QStringLiteral("Größe 1.png")), QStringLiteral("Größe 1.png").toStdString());
+    expectUnreadable(path(u"Größe 1.png"_s), u"Größe 1.png"_s.toStdString());
 }
 
 TEST_F(BadInput, FirstSlotInOrderIsReported) {
-    const QString normal = writeFile(QStringLiteral("bad_normal.png"), "x");
-    const QString roughness = path(QStringLiteral("bad_roughness.png"));
-    expectLoadFailure({QStringLiteral("material"), QStringLiteral("--roughness"), roughness,
-                       QStringLiteral("--normal"), normal, QStringLiteral("--base-color"), good},
-                      "bad_normal.png");
+    const QString normal = writeFile(u"bad_normal.png"_s, "x");
+    const QString roughness = path(u"bad_roughness.png"_s);
+    expectLoadFailure(
+        {u"material"_s, u"--roughness"_s, roughness, u"--normal"_s, normal, u"--base-color"_s, good},
+        "bad_normal.png");
 }
 
 TEST_F(BadInput, LeavesAnEarlierSetAsItWas) {
-    const QStringList outputWords{QStringLiteral("--output"), output(),
-                                  QStringLiteral("--name"),   QStringLiteral("Brick"),
-                                  QStringLiteral("--size"),   QStringLiteral("base")};
-    ASSERT_EQ(
-        runCli(QStringList{QStringLiteral("material"), QStringLiteral("--base-color"), good} + outputWords)
-            .status,
-        0);
-    const FolderContents before = contentsOf(output() + QStringLiteral("/Brick"));
+    const QStringList outputWords{u"--output"_s, output(), u"--name"_s, u"Brick"_s, u"--size"_s, u"base"_s};
+    ASSERT_EQ(runCli(QStringList{u"material"_s, u"--base-color"_s, good} + outputWords).status, 0);
+    const FolderContents before = contentsOf(output() + u"/Brick"_s);
     ASSERT_EQ(before.size(), 4);
-    EXPECT_EQ(runCli(QStringList{QStringLiteral("material"), QStringLiteral("--base-color"), good,
-                                 QStringLiteral("--normal"), path(QStringLiteral("none.png"))} +
+    EXPECT_EQ(runCli(QStringList{u"material"_s, u"--base-color"_s, good, u"--normal"_s, path(u"none.png"_s)} +
                      outputWords)
                   .status,
               1);
-    expectSame(contentsOf(output() + QStringLiteral("/Brick")), before);
+    expectSame(contentsOf(output() + u"/Brick"_s), before);
 }
 
 }  // namespace

@@ -4,23 +4,23 @@
 
 #include <gmock/gmock.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin::tests;
 
 namespace {
 
 class BadOutput : public CliTest {
 protected:
-    const QString good = writeImage(QStringLiteral("good.png"), patternedImage(64, 64, 1));
+    const QString good = writeImage(u"good.png"_s, patternedImage(64, 64, 1));
 
     QStringList material(const QString& folder) const {
-        return {QStringLiteral("material"), QStringLiteral("--base-color"), good,
-                QStringLiteral("--name"),   QStringLiteral("Brick"),        QStringLiteral("--size"),
-                QStringLiteral("base"),     QStringLiteral("--output"),     folder};
+        return {u"material"_s, u"--base-color"_s, good,          u"--name"_s, u"Brick"_s,
+                u"--size"_s,   u"base"_s,         u"--output"_s, folder};
     }
     QStringList maps(const QString& folder) const {
-        return {QStringLiteral("maps"),   QStringLiteral("--source"), good,
-                QStringLiteral("--name"), QStringLiteral("Brick"),    QStringLiteral("--size"),
-                QStringLiteral("base"),   QStringLiteral("--output"), folder};
+        return {u"maps"_s,   u"--source"_s, good,          u"--name"_s, u"Brick"_s,
+                u"--size"_s, u"base"_s,     u"--output"_s, folder};
     }
 
     static void expectExportFailure(const Outcome& outcome, const std::string& description) {
@@ -31,14 +31,14 @@ protected:
 };
 
 TEST_F(BadOutput, FileInThePlaceOfTheFolder) {
-    const QString file = writeFile(QStringLiteral("file"), "kept");
+    const QString file = writeFile(u"file"_s, "kept");
     expectExportFailure(runCli(material(file)), "Could not create folder: Brick (Not a directory)");
     expectExportFailure(runCli(maps(file)), "Could not create folder: Brick (Not a directory)");
     EXPECT_EQ(bytesOf(file), "kept");
 }
 
 TEST_F(BadOutput, FileInThePlaceOfTheSet) {
-    const QString file = writeFile(QStringLiteral("Brick"), "kept");
+    const QString file = writeFile(u"Brick"_s, "kept");
     const Outcome outcome = runCli(material(path({})));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.errors, testing::StartsWith("Export failed: Could not create folder: Brick ("));
@@ -46,7 +46,7 @@ TEST_F(BadOutput, FileInThePlaceOfTheSet) {
 }
 
 TEST_F(BadOutput, FolderInThePlaceOfAnImage) {
-    ASSERT_TRUE(QDir(path({})).mkpath(QStringLiteral("output/Brick/Brick_ORM.png/in the way")));
+    ASSERT_TRUE(QDir(path({})).mkpath(u"output/Brick/Brick_ORM.png/in the way"_s));
     const Outcome outcome = runCli(material(output()));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, "");
@@ -54,35 +54,34 @@ TEST_F(BadOutput, FolderInThePlaceOfAnImage) {
         outcome.errors,
         testing::MatchesRegex("Export failed: Could not (create PNG image|write PNG): Brick_ORM.png\n"));
     // What was written before it stays, and nothing half-written does.
-    EXPECT_EQ(contentsOf(output() + QStringLiteral("/Brick")).keys(),
-              QStringList{QStringLiteral("Brick_BaseColor.png")});
+    EXPECT_EQ(contentsOf(output() + u"/Brick"_s).keys(), QStringList{u"Brick_BaseColor.png"_s});
 }
 
 TEST_F(BadOutput, FolderInThePlaceOfTheNotes) {
-    ASSERT_TRUE(QDir(path({})).mkpath(QStringLiteral("output/Brick/Brick_maps_notes.txt/in the way")));
+    ASSERT_TRUE(QDir(path({})).mkpath(u"output/Brick/Brick_maps_notes.txt/in the way"_s));
     expectExportFailure(runCli(maps(output())), "Could not write file: Brick_maps_notes.txt");
-    EXPECT_EQ(contentsOf(output() + QStringLiteral("/Brick")).size(), 9);
+    EXPECT_EQ(contentsOf(output() + u"/Brick"_s).size(), 9);
 }
 
 TEST_F(BadOutput, FullDiskLeavesTheEarlierImage) {
     ASSERT_EQ(runCli(material(output())).status, 0);
-    const FolderContents before = contentsOf(output() + QStringLiteral("/Brick"));
+    const FolderContents before = contentsOf(output() + u"/Brick"_s);
     // A limit on the size of files stands in for the full disk: it stops the image, which is larger than
     // that.
-    ASSERT_GT(before[QStringLiteral("Brick_BaseColor.png")].size(), 512);
-    writeImage(QStringLiteral("good.png"), patternedImage(64, 64, 2));
+    ASSERT_GT(before[u"Brick_BaseColor.png"_s].size(), 512);
+    writeImage(u"good.png"_s, patternedImage(64, 64, 2));
     const Outcome outcome =
-        runCliThroughShell(QStringLiteral("trap '' XFSZ; ulimit -f 1; exec \"$@\""), material(output()));
+        runCliThroughShell(u"trap '' XFSZ; ulimit -f 1; exec \"$@\""_s, material(output()));
     expectExportFailure(outcome, "Could not write PNG: Brick_BaseColor.png");
-    expectSame(contentsOf(output() + QStringLiteral("/Brick")), before);
+    expectSame(contentsOf(output() + u"/Brick"_s), before);
 }
 
 TEST_F(BadOutput, ClosedStandardOutputIsAFailure) {
-    const Outcome outcome = runCliThroughShell(QStringLiteral("exec \"$@\" >&-"), material(output()));
+    const Outcome outcome = runCliThroughShell(u"exec \"$@\" >&-"_s, material(output()));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.errors, "quarlin-cli: Could not write to the standard output\n");
     // The set itself is there, and the report has not found its way into one of the files.
-    const FolderContents contents = contentsOf(output() + QStringLiteral("/Brick"));
+    const FolderContents contents = contentsOf(output() + u"/Brick"_s);
     EXPECT_EQ(contents.size(), 4);
     for (const QByteArray& file : contents) {
         EXPECT_FALSE(file.contains("Export complete"));
@@ -90,8 +89,7 @@ TEST_F(BadOutput, ClosedStandardOutputIsAFailure) {
 }
 
 TEST_F(BadOutput, FullStandardOutputIsAFailure) {
-    const Outcome outcome =
-        runCliThroughShell(QStringLiteral("exec \"$@\" >/dev/full"), {QStringLiteral("--version")});
+    const Outcome outcome = runCliThroughShell(u"exec \"$@\" >/dev/full"_s, {u"--version"_s});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.errors, "quarlin-cli: Could not write to the standard output\n");
 }

@@ -10,16 +10,18 @@
 
 namespace quarlin::tests {
 
+using namespace Qt::StringLiterals;
+
 /// A test on many sets, with a folder for their sources.
 class BatchTest : public CliTest {
 protected:
     /// The path of a source, whose folder is made.
     QString sourcePath(const QString& name = {}) const {
-        const QString file = path(QStringLiteral("sources/") + name);
+        const QString file = path(u"sources/"_s + name);
         EXPECT_TRUE(QDir().mkpath(QFileInfo(file).path()));
         return file;
     }
-    QString sources() const { return path(QStringLiteral("sources")); }
+    QString sources() const { return path(u"sources"_s); }
 
     /// Writes a small picture as a source; `seed` makes it another one.
     QString writeSource(const QString& name, int seed = 1) const {
@@ -28,19 +30,16 @@ protected:
     }
     QString writeBrokenSource(const QString& name) const {
         sourcePath(name);
-        return writeFile(QStringLiteral("sources/") + name, "no picture");
+        return writeFile(u"sources/"_s + name, "no picture");
     }
 
     /// Runs a command with the output folder, at the size of the sources.
     Outcome runBatch(const QString& command, const QStringList& words) const {
         return runCli(QStringList{command} + words +
-                      QStringList{QStringLiteral("--size"), QStringLiteral("base"),
-                                  QStringLiteral("--output"), output()});
+                      QStringList{u"--size"_s, u"base"_s, u"--output"_s, output()});
     }
-    Outcome runMaps(const QStringList& words) const { return runBatch(QStringLiteral("maps"), words); }
-    Outcome runMaterial(const QStringList& words) const {
-        return runBatch(QStringLiteral("material"), words);
-    }
+    Outcome runMaps(const QStringList& words) const { return runBatch(u"maps"_s, words); }
+    Outcome runMaterial(const QStringList& words) const { return runBatch(u"material"_s, words); }
 
     /// The folders of the sets that were written.
     QStringList exportedSets() const {

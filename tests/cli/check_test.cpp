@@ -19,11 +19,11 @@ QString word(const char* text) { return QString::fromUtf8(text); }
 
 constexpr int side = 64;
 
-QImage inGrey(const QImage& image) {
-    QImage grey = image.convertToFormat(QImage::Format_Grayscale8);
+QImage inGray(const QImage& image) {
+    QImage gray = image.convertToFormat(QImage::Format_Grayscale8);
     // The profile that was read with the image is one of RGB.
-    grey.setColorSpace({});
-    return grey;
+    gray.setColorSpace({});
+    return gray;
 }
 
 /// The normal map, with green up, of round bumps.
@@ -232,16 +232,16 @@ TEST_F(Check, FindsAFormatThatTheNameDoesNotTell) {
         "error: Brick_BaseColor.png: The image is a JPEG, which its name does not say. [wrong-format]");
 }
 
-TEST_F(Check, FindsAGreyImageWhereChannelsAreToDiffer) {
+TEST_F(Check, FindsAGrayImageWhereChannelsAreToDiffer) {
     exportGoodSet();
-    redraw("_ORM.png", inGrey);
+    redraw("_ORM.png", inGray);
     expectFinding(
-        "error: Brick_ORM.png: The image is grey: red, green and blue are the same. [wrong-channels]");
+        "error: Brick_ORM.png: The image is gray: red, green and blue are the same. [wrong-channels]");
 }
 
-TEST_F(Check, TakesAGreyBaseColor) {
+TEST_F(Check, TakesAGrayBaseColor) {
     exportGoodSet();
-    redraw("_BaseColor.png", inGrey);
+    redraw("_BaseColor.png", inGray);
     expectNothing(check());
 }
 
@@ -256,7 +256,7 @@ TEST_F(Check, FindsAPalette) {
     redraw("_BaseColor.png",
            [](const QImage& image) { return image.convertToFormat(QImage::Format_Indexed8); });
     expectFinding(
-        "warning: Brick_BaseColor.png: The image has a palette of at most 256 colours. [indexed-color]");
+        "warning: Brick_BaseColor.png: The image has a palette of at most 256 colors. [indexed-color]");
 }
 
 TEST_F(Check, FindsSidesThatAreNoPowersOfTwo) {
@@ -331,9 +331,9 @@ TEST_F(Check, FindsAnInvertedNormalMap) {
 TEST_F(Check, FindsANormalMapThatIsAPicture) {
     exportGoodSet();
     redraw("_Normal.png", [](const QImage& image) {
-        QImage grey(image.size(), QImage::Format_RGB32);
-        grey.fill(QColor(150, 140, 160));
-        return grey;
+        QImage gray(image.size(), QImage::Format_RGB32);
+        gray.fill(QColor(150, 140, 160));
+        return gray;
     });
     expectFinding(
         "warning: Brick_Normal.png: 100% of the normals are not of length 1: this may be no normal map, "
@@ -388,7 +388,7 @@ TEST_F(Check, NotesAMaterialWithoutImages) {
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output,
               set.toStdString() +
-                  "\n  note: Brick.gltf: The material has no base colour image. [no-base-color]"
+                  "\n  note: Brick.gltf: The material has no base color image. [no-base-color]"
                   "\n  note: Brick.gltf: The material has no ORM image. [no-orm]"
                   "\n1 folder checked: 0 errors, 0 warnings, 2 notes\n");
 }

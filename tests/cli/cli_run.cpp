@@ -4,13 +4,15 @@
 
 namespace quarlin::tests {
 
+using namespace Qt::StringLiterals;
+
 Outcome run(const QString& program, const QStringList& words, const QString& workingDirectory) {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+    environment.insert(u"LC_ALL"_s, u"C"_s);
     // A program that needs a display has to fail here, even where there is one.
-    environment.remove(QStringLiteral("DISPLAY"));
-    environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    environment.remove(u"DISPLAY"_s);
+    environment.remove(u"WAYLAND_DISPLAY"_s);
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(workingDirectory);
     process.setStandardInputFile(QProcess::nullDevice());
@@ -31,8 +33,7 @@ Outcome runCli(const QStringList& words, const QString& workingDirectory) {
 }
 
 Outcome runCliThroughShell(const QString& command, const QStringList& words) {
-    return run(QStringLiteral("sh"),
-               QStringList{QStringLiteral("-c"), command, QStringLiteral("sh"), cliPath()} + words);
+    return run(u"sh"_s, QStringList{u"-c"_s, command, u"sh"_s, cliPath()} + words);
 }
 
 }  // namespace quarlin::tests

@@ -56,7 +56,7 @@ QString CliTest::writeImage(const QString& name, const QImage& image) const {
     return path(name);
 }
 
-QString CliTest::writeGrey(const QString& name, int value) const {
+QString CliTest::writeGray(const QString& name, int value) const {
     QImage image(4, 4, QImage::Format_Grayscale8);
     image.fill(QColor(value, value, value));
     return writeImage(name, image);

@@ -13,6 +13,8 @@
 
 namespace quarlin::tests {
 
+using namespace Qt::StringLiterals;
+
 /// Every file of a folder by its name.
 using FolderContents = QMap<QString, QByteArray>;
 
@@ -28,7 +30,7 @@ FolderContents takenFrom(const QString& path);
 /// The bytes of the file at `path`.
 QByteArray bytesOf(const QString& path);
 
-/// A small picture in which every pixel and channel differs from its neighbours; `seed` makes it another one.
+/// A small picture in which every pixel and channel differs from its neighbors; `seed` makes it another one.
 QImage patternedImage(int width, int height, int seed);
 
 /// A test with a folder of its own, which is removed afterwards.
@@ -37,13 +39,13 @@ protected:
     /// The absolute path of `name` in the test's folder.
     QString path(const QString& name) const { return m_folder.filePath(name); }
     /// The folder that sets are exported into.
-    QString output() const { return path(QStringLiteral("output")); }
+    QString output() const { return path(u"output"_s); }
 
     /// Writes a file into the test's folder and returns its path.
     QString writeFile(const QString& name, const QByteArray& bytes) const;
     QString writeImage(const QString& name, const QImage& image) const;
-    /// A picture of one grey all over.
-    QString writeGrey(const QString& name, int value) const;
+    /// A picture of one gray all over.
+    QString writeGray(const QString& name, int value) const;
 
 private:
     QTemporaryDir m_folder;

@@ -2,7 +2,7 @@
 
 #include "cli_test.h"
 
-#include "cli_documents.h"
+#include "cli/shell/cli_documents.h"
 
 #include <gmock/gmock.h>
 

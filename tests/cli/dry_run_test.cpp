@@ -1,7 +1,7 @@
 #include "batch_test.h"
 
-#include "planned_files.h"
-#include "texture_processor.h"
+#include "cli/batch/planned_files.h"
+#include "engine/texture_processor.h"
 
 #include <functional>
 

@@ -9,6 +9,8 @@
 
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin::tests;
 using testing::HasSubstr;
 
@@ -22,29 +24,23 @@ struct SetName {
 
 class ExportedSet : public CliTest, public testing::WithParamInterface<SetName> {
 protected:
-    const QString source = writeImage(QStringLiteral("in.png"), patternedImage(64, 64, 1));
+    const QString source = writeImage(u"in.png"_s, patternedImage(64, 64, 1));
     const QString name = QString::fromUtf8(GetParam().typed);
 
     QString exported(const QString& command, const QStringList& inputs) const {
-        const Outcome outcome =
-            runCli(QStringList{command} + inputs +
-                   QStringList{QStringLiteral("--name"), name, QStringLiteral("--size"),
-                               QStringLiteral("512"), QStringLiteral("--output"), output() + u'/' + command});
+        const Outcome outcome = runCli(
+            QStringList{command} + inputs +
+            QStringList{u"--name"_s, name, u"--size"_s, u"512"_s, u"--output"_s, output() + u'/' + command});
         EXPECT_EQ(outcome.status, 0) << outcome.errors;
         return output() + u'/' + command + u'/' + name;
     }
     QString materialSet() const {
-        return exported(QStringLiteral("material"),
-                        {QStringLiteral("--base-color"), source, QStringLiteral("--normal"), source,
-                         QStringLiteral("--occlusion"), source});
+        return exported(u"material"_s,
+                        {u"--base-color"_s, source, u"--normal"_s, source, u"--occlusion"_s, source});
     }
-    QString materialSetWithoutNormal() const {
-        return exported(QStringLiteral("material"), {QStringLiteral("--base-color"), source});
-    }
-    QString generatedSet() const {
-        return exported(QStringLiteral("maps"), {QStringLiteral("--source"), source});
-    }
-    QString documentIn(const QString& folder) const { return folder + u'/' + name + QStringLiteral(".gltf"); }
+    QString materialSetWithoutNormal() const { return exported(u"material"_s, {u"--base-color"_s, source}); }
+    QString generatedSet() const { return exported(u"maps"_s, {u"--source"_s, source}); }
+    QString documentIn(const QString& folder) const { return folder + u'/' + name + u".gltf"_s; }
 };
 
 /// The validator's report names every issue; it ends with success only when none is an error or a warning.
@@ -64,7 +60,7 @@ TEST_P(ExportedSet, PassesTheGltfValidatorWithoutNormalMap) {
 
 TEST_P(ExportedSet, FailsTheGltfValidatorOnceAnImageIsGone) {
     const QString folder = materialSet();
-    ASSERT_TRUE(QFile::remove(folder + u'/' + name + QStringLiteral("_ORM.png")));
+    ASSERT_TRUE(QFile::remove(folder + u'/' + name + u"_ORM.png"_s));
     const Outcome outcome =
         run(QStringLiteral(NODE_PATH), {QStringLiteral(VALIDATE_SCRIPT), documentIn(folder)});
     EXPECT_EQ(outcome.status, 1) << outcome.output;
@@ -102,15 +98,15 @@ TEST_P(ExportedSet, LoadsWithItsImages) {
 TEST_P(ExportedSet, HoldsPngFilesThatOthersAccept) {
     int count = 0;
     for (const QString& folder : {materialSet(), generatedSet()}) {
-        for (const QString& file : QDir(folder).entryList({QStringLiteral("*.png")}, QDir::Files)) {
+        for (const QString& file : QDir(folder).entryList({u"*.png"_s}, QDir::Files)) {
             const QString png = folder + u'/' + file;
-            const Outcome checked = run(QStringLiteral(PNGCHECK_PATH), {QStringLiteral("-v"), png});
+            const Outcome checked = run(QStringLiteral(PNGCHECK_PATH), {u"-v"_s, png});
             EXPECT_EQ(checked.status, 0) << checked.output;
             EXPECT_THAT(checked.output, HasSubstr("512 x 512 image, 32-bit RGB+alpha, non-interlaced"));
             EXPECT_THAT(checked.output, HasSubstr("chunk sRGB"));
-            const Outcome identified = run(QStringLiteral(IDENTIFY_PATH),
-                                           {QStringLiteral("-regard-warnings"), QStringLiteral("-format"),
-                                            QStringLiteral("%m %w %h %z %[colorspace]"), png});
+            const Outcome identified =
+                run(QStringLiteral(IDENTIFY_PATH),
+                    {u"-regard-warnings"_s, u"-format"_s, u"%m %w %h %z %[colorspace]"_s, png});
             EXPECT_EQ(identified.status, 0) << identified.errors;
             EXPECT_EQ(identified.output, "PNG 512 512 8 sRGB");
             EXPECT_EQ(identified.errors, "");

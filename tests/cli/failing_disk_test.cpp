@@ -4,6 +4,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin::tests;
 
 namespace {
@@ -18,44 +20,36 @@ class FailingDisk : public CliTest, public testing::WithParamInterface<Command> 
 protected:
     FailingDisk() { QDir().mkpath(output()); }
 
-    QStringList words(const QString& name = QStringLiteral("Brick")) const {
+    QStringList words(const QString& name = u"Brick"_s) const {
         const QStringList input =
             GetParam() == Command::material
-                ? QStringList{QStringLiteral("material"), QStringLiteral("--base-color"), good,
-                              QStringLiteral("--occlusion"), good}
-                : QStringList{QStringLiteral("maps"), QStringLiteral("--source"), good};
-        return input + QStringList{QStringLiteral("--name"),   name,
-                                   QStringLiteral("--size"),   QStringLiteral("base"),
-                                   QStringLiteral("--output"), output()};
+                ? QStringList{u"material"_s, u"--base-color"_s, good, u"--occlusion"_s, good}
+                : QStringList{u"maps"_s, u"--source"_s, good};
+        return input + QStringList{u"--name"_s, name, u"--size"_s, u"base"_s, u"--output"_s, output()};
     }
     QString first() const {
-        return GetParam() == Command::material ? QStringLiteral("Brick_BaseColor.png")
-                                               : QStringLiteral("Brick_basecolor.png");
+        return GetParam() == Command::material ? u"Brick_BaseColor.png"_s : u"Brick_basecolor.png"_s;
     }
     QString second() const {
-        return GetParam() == Command::material ? QStringLiteral("Brick_ORM.png")
-                                               : QStringLiteral("Brick_normal.png");
+        return GetParam() == Command::material ? u"Brick_ORM.png"_s : u"Brick_normal.png"_s;
     }
-    QString set() const { return output() + QStringLiteral("/Brick"); }
+    QString set() const { return output() + u"/Brick"_s; }
 
     static bool canMount() {
-        return run(QStringLiteral("unshare"),
-                   {QStringLiteral("-rm"), QStringLiteral("mount"), QStringLiteral("-t"),
-                    QStringLiteral("tmpfs"), QStringLiteral("none"), QStringLiteral("/mnt")})
-                   .status == 0;
+        return run(u"unshare"_s, {u"-rm"_s, u"mount"_s, u"-t"_s, u"tmpfs"_s, u"none"_s, u"/mnt"_s}).status ==
+               0;
     }
     /// Runs the program where `mount` has mounted something on the export folder, which is "$folder", for it
     /// alone. Its output ends with the names of all files of the set.
     Outcome runOnMounted(const QString& mount) const {
-        const QString inside = mount + QStringLiteral(
-                                           " && { \"$@\"; status=$?; "
-                                           "ls -A \"$folder/Brick\" 2>/dev/null; exit $status; }");
+        const QString inside = mount +
+                               u" && { \"$@\"; status=$?; "
+                               "ls -A \"$folder/Brick\" 2>/dev/null; exit $status; }"_s;
         return runCliThroughShell(
-            QStringLiteral("folder='%1' exec unshare -rm sh -c '%2' sh \"$@\"").arg(output(), inside),
-            words());
+            u"folder='%1' exec unshare -rm sh -c '%2' sh \"$@\""_s.arg(output(), inside), words());
     }
 
-    const QString good = writeImage(QStringLiteral("good.png"), patternedImage(512, 512, 1));
+    const QString good = writeImage(u"good.png"_s, patternedImage(512, 512, 1));
 };
 
 std::string failed(const QString& description) {
@@ -73,9 +67,9 @@ TEST_P(FailingDisk, WithoutSpaceForTheSecondFileKeepsTheFirst) {
     ASSERT_GT(whole[first()].size(), page);
     ASSERT_GT(whole[second()].size(), page);
     const Outcome outcome =
-        runOnMounted(QStringLiteral("mount -t tmpfs -o size=%1 none \"$folder\"").arg((pages + 1) * page));
+        runOnMounted(u"mount -t tmpfs -o size=%1 none \"$folder\""_s.arg((pages + 1) * page));
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.errors, failed(QStringLiteral("Could not write PNG: ") + second()));
+    EXPECT_EQ(outcome.errors, failed(u"Could not write PNG: "_s + second()));
     EXPECT_EQ(outcome.output, first().toStdString() + "\n");
 }
 
@@ -83,9 +77,9 @@ TEST_P(FailingDisk, WithoutAnySpaceLeavesAnEmptyFolder) {
     if (!canMount()) {
         GTEST_SKIP() << "this machine lets nobody mount a small disk; a limit on file sizes stands in";
     }
-    const Outcome outcome = runOnMounted(QStringLiteral("mount -t tmpfs -o size=4096 none \"$folder\""));
+    const Outcome outcome = runOnMounted(u"mount -t tmpfs -o size=4096 none \"$folder\""_s);
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.errors, failed(QStringLiteral("Could not write PNG: ") + first()));
+    EXPECT_EQ(outcome.errors, failed(u"Could not write PNG: "_s + first()));
     EXPECT_EQ(outcome.output, "");
 }
 
@@ -95,10 +89,10 @@ TEST_P(FailingDisk, MountedReadOnlyKeepsItsSet) {
     }
     ASSERT_EQ(runCli(words()).status, 0);
     const FolderContents before = contentsOf(set());
-    const Outcome outcome = runOnMounted(
-        QStringLiteral("mount --bind \"$folder\" \"$folder\" && mount -o remount,bind,ro \"$folder\""));
+    const Outcome outcome =
+        runOnMounted(u"mount --bind \"$folder\" \"$folder\" && mount -o remount,bind,ro \"$folder\""_s);
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.errors, failed(QStringLiteral("Could not create PNG image: ") + first()));
+    EXPECT_EQ(outcome.errors, failed(u"Could not create PNG image: "_s + first()));
     EXPECT_EQ(outcome.output, before.keys().join(u'\n').toStdString() + "\n");
     expectSame(contentsOf(set()), before);
     EXPECT_EQ(runCli(words()).status, 0);
@@ -108,18 +102,16 @@ TEST_P(FailingDisk, MountedReadOnlyTakesNoNewSet) {
     if (!canMount()) {
         GTEST_SKIP() << "this machine lets nobody mount a disk read-only";
     }
-    const Outcome outcome = runOnMounted(QStringLiteral("mount -t tmpfs -o ro none \"$folder\""));
+    const Outcome outcome = runOnMounted(u"mount -t tmpfs -o ro none \"$folder\""_s);
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.errors,
-              failed(QStringLiteral("Could not create folder: Brick (Read-only file system)")));
+    EXPECT_EQ(outcome.errors, failed(u"Could not create folder: Brick (Read-only file system)"_s));
 }
 
 TEST_P(FailingDisk, UnderALimitOfFileSizesLeavesAnEmptyFolder) {
-    const Outcome outcome =
-        runCliThroughShell(QStringLiteral("trap '' XFSZ; ulimit -f 1; exec \"$@\""), words());
+    const Outcome outcome = runCliThroughShell(u"trap '' XFSZ; ulimit -f 1; exec \"$@\""_s, words());
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, "");
-    EXPECT_EQ(outcome.errors, failed(QStringLiteral("Could not write PNG: ") + first()));
+    EXPECT_EQ(outcome.errors, failed(u"Could not write PNG: "_s + first()));
     EXPECT_EQ(contentsOf(set()).size(), 0);
     EXPECT_EQ(runCli(words()).status, 0);
 }
@@ -129,8 +121,7 @@ TEST_P(FailingDisk, TakesNoNameThatIsTooLong) {
     const Outcome outcome = runCli(words(name));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, "");
-    EXPECT_EQ(outcome.errors,
-              failed(QStringLiteral("Could not create folder: %1 (File name too long)").arg(name)));
+    EXPECT_EQ(outcome.errors, failed(u"Could not create folder: %1 (File name too long)"_s.arg(name)));
     EXPECT_TRUE(QDir(output()).isEmpty());
 }
 
@@ -139,22 +130,21 @@ TEST_P(FailingDisk, StopsAtTheFileWhoseNameIsTooLong) {
     const QString name(250, u'n');
     const Outcome outcome = runCli(words(name));
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.errors, failed(QStringLiteral("Could not create PNG image: ") + name +
-                                     first().sliced(QStringLiteral("Brick").size())));
+    EXPECT_EQ(outcome.errors,
+              failed(u"Could not create PNG image: "_s + name + first().sliced(u"Brick"_s.size())));
     EXPECT_EQ(contentsOf(output() + u'/' + name).size(), 0);
 }
 
 TEST_P(FailingDisk, ThatEndsTheProgramInTheMiddleOfAFileKeepsTheOldSet) {
     ASSERT_EQ(runCli(words()).status, 0);
     const FolderContents before = contentsOf(set());
-    writeImage(QStringLiteral("good.png"), patternedImage(512, 512, 2));
+    writeImage(u"good.png"_s, patternedImage(512, 512, 2));
     // The signal of a file that grows too large is deadly unless it is ignored.
-    EXPECT_EQ(runCliThroughShell(QStringLiteral("ulimit -c 0; ulimit -f 2; exec \"$@\""), words()).status,
-              -1);
+    EXPECT_EQ(runCliThroughShell(u"ulimit -c 0; ulimit -f 2; exec \"$@\""_s, words()).status, -1);
     FolderContents after = contentsOf(set());
     const QStringList names = after.keys();
-    EXPECT_GE(names.filter(QStringLiteral(".quarlin-")).size(), 1);
-    for (const QString& name : names.filter(QStringLiteral(".quarlin-"))) {
+    EXPECT_GE(names.filter(u".quarlin-"_s).size(), 1);
+    for (const QString& name : names.filter(u".quarlin-"_s)) {
         after.remove(name);
     }
     expectSame(after, before);

@@ -1,9 +1,11 @@
 #include "cli_test.h"
-#include "texture_processor.h"
+#include "engine/texture_processor.h"
 
 #include <QDir>
 
 #include <functional>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::tests;
@@ -12,21 +14,15 @@ namespace {
 
 class MapsCommand : public CliTest {
 protected:
-    const QString source = writeImage(QStringLiteral("Old Wood.png"), patternedImage(24, 16, 1));
+    const QString source = writeImage(u"Old Wood.png"_s, patternedImage(24, 16, 1));
 
     QStringList leastWords() const {
-        return {QStringLiteral("maps"),
-                QStringLiteral("--source"),
-                source,
-                QStringLiteral("--output"),
-                output(),
-                QStringLiteral("--size"),
-                QStringLiteral("base")};
+        return {u"maps"_s, u"--source"_s, source, u"--output"_s, output(), u"--size"_s, u"base"_s};
     }
 
     static NormalGeneratorSettings leastSettings() {
         NormalGeneratorSettings settings;
-        settings.materialName = QStringLiteral("Old Wood");
+        settings.materialName = u"Old Wood"_s;
         settings.outputResolution = OutputResolution::matchBase;
         return settings;
     }
@@ -34,7 +30,7 @@ protected:
     /// What the engine itself exports.
     FolderContents expected(const NormalGeneratorSettings& settings) const {
         const TextureProcessor processor{};
-        const QUrl parent = QUrl::fromLocalFile(path(QStringLiteral("expected")));
+        const QUrl parent = QUrl::fromLocalFile(path(u"expected"_s));
         const TextureAsset asset = processor.loadAsset(QUrl::fromLocalFile(source));
         const QString folder =
             processor.exportGeneratedNormalSet(asset, settings, parent).folderURL.toLocalFile();
@@ -58,28 +54,24 @@ TEST_F(MapsCommand, ReportsFolderAndFilesInWritingOrder) {
                                   "Wrote Old_Wood_orm.png\n"
                                   "Wrote Old_Wood.gltf\n"
                                   "Wrote Old_Wood_maps_notes.txt\n");
-    EXPECT_EQ(contentsOf(output() + QStringLiteral("/Old_Wood")).size(), 10);
+    EXPECT_EQ(contentsOf(output() + u"/Old_Wood"_s).size(), 10);
 }
 
 TEST_F(MapsCommand, WritesTwoMapsWhenAllElseIsOff) {
-    const Outcome outcome = runCli(
-        leastWords() + QStringLiteral("--no-height --no-roughness --no-gloss --no-metallic --no-ao --no-orm "
-                                      "--no-gltf --no-notes --json")
-                           .split(u' '));
+    const Outcome outcome = runCli(leastWords() +
+                                   u"--no-height --no-roughness --no-gloss --no-metallic --no-ao --no-orm "
+                                   "--no-gltf --no-notes --json"_s.split(u' '));
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output,
               "{\"folder\": \"" + output().toStdString() +
                   "/Old_Wood\", \"files\": [\"Old_Wood_basecolor.png\", \"Old_Wood_normal.png\"]}\n");
-    EXPECT_EQ(contentsOf(output() + QStringLiteral("/Old_Wood")).keys(),
-              (QStringList{QStringLiteral("Old_Wood_basecolor.png"), QStringLiteral("Old_Wood_normal.png")}));
+    EXPECT_EQ(contentsOf(output() + u"/Old_Wood"_s).keys(),
+              (QStringList{u"Old_Wood_basecolor.png"_s, u"Old_Wood_normal.png"_s}));
 }
 
 TEST_F(MapsCommand, MakesMapsOf2048PixelsUnlessTold) {
-    ASSERT_EQ(runCli({QStringLiteral("maps"), QStringLiteral("--source"), source, QStringLiteral("--output"),
-                      output()})
-                  .status,
-              0);
-    EXPECT_EQ(QImage(output() + QStringLiteral("/Old_Wood/Old_Wood_normal.png")).size(), QSize(2048, 2048));
+    ASSERT_EQ(runCli({u"maps"_s, u"--source"_s, source, u"--output"_s, output()}).status, 0);
+    EXPECT_EQ(QImage(output() + u"/Old_Wood/Old_Wood_normal.png"_s).size(), QSize(2048, 2048));
 }
 
 /// An option, and what it is to do to the least settings.
@@ -100,8 +92,8 @@ TEST_P(MapsSetting, GivesTheBytesOfTheEngine) {
 
     const QStringList words = QString::fromUtf8(GetParam().words).split(u' ');
     QStringList all = leastWords();
-    if (words.contains(QStringLiteral("--size"))) {
-        all.remove(all.indexOf(QStringLiteral("--size")), 2);
+    if (words.contains(u"--size"_s)) {
+        all.remove(all.indexOf(u"--size"_s), 2);
     }
     const Outcome outcome = runCli(all + words);
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
@@ -111,7 +103,7 @@ TEST_P(MapsSetting, GivesTheBytesOfTheEngine) {
 INSTANTIATE_TEST_SUITE_P(
     Options, MapsSetting,
     testing::Values(
-        MapsOption{"Name", "--name Größe", [](auto& s) { s.materialName = QStringLiteral("Größe"); }},
+        MapsOption{"Name", "--name Größe", [](auto& s) { s.materialName = u"Größe"_s; }},
         MapsOption{"EmptyName", "--name=", [](auto& s) { s.materialName.clear(); }},
         MapsOption{"Size", "--size 512", [](auto& s) { s.outputResolution = OutputResolution::px512; }},
         MapsOption{"StrengthLowest", "--strength 0.2", [](auto& s) { s.strength = 0.2; }},

@@ -1,11 +1,13 @@
 #include "cli_test.h"
-#include "texture_processor.h"
+#include "engine/texture_processor.h"
 
 #include <QDir>
 
 #include <gmock/gmock.h>
 
 #include <functional>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::tests;
@@ -15,25 +17,19 @@ namespace {
 /// A material with all its inputs, small enough to be exported often.
 class MaterialCommand : public CliTest {
 protected:
-    const QString baseColor = writeImage(QStringLiteral("Brick.Wall.png"), patternedImage(24, 16, 1));
-    const QString normal = writeImage(QStringLiteral("n.png"), patternedImage(24, 16, 2));
-    const QString occlusion = writeImage(QStringLiteral("o.png"), patternedImage(12, 8, 3));
-    const QString roughness = writeImage(QStringLiteral("r.png"), patternedImage(24, 16, 4));
-    const QString metallic = writeImage(QStringLiteral("m.png"), patternedImage(24, 16, 5));
+    const QString baseColor = writeImage(u"Brick.Wall.png"_s, patternedImage(24, 16, 1));
+    const QString normal = writeImage(u"n.png"_s, patternedImage(24, 16, 2));
+    const QString occlusion = writeImage(u"o.png"_s, patternedImage(12, 8, 3));
+    const QString roughness = writeImage(u"r.png"_s, patternedImage(24, 16, 4));
+    const QString metallic = writeImage(u"m.png"_s, patternedImage(24, 16, 5));
 
     QStringList leastWords() const {
-        return {QStringLiteral("material"),
-                QStringLiteral("--base-color"),
-                baseColor,
-                QStringLiteral("--output"),
-                output(),
-                QStringLiteral("--size"),
-                QStringLiteral("base")};
+        return {u"material"_s, u"--base-color"_s, baseColor, u"--output"_s, output(), u"--size"_s, u"base"_s};
     }
 
     static ConversionSettings leastSettings() {
         ConversionSettings settings;
-        settings.materialName = QStringLiteral("Brick.Wall");
+        settings.materialName = u"Brick.Wall"_s;
         settings.outputResolution = OutputResolution::matchBase;
         return settings;
     }
@@ -46,13 +42,13 @@ protected:
         for (const auto& [slot, file] : files) {
             textures.emplace(slot, processor.loadAsset(QUrl::fromLocalFile(file)));
         }
-        const QUrl parent = QUrl::fromLocalFile(path(QStringLiteral("expected")));
+        const QUrl parent = QUrl::fromLocalFile(path(u"expected"_s));
         return takenFrom(processor.exportMaterialSet(textures, settings, parent).folderURL.toLocalFile());
     }
 };
 
 TEST_F(MaterialCommand, ReportsFolderAndFilesInWritingOrder) {
-    const Outcome outcome = runCli(leastWords() + QStringList{QStringLiteral("--normal"), normal});
+    const Outcome outcome = runCli(leastWords() + QStringList{u"--normal"_s, normal});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
     EXPECT_EQ(outcome.output, "Export complete: " + output().toStdString() +
@@ -65,9 +61,7 @@ TEST_F(MaterialCommand, ReportsFolderAndFilesInWritingOrder) {
 }
 
 TEST_F(MaterialCommand, ReportsAsJson) {
-    const Outcome outcome =
-        runCli(leastWords() + QStringList{QStringLiteral("--json"), QStringLiteral("--name"),
-                                          QStringLiteral("Größe \"1\"")});
+    const Outcome outcome = runCli(leastWords() + QStringList{u"--json"_s, u"--name"_s, u"Größe \"1\""_s});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
     EXPECT_EQ(outcome.output,
@@ -78,57 +72,46 @@ TEST_F(MaterialCommand, ReportsAsJson) {
 
 TEST_F(MaterialCommand, WritesTheFilesItReportsAndNoOthers) {
     ASSERT_EQ(runCli(leastWords()).status, 0);
-    EXPECT_EQ(
-        contentsOf(output() + QStringLiteral("/Brick_Wall")).keys(),
-        (QStringList{QStringLiteral("Brick_Wall.gltf"), QStringLiteral("Brick_Wall_BaseColor.png"),
-                     QStringLiteral("Brick_Wall_ORM.png"), QStringLiteral("Brick_Wall_SL_PBR_notes.txt")}));
+    EXPECT_EQ(contentsOf(output() + u"/Brick_Wall"_s).keys(),
+              (QStringList{u"Brick_Wall.gltf"_s, u"Brick_Wall_BaseColor.png"_s, u"Brick_Wall_ORM.png"_s,
+                           u"Brick_Wall_SL_PBR_notes.txt"_s}));
     EXPECT_EQ(QDir(output()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-              QStringList{QStringLiteral("Brick_Wall")});
+              QStringList{u"Brick_Wall"_s});
 }
 
 TEST_F(MaterialCommand, MakesMapsOf2048PixelsUnlessTold) {
-    ASSERT_EQ(runCli({QStringLiteral("material"), QStringLiteral("--base-color"), baseColor,
-                      QStringLiteral("--output"), output()})
-                  .status,
-              0);
-    EXPECT_EQ(QImage(output() + QStringLiteral("/Brick_Wall/Brick_Wall_ORM.png")).size(), QSize(2048, 2048));
+    ASSERT_EQ(runCli({u"material"_s, u"--base-color"_s, baseColor, u"--output"_s, output()}).status, 0);
+    EXPECT_EQ(QImage(output() + u"/Brick_Wall/Brick_Wall_ORM.png"_s).size(), QSize(2048, 2048));
 }
 
 TEST_F(MaterialCommand, TakesPathsRelativeToTheWorkingDirectory) {
-    const Outcome outcome =
-        runCli({QStringLiteral("material"), QStringLiteral("--base-color"),
-                QStringLiteral("./Brick.Wall.png"), QStringLiteral("--size"), QStringLiteral("base"),
-                QStringLiteral("--output"), QStringLiteral("deep/er/../in")},
-               path({}));
+    const Outcome outcome = runCli({u"material"_s, u"--base-color"_s, u"./Brick.Wall.png"_s, u"--size"_s,
+                                    u"base"_s, u"--output"_s, u"deep/er/../in"_s},
+                                   path({}));
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.output,
-                testing::StartsWith(
-                    "Export complete: " + path(QStringLiteral("deep/in/Brick_Wall")).toStdString() + "\n"));
+    EXPECT_THAT(
+        outcome.output,
+        testing::StartsWith("Export complete: " + path(u"deep/in/Brick_Wall"_s).toStdString() + "\n"));
 }
 
 TEST_F(MaterialCommand, WritesOverAnEarlierSet) {
     ASSERT_EQ(runCli(leastWords()).status, 0);
-    const FolderContents first = contentsOf(output() + QStringLiteral("/Brick_Wall"));
-    ASSERT_EQ(
-        runCli(leastWords() + QStringList{QStringLiteral("--default-metallic"), QStringLiteral("1")}).status,
-        0);
-    const FolderContents second = contentsOf(output() + QStringLiteral("/Brick_Wall"));
+    const FolderContents first = contentsOf(output() + u"/Brick_Wall"_s);
+    ASSERT_EQ(runCli(leastWords() + QStringList{u"--default-metallic"_s, u"1"_s}).status, 0);
+    const FolderContents second = contentsOf(output() + u"/Brick_Wall"_s);
     EXPECT_EQ(first.keys(), second.keys());
     EXPECT_TRUE(first != second);
 }
 
 TEST_F(MaterialCommand, ExportsOntoItsOwnInputs) {
-    const QString set = output() + QStringLiteral("/Brick_Wall/");
+    const QString set = output() + u"/Brick_Wall/"_s;
     ASSERT_EQ(runCli(leastWords()).status, 0);
     const FolderContents first = contentsOf(set);
     const Outcome outcome =
-        runCli({QStringLiteral("material"), QStringLiteral("--base-color"),
-                set + QStringLiteral("Brick_Wall_BaseColor.png"), QStringLiteral("--name"),
-                QStringLiteral("Brick_Wall"), QStringLiteral("--size"), QStringLiteral("base"),
-                QStringLiteral("--output"), output()});
+        runCli({u"material"_s, u"--base-color"_s, set + u"Brick_Wall_BaseColor.png"_s, u"--name"_s,
+                u"Brick_Wall"_s, u"--size"_s, u"base"_s, u"--output"_s, output()});
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
-    EXPECT_EQ(contentsOf(set)[QStringLiteral("Brick_Wall_BaseColor.png")],
-              first[QStringLiteral("Brick_Wall_BaseColor.png")]);
+    EXPECT_EQ(contentsOf(set)[u"Brick_Wall_BaseColor.png"_s], first[u"Brick_Wall_BaseColor.png"_s]);
 }
 
 /// An option, and what it is to do to the least settings or inputs.
@@ -144,10 +127,10 @@ TEST_P(MaterialSetting, GivesTheBytesOfTheEngine) {
     // With one input of each kind that a setting acts on; a default acts where an input is missing.
     std::map<TextureSlotKind, QString> files{{TextureSlotKind::baseColor, baseColor},
                                              {TextureSlotKind::normal, normal}};
-    QStringList words = leastWords() + QStringList{QStringLiteral("--normal"), normal};
-    if (GetParam().words.contains(QStringLiteral("--gloss"))) {
+    QStringList words = leastWords() + QStringList{u"--normal"_s, normal};
+    if (GetParam().words.contains(u"--gloss"_s)) {
         files[TextureSlotKind::roughness] = roughness;
-        words += {QStringLiteral("--roughness"), roughness};
+        words += {u"--roughness"_s, roughness};
     }
     ConversionSettings settings = leastSettings();
     const FolderContents unchanged = expected(settings, files);
@@ -156,8 +139,8 @@ TEST_P(MaterialSetting, GivesTheBytesOfTheEngine) {
     ASSERT_TRUE(wanted != unchanged);
 
     // A size is given once, so the least words make way for another one.
-    if (GetParam().words.contains(QStringLiteral("--size"))) {
-        words.remove(words.indexOf(QStringLiteral("--size")), 2);
+    if (GetParam().words.contains(u"--size"_s)) {
+        words.remove(words.indexOf(u"--size"_s), 2);
     }
     const Outcome outcome = runCli(words + GetParam().words);
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
@@ -170,11 +153,10 @@ INSTANTIATE_TEST_SUITE_P(
     Options, MaterialSetting,
     testing::Values(
         MaterialOption{"Name",
-                       {QStringLiteral("--name"), QStringLiteral("  Old brick / 2 ")},
-                       [](auto& s) { s.materialName = QStringLiteral("  Old brick / 2 "); }},
-        MaterialOption{"EmptyName", {QStringLiteral("--name"), {}}, [](auto& s) { s.materialName.clear(); }},
-        MaterialOption{"EmojiName", words("--name a😀b"),
-                       [](auto& s) { s.materialName = QStringLiteral("a😀b"); }},
+                       {u"--name"_s, u"  Old brick / 2 "_s},
+                       [](auto& s) { s.materialName = u"  Old brick / 2 "_s; }},
+        MaterialOption{"EmptyName", {u"--name"_s, {}}, [](auto& s) { s.materialName.clear(); }},
+        MaterialOption{"EmojiName", words("--name a😀b"), [](auto& s) { s.materialName = u"a😀b"_s; }},
         MaterialOption{"Size", words("--size 512"),
                        [](auto& s) { s.outputResolution = OutputResolution::px512; }},
         MaterialOption{"Gloss", words("--gloss"), [](auto& s) { s.roughnessInputIsGloss = true; }},
@@ -199,16 +181,15 @@ TEST_F(MaterialCommand, PutsEveryInputIntoItsChannel) {
                                                              {TextureSlotKind::roughness, roughness},
                                                              {TextureSlotKind::metallic, metallic}});
     const Outcome outcome =
-        runCli(leastWords() +
-               QStringList{QStringLiteral("--metallic"), metallic, QStringLiteral("--roughness"), roughness,
-                           QStringLiteral("--occlusion"), occlusion, QStringLiteral("--normal"), normal});
+        runCli(leastWords() + QStringList{u"--metallic"_s, metallic, u"--roughness"_s, roughness,
+                                          u"--occlusion"_s, occlusion, u"--normal"_s, normal});
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
-    expectSame(contentsOf(output() + QStringLiteral("/Brick_Wall")), wanted);
+    expectSame(contentsOf(output() + u"/Brick_Wall"_s), wanted);
 }
 
 TEST_F(MaterialCommand, PacksTheDefaultsWhereInputsAreMissing) {
     ASSERT_EQ(runCli(leastWords()).status, 0);
-    const QImage orm(output() + QStringLiteral("/Brick_Wall/Brick_Wall_ORM.png"));
+    const QImage orm(output() + u"/Brick_Wall/Brick_Wall_ORM.png"_s);
     EXPECT_EQ(orm.size(), QSize(24, 16));
     EXPECT_EQ(orm.pixel(0, 0), qRgb(255, 166, 0));
     EXPECT_EQ(orm.pixel(23, 15), qRgb(255, 166, 0));
@@ -216,9 +197,8 @@ TEST_F(MaterialCommand, PacksTheDefaultsWhereInputsAreMissing) {
 
 TEST_F(MaterialCommand, TakesANegativeZeroForZero) {
     ASSERT_EQ(runCli(leastWords() + words("--default-metallic -0")).status, 0);
-    EXPECT_TRUE(
-        contentsOf(output() + QStringLiteral("/Brick_Wall"))[QStringLiteral("Brick_Wall_SL_PBR_notes.txt")]
-            .contains("\nDefault metallic: 0%\n"));
+    EXPECT_TRUE(contentsOf(output() + u"/Brick_Wall"_s)[u"Brick_Wall_SL_PBR_notes.txt"_s].contains(
+        "\nDefault metallic: 0%\n"));
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include "batch_test.h"
 
-#include "progress_bar.h"
+#include "cli/report/progress_bar.h"
 
 #include <gmock/gmock.h>
 

@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin::tests;
 using testing::HasSubstr;
 using testing::StartsWith;
@@ -13,14 +15,14 @@ namespace {
 class Usage : public CliTest {};
 
 TEST_F(Usage, VersionIsOneLine) {
-    const Outcome outcome = runCli({QStringLiteral("--version")});
+    const Outcome outcome = runCli({u"--version"_s});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output, "quarlin-cli " QUARLIN_VERSION "\n");
     EXPECT_EQ(outcome.errors, "");
 }
 
 TEST_F(Usage, HelpNamesTheCommands) {
-    const Outcome outcome = runCli({QStringLiteral("--help")});
+    const Outcome outcome = runCli({u"--help"_s});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
     EXPECT_THAT(outcome.output, StartsWith("Usage: quarlin-cli COMMAND [OPTION...]\n"));
@@ -38,7 +40,7 @@ class CommandHelp : public testing::TestWithParam<CommandWords> {};
 
 TEST_P(CommandHelp, NamesEveryOption) {
     const QString command = QString::fromLatin1(GetParam().name);
-    const Outcome outcome = runCli({command, QStringLiteral("--help")});
+    const Outcome outcome = runCli({command, u"--help"_s});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
     EXPECT_THAT(outcome.output, StartsWith("Usage: quarlin-cli " + command.toStdString() + " --"));
@@ -92,17 +94,17 @@ class WordsThatAreOff : public CliTest, public testing::WithParamInterface<BadWo
 
 TEST_P(WordsThatAreOff, AreRejectedBeforeAnyWork) {
     const BadWords& bad = GetParam();
-    writeGrey(QStringLiteral("in.png"), 128);
+    writeGray(u"in.png"_s, 128);
     QStringList words;
     for (const QString& word : QString::fromLatin1(bad.words).split(u' ', Qt::SkipEmptyParts)) {
-        words += word == QStringLiteral("''") ? QString() : word;
+        words += word == u"''"_s ? QString() : word;
     }
     const Outcome outcome = runCli(words, path({}));
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.output, "");
     EXPECT_EQ(outcome.errors,
               std::string("quarlin-cli: ") + bad.message + "\nTry 'quarlin-cli " + bad.help + "--help'.\n");
-    EXPECT_FALSE(QDir(path(QStringLiteral("out"))).exists());
+    EXPECT_FALSE(QDir(path(u"out"_s)).exists());
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -5,47 +5,48 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin;
 
 namespace {
 
-const QUrl file = QUrl::fromLocalFile(QStringLiteral("/tmp/a/notes.txt"));
+const QUrl file = QUrl::fromLocalFile(u"/tmp/a/notes.txt"_s);
 
 TEST(ErrorTexts, NameTheFileButNeverItsFolder) {
     EXPECT_EQ(TextureProcessorError::cannotReadImage(file).errorDescription(),
-              QStringLiteral("Could not read image: notes.txt"));
+              u"Could not read image: notes.txt"_s);
     EXPECT_EQ(TextureProcessorError::cannotCreatePNG(file).errorDescription(),
-              QStringLiteral("Could not create PNG image: notes.txt"));
+              u"Could not create PNG image: notes.txt"_s);
     EXPECT_EQ(TextureProcessorError::cannotWritePNG(file).errorDescription(),
-              QStringLiteral("Could not write PNG: notes.txt"));
+              u"Could not write PNG: notes.txt"_s);
     EXPECT_EQ(TextureProcessorError::cannotWriteText(file).errorDescription(),
-              QStringLiteral("Could not write file: notes.txt"));
+              u"Could not write file: notes.txt"_s);
 }
 
 TEST(ErrorTexts, SayWhatIsMissing) {
     EXPECT_EQ(TextureProcessorError::missingBaseColor().errorDescription(),
-              QStringLiteral("Base Color texture is required."));
+              u"Base Color texture is required."_s);
     EXPECT_EQ(TextureProcessorError::missingDiffuseTexture().errorDescription(),
-              QStringLiteral("Diffuse/Base texture is required."));
+              u"Diffuse/Base texture is required."_s);
     EXPECT_EQ(TextureProcessorError::missingNormalSource().errorDescription(),
-              QStringLiteral("Source texture is required."));
+              u"Source texture is required."_s);
     EXPECT_EQ(TextureProcessorError::cannotCreateBitmap().errorDescription(),
-              QStringLiteral("Could not create bitmap buffer."));
+              u"Could not create bitmap buffer."_s);
 }
 
 TEST(ErrorTexts, KeepNamesAsTheyAre) {
-    for (const QString& name : {QStringLiteral("my file #1%20.png"), QStringLiteral("Gr\u00f6\u00dfe?.png"),
-                                QStringLiteral(".hidden")}) {
-        EXPECT_EQ(TextureProcessorError::cannotReadImage(QUrl::fromLocalFile(QStringLiteral("/a b/") + name))
-                      .errorDescription(),
-                  QStringLiteral("Could not read image: ") + name);
+    for (const QString& name : {u"my file #1%20.png"_s, u"Gr\u00f6\u00dfe?.png"_s, u".hidden"_s}) {
+        EXPECT_EQ(
+            TextureProcessorError::cannotReadImage(QUrl::fromLocalFile(u"/a b/"_s + name)).errorDescription(),
+            u"Could not read image: "_s + name);
     }
 }
 
 TEST(ErrorTexts, NameAFolderByItsLastComponent) {
-    EXPECT_EQ(TextureProcessorError::cannotReadImage(QUrl::fromLocalFile(QStringLiteral("/tmp/textures/")))
-                  .errorDescription(),
-              QStringLiteral("Could not read image: textures"));
+    EXPECT_EQ(
+        TextureProcessorError::cannotReadImage(QUrl::fromLocalFile(u"/tmp/textures/"_s)).errorDescription(),
+        u"Could not read image: textures"_s);
 }
 
 TEST(ErrorTexts, ErrorsCarryTheirFile) {
@@ -56,11 +57,11 @@ TEST(ErrorTexts, ErrorsCarryTheirFile) {
 }
 
 TEST(ErrorTexts, AFileSystemErrorIsNoTextureProcessorError) {
-    const FileSystemError error(QUrl::fromLocalFile(QStringLiteral("/out/Brick")), "Not a directory");
+    const FileSystemError error(QUrl::fromLocalFile(u"/out/Brick"_s), "Not a directory");
     const EngineError& general = error;
     EXPECT_EQ(dynamic_cast<const TextureProcessorError*>(&general), nullptr);
-    EXPECT_TRUE(error.errorDescription().contains(QStringLiteral("Brick")));
-    EXPECT_TRUE(error.errorDescription().contains(QStringLiteral("Not a directory")));
+    EXPECT_TRUE(error.errorDescription().contains(u"Brick"_s));
+    EXPECT_TRUE(error.errorDescription().contains(u"Not a directory"_s));
 }
 
 }  // namespace

@@ -13,6 +13,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin;
 using namespace quarlin::fixtures;
 using testing::ElementsAre;
@@ -23,7 +25,7 @@ class ImageOutput : public testing::Test {
 protected:
     const TextureProcessor processor{};
     const TemporaryFolder folder;
-    const QUrl file = folder.url(QStringLiteral("out.png"));
+    const QUrl file = folder.url(u"out.png"_s);
 };
 
 TEST_F(ImageOutput, IsAnEightBitRgbaPngTaggedSrgb) {
@@ -32,7 +34,7 @@ TEST_F(ImageOutput, IsAnEightBitRgbaPngTaggedSrgb) {
     EXPECT_EQ(png.width, 37U);
     EXPECT_EQ(png.height, 21U);
     EXPECT_EQ(png.bitDepth, 8);
-    EXPECT_EQ(png.colourType, 6);
+    EXPECT_EQ(png.colorType, 6);
     EXPECT_EQ(png.compression, 0);
     EXPECT_EQ(png.filter, 0);
     EXPECT_EQ(png.interlace, 0);
@@ -40,7 +42,7 @@ TEST_F(ImageOutput, IsAnEightBitRgbaPngTaggedSrgb) {
     EXPECT_EQ(png.renderingIntent, QByteArray(1, '\0'));
 }
 
-TEST_F(ImageOutput, HoldsNothingButTheImageAndItsColourSpace) {
+TEST_F(ImageOutput, HoldsNothingButTheImageAndItsColorSpace) {
     for (const auto& [width, height] : {std::pair{1, 1}, {64, 64}, {700, 900}}) {
         processor.writePNG(pixelImage(noisePicture(width, height, 2)), file);
         QByteArrayList chunks = inspectPng(readFile(file)).chunks;
@@ -111,10 +113,10 @@ TEST_F(ImageOutput, NoiseGrowsByLittle) {
     EXPECT_LT(readFile(file).size(), 512 * 512 * 4 * 102 / 100);
 }
 
-TEST_F(ImageOutput, EveryPremultipliedColourComesBack) {
-    // All pairs of an alpha and a colour not above it.
-    const Picture premultipliedPairs = drawnPicture(256, 256, [](int colour, int alpha) {
-        const auto byte = static_cast<std::uint8_t>(std::min(colour, alpha));
+TEST_F(ImageOutput, EveryPremultipliedColorComesBack) {
+    // All pairs of an alpha and a color not above it.
+    const Picture premultipliedPairs = drawnPicture(256, 256, [](int color, int alpha) {
+        const auto byte = static_cast<std::uint8_t>(std::min(color, alpha));
         return Rgba{byte, static_cast<std::uint8_t>(alpha - byte), byte, static_cast<std::uint8_t>(alpha)};
     });
     const PixelImage image{256, 256, {premultipliedPairs.bytes.begin(), premultipliedPairs.bytes.end()}};
@@ -136,7 +138,7 @@ TEST_F(ImageOutput, AlphaIsStraightAndRounded) {
     EXPECT_EQ(picture.at(2, 0), (Rgba{0, 10, 200, 255}));
 }
 
-TEST_F(ImageOutput, TransparentPixelsHoldNoColour) {
+TEST_F(ImageOutput, TransparentPixelsHoldNoColor) {
     processor.writePNG(PixelImage{2, 1, PixelBuffer{0, 0, 0, 0, 0, 0, 0, 255}}, file);
     EXPECT_EQ(readPng(file), (Picture{2, 1, {0, 0, 0, 0, 0, 0, 0, 255}}));
 }
@@ -163,7 +165,7 @@ TEST_F(ImageOutput, ReplacesAnOlderFile) {
     processor.writePNG(pixelImage(noisePicture(64, 64, 8)), file);
     processor.writePNG(pixelImage(smoothPicture(5, 5)), file);
     EXPECT_EQ(readPng(file), smoothPicture(5, 5));
-    EXPECT_EQ(folder.names(), QStringList{QStringLiteral("out.png")});
+    EXPECT_EQ(folder.names(), QStringList{u"out.png"_s});
 }
 
 TEST_F(ImageOutput, ANewFileHasOrdinaryPermissions) {
@@ -176,9 +178,8 @@ TEST_F(ImageOutput, ANewFileHasOrdinaryPermissions) {
 }
 
 TEST_F(ImageOutput, FileNamesAreTakenLiterally) {
-    for (const QString& name : {QStringLiteral("a[strip].png"), QStringLiteral("b:2.png"),
-                                QStringLiteral("100%.png"), QStringLiteral("d \u00fc\u7816.png"),
-                                QStringLiteral("e#f?g.png"), QStringLiteral("no extension")}) {
+    for (const QString& name : {u"a[strip].png"_s, u"b:2.png"_s, u"100%.png"_s, u"d \u00fc\u7816.png"_s,
+                                u"e#f?g.png"_s, u"no extension"_s}) {
         processor.writePNG(pixelImage(smoothPicture(5, 5)), folder.url(name));
         EXPECT_EQ(readPng(folder.url(name)), smoothPicture(5, 5)) << name.toStdString();
     }
@@ -196,7 +197,7 @@ TEST_F(ImageOutput, WhatIsNoImageCanNotBecomeAPng) {
                   TextureProcessorError::cannotCreatePNG(file));
     }
     EXPECT_EQ(readFile(file), "older");
-    EXPECT_EQ(folder.names(), QStringList{QStringLiteral("out.png")});
+    EXPECT_EQ(folder.names(), QStringList{u"out.png"_s});
 }
 
 class FailedImageOutput : public ImageOutput {
@@ -210,27 +211,26 @@ protected:
 };
 
 TEST_F(FailedImageOutput, AMissingFolderCanNotBeWrittenInto) {
-    const QUrl target = folder.url(QStringLiteral("no/where.png"));
+    const QUrl target = folder.url(u"no/where.png"_s);
     EXPECT_EQ(errorOfWriting(target), TextureProcessorError::cannotCreatePNG(target));
-    EXPECT_EQ(errorOfWriting(target)->errorDescription(),
-              QStringLiteral("Could not create PNG image: where.png"));
+    EXPECT_EQ(errorOfWriting(target)->errorDescription(), u"Could not create PNG image: where.png"_s);
 }
 
 TEST_F(FailedImageOutput, AFileInThePlaceOfTheFolderCanNotBeWrittenInto) {
-    writeFile(folder.url(QStringLiteral("file")), "x");
-    const QUrl target = folder.url(QStringLiteral("file/out.png"));
+    writeFile(folder.url(u"file"_s), "x");
+    const QUrl target = folder.url(u"file/out.png"_s);
     EXPECT_EQ(errorOfWriting(target), TextureProcessorError::cannotCreatePNG(target));
 }
 
 TEST_F(FailedImageOutput, AFolderInThePlaceOfTheFileCanNotBeOpenedForWriting) {
-    folder.makeFolder(QStringLiteral("out.png/inside"));
+    folder.makeFolder(u"out.png/inside"_s);
     EXPECT_EQ(errorOfWriting(file), TextureProcessorError::cannotCreatePNG(file));
-    EXPECT_EQ(folder.names(), QStringList{QStringLiteral("out.png")});
-    EXPECT_EQ(folder.names(QStringLiteral("out.png")), QStringList{QStringLiteral("inside")});
+    EXPECT_EQ(folder.names(), QStringList{u"out.png"_s});
+    EXPECT_EQ(folder.names(u"out.png"_s), QStringList{u"inside"_s});
 }
 
 TEST_F(FailedImageOutput, AnEmptyFolderInThePlaceOfTheFileStays) {
-    folder.makeFolder(QStringLiteral("out.png"));
+    folder.makeFolder(u"out.png"_s);
     EXPECT_EQ(errorOfWriting(file), TextureProcessorError::cannotCreatePNG(file));
     EXPECT_TRUE(QFileInfo(file.toLocalFile()).isDir());
 }
@@ -238,7 +238,7 @@ TEST_F(FailedImageOutput, AnEmptyFolderInThePlaceOfTheFileStays) {
 TEST_F(FailedImageOutput, AFullDiskCanNotCompleteTheFile) {
     const FullDisk limit(4096);
     EXPECT_EQ(errorOfWriting(file), TextureProcessorError::cannotWritePNG(file));
-    EXPECT_EQ(errorOfWriting(file)->errorDescription(), QStringLiteral("Could not write PNG: out.png"));
+    EXPECT_EQ(errorOfWriting(file)->errorDescription(), u"Could not write PNG: out.png"_s);
     EXPECT_EQ(folder.names(), QStringList());
 }
 
@@ -250,7 +250,7 @@ TEST_F(FailedImageOutput, KeepsTheOlderFile) {
         EXPECT_EQ(errorOfWriting(file), TextureProcessorError::cannotWritePNG(file));
     }
     EXPECT_EQ(readFile(file), before);
-    EXPECT_EQ(folder.names(), QStringList{QStringLiteral("out.png")});
+    EXPECT_EQ(folder.names(), QStringList{u"out.png"_s});
 }
 
 TEST_F(FailedImageOutput, AReadOnlyFolderCanNotBeWrittenInto) {
@@ -261,12 +261,12 @@ TEST_F(FailedImageOutput, AReadOnlyFolderCanNotBeWrittenInto) {
     {
         const OrdinaryUser user;
         ASSERT_TRUE(user.works());
-        const QUrl other = folder.url(QStringLiteral("other.png"));
+        const QUrl other = folder.url(u"other.png"_s);
         EXPECT_EQ(errorOfWriting(other), TextureProcessorError::cannotCreatePNG(other));
     }
     ASSERT_EQ(chmod(path.constData(), 0755), 0);
     EXPECT_EQ(readFile(file), before);
-    EXPECT_EQ(folder.names(), QStringList{QStringLiteral("out.png")});
+    EXPECT_EQ(folder.names(), QStringList{u"out.png"_s});
 }
 
 }  // namespace

@@ -5,12 +5,14 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin;
 using namespace quarlin::fixtures;
 
 namespace {
 
-const QUrl anywhere = QUrl::fromLocalFile(QStringLiteral("/out/Brick_ORM.png"));
+const QUrl anywhere = QUrl::fromLocalFile(u"/out/Brick_ORM.png"_s);
 
 TEST(OnScreenImage, ShowsThePixels) {
     const TextureProcessor processor{};
@@ -40,7 +42,7 @@ TEST(OnScreenImage, AFailedPreviewIsNamedPreview) {
         const auto error = errorOf([&] { return processor.makeNSImage(none); });
         ASSERT_TRUE(error);
         EXPECT_EQ(error->kind(), TextureProcessorError::Case::cannotCreatePNG);
-        EXPECT_EQ(error->errorDescription(), QStringLiteral("Could not create PNG image: Preview.png"));
+        EXPECT_EQ(error->errorDescription(), u"Could not create PNG image: Preview.png"_s);
     }
 }
 

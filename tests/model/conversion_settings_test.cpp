@@ -1,4 +1,4 @@
-#include "conversion_settings.h"
+#include "model/conversion_settings.h"
 
 #include "qstring_printing.h"
 
@@ -7,13 +7,15 @@
 #include <functional>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin;
 
 namespace {
 
 TEST(ConversionSettings, FreshValuesCarryTheDefaults) {
     const ConversionSettings settings;
-    EXPECT_EQ(settings.materialName, QStringLiteral("VOREK_PBR_Material"));
+    EXPECT_EQ(settings.materialName, u"VOREK_PBR_Material"_s);
     EXPECT_EQ(settings.outputResolution, OutputResolution::px2048);
     EXPECT_FALSE(settings.flipNormalGreen);
     EXPECT_FALSE(settings.roughnessInputIsGloss);
@@ -25,9 +27,9 @@ TEST(ConversionSettings, FreshValuesCarryTheDefaults) {
 }
 
 TEST(ConversionSettings, AreBuiltFromNineFieldsInOrder) {
-    const ConversionSettings settings{
-        QStringLiteral("Brick"), OutputResolution::px512, true, true, 0.1, 0.2, 0.3, false, false};
-    EXPECT_EQ(settings.materialName, QStringLiteral("Brick"));
+    const ConversionSettings settings{u"Brick"_s, OutputResolution::px512, true, true, 0.1, 0.2, 0.3, false,
+                                      false};
+    EXPECT_EQ(settings.materialName, u"Brick"_s);
     EXPECT_EQ(settings.outputResolution, OutputResolution::px512);
     EXPECT_TRUE(settings.flipNormalGreen);
     EXPECT_TRUE(settings.roughnessInputIsGloss);
@@ -42,7 +44,7 @@ TEST(ConversionSettings, TwoDefaultsAreEqual) { EXPECT_EQ(ConversionSettings(), 
 
 TEST(ConversionSettings, AChangeOfAnyOneFieldMakesThemUnequal) {
     const std::vector<std::function<void(ConversionSettings&)>> changes{
-        [](auto& settings) { settings.materialName = QStringLiteral("Other"); },
+        [](auto& settings) { settings.materialName = u"Other"_s; },
         [](auto& settings) { settings.outputResolution = OutputResolution::px512; },
         [](auto& settings) { settings.flipNormalGreen = true; },
         [](auto& settings) { settings.roughnessInputIsGloss = true; },
@@ -69,17 +71,17 @@ TEST(ConversionSettings, ClampNothing) {
 
 TEST(ConversionSettings, CleanTheirMaterialName) {
     ConversionSettings settings;
-    settings.materialName = QStringLiteral("  My Brick.Wall  ");
-    EXPECT_EQ(settings.safeMaterialName(), QStringLiteral("My_Brick_Wall"));
-    EXPECT_EQ(settings.materialName, QStringLiteral("  My Brick.Wall  "));
+    settings.materialName = u"  My Brick.Wall  "_s;
+    EXPECT_EQ(settings.safeMaterialName(), u"My_Brick_Wall"_s);
+    EXPECT_EQ(settings.materialName, u"  My Brick.Wall  "_s);
 }
 
 TEST(ConversionSettings, AnEmptyNameBecomesTheDefault) {
     ConversionSettings settings;
     settings.materialName = QString();
-    EXPECT_EQ(settings.safeMaterialName(), QStringLiteral("VOREK_PBR_Material"));
-    settings.materialName = QStringLiteral("   ");
-    EXPECT_EQ(settings.safeMaterialName(), QStringLiteral("VOREK_PBR_Material"));
+    EXPECT_EQ(settings.safeMaterialName(), u"VOREK_PBR_Material"_s);
+    settings.materialName = u"   "_s;
+    EXPECT_EQ(settings.safeMaterialName(), u"VOREK_PBR_Material"_s);
 }
 
 }  // namespace

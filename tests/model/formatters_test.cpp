@@ -1,8 +1,10 @@
-#include "formatters.h"
+#include "model/formatters.h"
 
 #include <QLocale>
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 using quarlin::Formatters::decimalLabel;
 using quarlin::Formatters::percentLabel;
@@ -16,57 +18,57 @@ protected:
 };
 
 TEST_F(PercentLabel, ShowsWholePercentagesOnly) {
-    QLocale::setDefault(QLocale(QStringLiteral("en_US")));
-    EXPECT_EQ(percentLabel(0.65), QStringLiteral("65%"));
-    EXPECT_EQ(percentLabel(0.0), QStringLiteral("0%"));
-    EXPECT_EQ(percentLabel(1.0), QStringLiteral("100%"));
-    EXPECT_EQ(percentLabel(0.4567), QStringLiteral("46%"));
+    QLocale::setDefault(QLocale(u"en_US"_s));
+    EXPECT_EQ(percentLabel(0.65), u"65%"_s);
+    EXPECT_EQ(percentLabel(0.0), u"0%"_s);
+    EXPECT_EQ(percentLabel(1.0), u"100%"_s);
+    EXPECT_EQ(percentLabel(0.4567), u"46%"_s);
 }
 
-TEST_F(PercentLabel, RoundsHalvesToTheEvenNeighbour) {
-    QLocale::setDefault(QLocale(QStringLiteral("en_US")));
-    EXPECT_EQ(percentLabel(0.655), QStringLiteral("66%"));
-    EXPECT_EQ(percentLabel(0.645), QStringLiteral("64%"));
-    EXPECT_EQ(percentLabel(0.005), QStringLiteral("0%"));
-    EXPECT_EQ(percentLabel(0.015), QStringLiteral("2%"));
+TEST_F(PercentLabel, RoundsHalvesToTheEvenNeighbor) {
+    QLocale::setDefault(QLocale(u"en_US"_s));
+    EXPECT_EQ(percentLabel(0.655), u"66%"_s);
+    EXPECT_EQ(percentLabel(0.645), u"64%"_s);
+    EXPECT_EQ(percentLabel(0.005), u"0%"_s);
+    EXPECT_EQ(percentLabel(0.015), u"2%"_s);
 }
 
 TEST_F(PercentLabel, ShowsEveryWholePercentageAsItself) {
-    QLocale::setDefault(QLocale(QStringLiteral("en_US")));
+    QLocale::setDefault(QLocale(u"en_US"_s));
     for (int percent = 0; percent <= 100; ++percent) {
         EXPECT_EQ(percentLabel(percent / 100.0), QString::number(percent) + u'%');
     }
 }
 
 TEST_F(PercentLabel, ClampsNothing) {
-    QLocale::setDefault(QLocale(QStringLiteral("en_US")));
-    EXPECT_EQ(percentLabel(1.7), QStringLiteral("170%"));
-    EXPECT_EQ(percentLabel(-0.25), QStringLiteral("-25%"));
+    QLocale::setDefault(QLocale(u"en_US"_s));
+    EXPECT_EQ(percentLabel(1.7), u"170%"_s);
+    EXPECT_EQ(percentLabel(-0.25), u"-25%"_s);
 }
 
 TEST_F(PercentLabel, FollowsAChangeOfTheLocale) {
-    QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
-    EXPECT_EQ(percentLabel(0.18), QStringLiteral("18\u00a0%"));
-    QLocale::setDefault(QLocale(QStringLiteral("en_US")));
-    EXPECT_EQ(percentLabel(0.18), QStringLiteral("18%"));
+    QLocale::setDefault(QLocale(u"de_DE"_s));
+    EXPECT_EQ(percentLabel(0.18), u"18\u00a0%"_s);
+    QLocale::setDefault(QLocale(u"en_US"_s));
+    EXPECT_EQ(percentLabel(0.18), u"18%"_s);
 }
 
 TEST_F(PercentLabel, FollowsTheLocale) {
-    QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
-    EXPECT_EQ(percentLabel(0.65), QStringLiteral("65\u00a0%"));
-    QLocale::setDefault(QLocale(QStringLiteral("ar_EG")));
-    EXPECT_NE(percentLabel(0.65), QStringLiteral("65%"));
+    QLocale::setDefault(QLocale(u"de_DE"_s));
+    EXPECT_EQ(percentLabel(0.65), u"65\u00a0%"_s);
+    QLocale::setDefault(QLocale(u"ar_EG"_s));
+    EXPECT_NE(percentLabel(0.65), u"65%"_s);
     QLocale::setDefault(QLocale::c());
-    EXPECT_EQ(percentLabel(0.65), QStringLiteral("65%"));
+    EXPECT_EQ(percentLabel(0.65), u"65%"_s);
 }
 
 TEST(DecimalLabel, RoundsTheExactValueWithTiesToTheEvenDigit) {
-    EXPECT_EQ(decimalLabel(3, 1), QStringLiteral("3.0"));
-    EXPECT_EQ(decimalLabel(10, 1), QStringLiteral("10.0"));
-    EXPECT_EQ(decimalLabel(0.25, 1), QStringLiteral("0.2"));
-    EXPECT_EQ(decimalLabel(0.75, 1), QStringLiteral("0.8"));
-    EXPECT_EQ(decimalLabel(2.675, 2), QStringLiteral("2.67"));
-    EXPECT_EQ(decimalLabel(-1.5, 2), QStringLiteral("-1.50"));
+    EXPECT_EQ(decimalLabel(3, 1), u"3.0"_s);
+    EXPECT_EQ(decimalLabel(10, 1), u"10.0"_s);
+    EXPECT_EQ(decimalLabel(0.25, 1), u"0.2"_s);
+    EXPECT_EQ(decimalLabel(0.75, 1), u"0.8"_s);
+    EXPECT_EQ(decimalLabel(2.675, 2), u"2.67"_s);
+    EXPECT_EQ(decimalLabel(-1.5, 2), u"-1.50"_s);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "image_file_type.h"
+#include "model/image_file_type.h"
 
 #include <gtest/gtest.h>
 

@@ -1,83 +1,81 @@
-#include "material_name.h"
+#include "model/material_name.h"
 
 #include "qstring_printing.h"
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin;
 
 namespace {
 
-QString cleaned(const QString& name) { return safeMaterialName(name, QStringLiteral("Fallback")); }
+QString cleaned(const QString& name) { return safeMaterialName(name, u"Fallback"_s); }
 
 TEST(MaterialName, KeepsLettersDigitsHyphenAndUnderscore) {
-    EXPECT_EQ(cleaned(QStringLiteral("Brick-Wall_07")), QStringLiteral("Brick-Wall_07"));
-    EXPECT_EQ(cleaned(QStringLiteral("-_-")), QStringLiteral("-_-"));
+    EXPECT_EQ(cleaned(u"Brick-Wall_07"_s), u"Brick-Wall_07"_s);
+    EXPECT_EQ(cleaned(u"-_-"_s), u"-_-"_s);
 }
 
 TEST(MaterialName, ReplacesEachOtherCharacterByOneUnderscore) {
-    EXPECT_EQ(cleaned(QStringLiteral("a/b")), QStringLiteral("a_b"));
-    EXPECT_EQ(cleaned(QStringLiteral("..\\..")), QStringLiteral("_____"));
-    EXPECT_EQ(cleaned(QStringLiteral("###")), QStringLiteral("___"));
-    EXPECT_EQ(cleaned(QStringLiteral("a:b*c?d\"e<f>g|h")), QStringLiteral("a_b_c_d_e_f_g_h"));
+    EXPECT_EQ(cleaned(u"a/b"_s), u"a_b"_s);
+    EXPECT_EQ(cleaned(u"..\\.."_s), u"_____"_s);
+    EXPECT_EQ(cleaned(u"###"_s), u"___"_s);
+    EXPECT_EQ(cleaned(u"a:b*c?d\"e<f>g|h"_s), u"a_b_c_d_e_f_g_h"_s);
 }
 
 TEST(MaterialName, TrimsSpacesBeforeItTurnsTheOthersIntoUnderscores) {
-    EXPECT_EQ(cleaned(QStringLiteral(" a b ")), QStringLiteral("a_b"));
-    EXPECT_EQ(cleaned(QStringLiteral("  My Brick.Wall  ")), QStringLiteral("My_Brick_Wall"));
-    EXPECT_EQ(cleaned(QStringLiteral("a  b")), QStringLiteral("a__b"));
+    EXPECT_EQ(cleaned(u" a b "_s), u"a_b"_s);
+    EXPECT_EQ(cleaned(u"  My Brick.Wall  "_s), u"My_Brick_Wall"_s);
+    EXPECT_EQ(cleaned(u"a  b"_s), u"a__b"_s);
 }
 
 TEST(MaterialName, ReplacesTabsAndLineBreaksBeforeItTrims) {
-    EXPECT_EQ(cleaned(QStringLiteral("\tname")), QStringLiteral("_name"));
-    EXPECT_EQ(cleaned(QStringLiteral("\nabc")), QStringLiteral("_abc"));
-    EXPECT_EQ(cleaned(QStringLiteral("abc\n")), QStringLiteral("abc_"));
-    EXPECT_EQ(cleaned(QStringLiteral("a\r\nb")), QStringLiteral("a__b"));
-    EXPECT_EQ(cleaned(QStringLiteral(" \t ")), QStringLiteral("_"));
+    EXPECT_EQ(cleaned(u"\tname"_s), u"_name"_s);
+    EXPECT_EQ(cleaned(u"\nabc"_s), u"_abc"_s);
+    EXPECT_EQ(cleaned(u"abc\n"_s), u"abc_"_s);
+    EXPECT_EQ(cleaned(u"a\r\nb"_s), u"a__b"_s);
+    EXPECT_EQ(cleaned(u" \t "_s), u"_"_s);
 }
 
 TEST(MaterialName, OnlySpacesGiveTheFallback) {
-    EXPECT_EQ(cleaned(QString()), QStringLiteral("Fallback"));
-    EXPECT_EQ(cleaned(QStringLiteral("   ")), QStringLiteral("Fallback"));
-    EXPECT_EQ(cleaned(QStringLiteral("_")), QStringLiteral("_"));
+    EXPECT_EQ(cleaned(QString()), u"Fallback"_s);
+    EXPECT_EQ(cleaned(u"   "_s), u"Fallback"_s);
+    EXPECT_EQ(cleaned(u"_"_s), u"_"_s);
 }
 
 TEST(MaterialName, NoBreakSpaceIsNoSpace) {
-    EXPECT_EQ(cleaned(QStringLiteral("a\u00a0b")), QStringLiteral("a_b"));
-    EXPECT_EQ(cleaned(QStringLiteral("\u2003a")), QStringLiteral("_a"));
+    EXPECT_EQ(cleaned(u"a\u00a0b"_s), u"a_b"_s);
+    EXPECT_EQ(cleaned(u"\u2003a"_s), u"_a"_s);
 }
 
 TEST(MaterialName, KeepsLettersOfAnyScript) {
-    for (const QString& name :
-         {QStringLiteral("Gr\u00f6\u00dfe"), QStringLiteral("\u041a\u0438\u0440\u043f\u0438\u0447"),
-          QStringLiteral("\u7816\u5899"), QStringLiteral("\u05dc\u05d1\u05e0\u05d4"),
-          QStringLiteral("\u0baa\u0bc6\u0bb2")}) {
+    for (const QString& name : {u"Gr\u00f6\u00dfe"_s, u"\u041a\u0438\u0440\u043f\u0438\u0447"_s,
+                                u"\u7816\u5899"_s, u"\u05dc\u05d1\u05e0\u05d4"_s, u"\u0baa\u0bc6\u0bb2"_s}) {
         EXPECT_EQ(cleaned(name), name);
     }
 }
 
 TEST(MaterialName, KeepsCombiningMarks) {
-    EXPECT_EQ(cleaned(QStringLiteral("Cafe\u0301")), QStringLiteral("Cafe\u0301"));
-    EXPECT_EQ(cleaned(QStringLiteral("a\u20dd")), QStringLiteral("a\u20dd"));
+    EXPECT_EQ(cleaned(u"Cafe\u0301"_s), u"Cafe\u0301"_s);
+    EXPECT_EQ(cleaned(u"a\u20dd"_s), u"a\u20dd"_s);
 }
 
 TEST(MaterialName, KeepsDigitsAndNumbersOfAnyScript) {
-    EXPECT_EQ(cleaned(QStringLiteral("\u0663\u0967")), QStringLiteral("\u0663\u0967"));
-    EXPECT_EQ(cleaned(QStringLiteral("\u00bd\u2167")), QStringLiteral("\u00bd\u2167"));
+    EXPECT_EQ(cleaned(u"\u0663\u0967"_s), u"\u0663\u0967"_s);
+    EXPECT_EQ(cleaned(u"\u00bd\u2167"_s), u"\u00bd\u2167"_s);
 }
 
 TEST(MaterialName, AnEmojiBecomesOneUnderscore) {
-    EXPECT_EQ(cleaned(QStringLiteral("a\U0001F9F1b")), QStringLiteral("a_b"));
-    EXPECT_EQ(cleaned(QStringLiteral("\U0001F468\u200D\U0001F469")), QStringLiteral("___"));
+    EXPECT_EQ(cleaned(u"a\U0001F9F1b"_s), u"a_b"_s);
+    EXPECT_EQ(cleaned(u"\U0001F468\u200D\U0001F469"_s), u"___"_s);
 }
 
 TEST(MaterialName, KeepsLettersOutsideTheBasicPlane) {
-    EXPECT_EQ(cleaned(QStringLiteral("\U00020BB7")), QStringLiteral("\U00020BB7"));
-    EXPECT_EQ(cleaned(QStringLiteral("\U0001D7D8")), QStringLiteral("\U0001D7D8"));
+    EXPECT_EQ(cleaned(u"\U00020BB7"_s), u"\U00020BB7"_s);
+    EXPECT_EQ(cleaned(u"\U0001D7D8"_s), u"\U0001D7D8"_s);
 }
 
-TEST(MaterialName, SymbolsAreReplaced) {
-    EXPECT_EQ(cleaned(QStringLiteral("5\u20ac +\u2212\u00b0")), QStringLiteral("5_____"));
-}
+TEST(MaterialName, SymbolsAreReplaced) { EXPECT_EQ(cleaned(u"5\u20ac +\u2212\u00b0"_s), u"5_____"_s); }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "normal_generator_settings.h"
+#include "model/normal_generator_settings.h"
 
 #include "qstring_printing.h"
 
@@ -7,13 +7,15 @@
 #include <functional>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin;
 
 namespace {
 
 TEST(NormalGeneratorSettings, FreshValuesCarryTheDefaults) {
     const NormalGeneratorSettings settings;
-    EXPECT_EQ(settings.materialName, QStringLiteral("VOREK_Normal"));
+    EXPECT_EQ(settings.materialName, u"VOREK_Normal"_s);
     EXPECT_EQ(settings.outputResolution, OutputResolution::px2048);
     EXPECT_EQ(settings.strength, 3.0);
     EXPECT_EQ(settings.smoothing, 1);
@@ -39,7 +41,7 @@ TEST(NormalGeneratorSettings, TwoDefaultsAreEqual) {
 
 TEST(NormalGeneratorSettings, AChangeOfAnyOneFieldMakesThemUnequal) {
     const std::vector<std::function<void(NormalGeneratorSettings&)>> changes{
-        [](auto& settings) { settings.materialName = QStringLiteral("Other"); },
+        [](auto& settings) { settings.materialName = u"Other"_s; },
         [](auto& settings) { settings.outputResolution = OutputResolution::matchBase; },
         [](auto& settings) { settings.strength = 3.01; },
         [](auto& settings) { settings.smoothing = 2; },
@@ -75,16 +77,16 @@ TEST(NormalGeneratorSettings, KeepSwappedRoughnessBounds) {
 
 TEST(NormalGeneratorSettings, CleanTheirMaterialName) {
     NormalGeneratorSettings settings;
-    settings.materialName = QStringLiteral("My Brick  #1");
-    EXPECT_EQ(settings.safeMaterialName(), QStringLiteral("My_Brick___1"));
+    settings.materialName = u"My Brick  #1"_s;
+    EXPECT_EQ(settings.safeMaterialName(), u"My_Brick___1"_s);
 }
 
 TEST(NormalGeneratorSettings, AnEmptyNameBecomesTheDefault) {
     NormalGeneratorSettings settings;
     settings.materialName = QString();
-    EXPECT_EQ(settings.safeMaterialName(), QStringLiteral("VOREK_Normal"));
-    settings.materialName = QStringLiteral("   ");
-    EXPECT_EQ(settings.safeMaterialName(), QStringLiteral("VOREK_Normal"));
+    EXPECT_EQ(settings.safeMaterialName(), u"VOREK_Normal"_s);
+    settings.materialName = u"   "_s;
+    EXPECT_EQ(settings.safeMaterialName(), u"VOREK_Normal"_s);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "normal_preview_kind.h"
+#include "model/normal_preview_kind.h"
 
 #include "qstring_printing.h"
 

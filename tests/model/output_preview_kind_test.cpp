@@ -1,8 +1,10 @@
-#include "output_preview_kind.h"
+#include "model/output_preview_kind.h"
 
 #include "qstring_printing.h"
 
 #include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using testing::ElementsAre;
@@ -19,11 +21,9 @@ TEST(OutputPreviewKind, CarriesItsLabels) {
     for (const OutputPreviewKind kind : allCases<OutputPreviewKind>()) {
         labels << rawValue(kind) << title(kind) << subtitle(kind);
     }
-    EXPECT_EQ(labels,
-              QStringList({QStringLiteral("baseColor"), QStringLiteral("Base"),
-                           QStringLiteral("Color + alpha"), QStringLiteral("orm"), QStringLiteral("ORM"),
-                           QStringLiteral("R AO / G Rough / B Metal"), QStringLiteral("normal"),
-                           QStringLiteral("Normal"), QStringLiteral("glTF tangent normal")}));
+    EXPECT_EQ(labels, QStringList({u"baseColor"_s, u"Base"_s, u"Color + alpha"_s, u"orm"_s, u"ORM"_s,
+                                   u"R AO / G Rough / B Metal"_s, u"normal"_s, u"Normal"_s,
+                                   u"glTF tangent normal"_s}));
 }
 
 TEST(OutputPreviewKind, IsIdentifiedByItsRawValue) {

@@ -1,8 +1,10 @@
-#include "output_resolution.h"
+#include "model/output_resolution.h"
 
 #include "qstring_printing.h"
 
 #include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using testing::ElementsAre;
@@ -20,7 +22,7 @@ TEST(OutputResolution, CarriesItsTitles) {
     for (const OutputResolution resolution : allCases<OutputResolution>()) {
         titles << title(resolution);
     }
-    EXPECT_EQ(titles, QStringLiteral("Base Size,512,1024,2048,4096").split(u','));
+    EXPECT_EQ(titles, u"Base Size,512,1024,2048,4096"_s.split(u','));
 }
 
 TEST(OutputResolution, IsIdentifiedByItsRawValue) {
@@ -30,7 +32,7 @@ TEST(OutputResolution, IsIdentifiedByItsRawValue) {
         EXPECT_EQ(id(resolution), rawValue(resolution));
         EXPECT_EQ(fromRawValue<OutputResolution>(rawValue(resolution)), resolution);
     }
-    EXPECT_EQ(rawValues, QStringLiteral("matchBase,px512,px1024,px2048,px4096").split(u','));
+    EXPECT_EQ(rawValues, u"matchBase,px512,px1024,px2048,px4096"_s.split(u','));
     EXPECT_EQ(fromRawValue<OutputResolution>(u"512"), std::nullopt);
     EXPECT_EQ(fromRawValue<OutputResolution>(u"Base Size"), std::nullopt);
 }

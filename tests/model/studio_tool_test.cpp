@@ -1,8 +1,10 @@
-#include "studio_tool.h"
+#include "model/studio_tool.h"
 
 #include "qstring_printing.h"
 
 #include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using testing::ElementsAre;
@@ -14,15 +16,15 @@ TEST(StudioTool, ListsItsCasesInTabOrder) {
 }
 
 TEST(StudioTool, CarriesItsLabels) {
-    EXPECT_EQ(title(StudioTool::pbr), QStringLiteral("PBR Material"));
-    EXPECT_EQ(systemImage(StudioTool::pbr), QStringLiteral("cube.transparent"));
-    EXPECT_EQ(title(StudioTool::normalGenerator), QStringLiteral("Map Generator"));
-    EXPECT_EQ(systemImage(StudioTool::normalGenerator), QStringLiteral("mountain.2"));
+    EXPECT_EQ(title(StudioTool::pbr), u"PBR Material"_s);
+    EXPECT_EQ(systemImage(StudioTool::pbr), u"cube.transparent"_s);
+    EXPECT_EQ(title(StudioTool::normalGenerator), u"Map Generator"_s);
+    EXPECT_EQ(systemImage(StudioTool::normalGenerator), u"mountain.2"_s);
 }
 
 TEST(StudioTool, IsIdentifiedByItsRawValue) {
-    EXPECT_EQ(id(StudioTool::pbr), QStringLiteral("pbr"));
-    EXPECT_EQ(id(StudioTool::normalGenerator), QStringLiteral("normalGenerator"));
+    EXPECT_EQ(id(StudioTool::pbr), u"pbr"_s);
+    EXPECT_EQ(id(StudioTool::normalGenerator), u"normalGenerator"_s);
     EXPECT_EQ(fromRawValue<StudioTool>(u"pbr"), StudioTool::pbr);
     EXPECT_EQ(fromRawValue<StudioTool>(u"normalGenerator"), StudioTool::normalGenerator);
     EXPECT_EQ(fromRawValue<StudioTool>(u"Map Generator"), std::nullopt);

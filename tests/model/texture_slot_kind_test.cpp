@@ -1,4 +1,4 @@
-#include "texture_slot_kind.h"
+#include "model/texture_slot_kind.h"
 
 #include "qstring_printing.h"
 

@@ -12,6 +12,8 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class FirstPaint : public QObject {
 public:
     explicit FirstPaint(QString picture) : m_picture(std::move(picture)) { qApp->installEventFilter(this); }
@@ -29,9 +31,8 @@ public:
 private:
     void saveAndClose(QWidget& window) const {
         QImage image = window.grab().toImage();
-        image.setText(QStringLiteral("Title"), window.windowTitle());
-        image.setText(QStringLiteral("Description"),
-                      QString::number(window.windowIcon().availableSizes().size()));
+        image.setText(u"Title"_s, window.windowTitle());
+        image.setText(u"Description"_s, QString::number(window.windowIcon().availableSizes().size()));
         image.save(m_picture);
         window.close();
     }
@@ -50,3 +51,5 @@ public:
 };
 
 #include "first_paint_plugin.moc"
+
+using namespace Qt::StringLiterals;

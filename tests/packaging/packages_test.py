@@ -81,12 +81,12 @@ class Installed:
         run(self.prefix / "bin/quarlin", QT_QPA_PLATFORM="offscreen", QT_PLUGIN_PATH=PLUGINS,
             QT_QPA_GENERIC_PLUGINS=f"first-paint:{picture}")
         told = run("identify", "-format", "%[Title]\n%[Description]\n%w\n%h\n%k", picture).split("\n")
-        title, icon_sizes, width, height, colours = told[0], *map(int, told[1:])
+        title, icon_sizes, width, height, colors = told[0], *map(int, told[1:])
         self.assertEqual(title, "VOREK TECH Quarlin")
         self.assertEqual(icon_sizes, len(ICON_SIZES))
         self.assertGreaterEqual((width, height), (1120, 720))
-        # Text and icons are drawn smoothly; an empty window has a handful of colours.
-        self.assertGreater(colours, 100)
+        # Text and icons are drawn smoothly; an empty window has a handful of colors.
+        self.assertGreater(colors, 100)
 
     def test_the_menu_entry_is_valid_and_starts_the_window(self):
         entry = self.prefix / "share/applications/quarlin.desktop"

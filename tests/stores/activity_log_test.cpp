@@ -1,33 +1,32 @@
-#include "activity_log.h"
+#include "stores/activity_log.h"
 
 #include <QLocale>
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 using quarlin::ActivityLog;
 
 namespace {
 
 ActivityLog logAt(const QTime& time) {
-    return {QStringLiteral("hint"), [time] { return time; }};
+    return {u"hint"_s, [time] { return time; }};
 }
 
-TEST(ActivityLog, BeginsWithTheHintAlone) {
-    EXPECT_EQ(logAt({0, 0}).lines(), QStringList{QStringLiteral("hint")});
-}
+TEST(ActivityLog, BeginsWithTheHintAlone) { EXPECT_EQ(logAt({0, 0}).lines(), QStringList{u"hint"_s}); }
 
 TEST(ActivityLog, StampsEachLineWithTheTimeOfDay) {
-    EXPECT_EQ(logAt({14, 3, 27}).linesWith(QStringLiteral("Preview updated.")).constFirst(),
-              QStringLiteral("[14:03:27] Preview updated."));
-    EXPECT_EQ(logAt({0, 0, 9}).linesWith(QStringLiteral("x")).constFirst(), QStringLiteral("[00:00:09] x"));
+    EXPECT_EQ(logAt({14, 3, 27}).linesWith(u"Preview updated."_s).constFirst(),
+              u"[14:03:27] Preview updated."_s);
+    EXPECT_EQ(logAt({0, 0, 9}).linesWith(u"x"_s).constFirst(), u"[00:00:09] x"_s);
 }
 
 TEST(ActivityLog, PutsTheNewestLineFirst) {
     ActivityLog log = logAt({1, 2, 3});
-    log.setLines(log.linesWith(QStringLiteral("one")));
-    log.setLines(log.linesWith(QStringLiteral("two")));
-    EXPECT_EQ(log.lines(), QStringList({QStringLiteral("[01:02:03] two"), QStringLiteral("[01:02:03] one"),
-                                        QStringLiteral("hint")}));
+    log.setLines(log.linesWith(u"one"_s));
+    log.setLines(log.linesWith(u"two"_s));
+    EXPECT_EQ(log.lines(), QStringList({u"[01:02:03] two"_s, u"[01:02:03] one"_s, u"hint"_s}));
 }
 
 TEST(ActivityLog, DropsTheOldestLineWhenTheEightyFirstComes) {
@@ -36,19 +35,19 @@ TEST(ActivityLog, DropsTheOldestLineWhenTheEightyFirstComes) {
         log.setLines(log.linesWith(QString::number(line)));
     }
     EXPECT_EQ(log.lines().size(), 80);
-    EXPECT_EQ(log.lines().constLast(), QStringLiteral("hint"));
-    log.setLines(log.linesWith(QStringLiteral("80")));
+    EXPECT_EQ(log.lines().constLast(), u"hint"_s);
+    log.setLines(log.linesWith(u"80"_s));
     EXPECT_EQ(log.lines().size(), 80);
-    EXPECT_EQ(log.lines().constFirst(), QStringLiteral("[01:02:03] 80"));
-    EXPECT_EQ(log.lines().constLast(), QStringLiteral("[01:02:03] 1"));
+    EXPECT_EQ(log.lines().constFirst(), u"[01:02:03] 80"_s);
+    EXPECT_EQ(log.lines().constLast(), u"[01:02:03] 1"_s);
 }
 
 TEST(ActivityLog, WritesTheTimeInTheDigitsOfTheLocale) {
     const QLocale before;
-    QLocale::setDefault(QLocale(QStringLiteral("ar_EG")));
-    const QString line = logAt({14, 3, 27}).linesWith(QStringLiteral("x")).constFirst();
+    QLocale::setDefault(QLocale(u"ar_EG"_s));
+    const QString line = logAt({14, 3, 27}).linesWith(u"x"_s).constFirst();
     QLocale::setDefault(before);
-    EXPECT_EQ(line, QStringLiteral("[\u0661\u0664:\u0660\u0663:\u0662\u0667] x"));
+    EXPECT_EQ(line, u"[\u0661\u0664:\u0660\u0663:\u0662\u0667] x"_s);
 }
 
 }  // namespace

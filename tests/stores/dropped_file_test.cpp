@@ -1,8 +1,10 @@
-#include "dropped_file.h"
+#include "stores/dropped_file.h"
 
 #include <QMimeData>
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 using quarlin::droppedFile;
 
@@ -14,9 +16,9 @@ std::optional<QUrl> firstOf(const QList<QUrl>& urls) {
     return droppedFile(data);
 }
 
-const QUrl web(QStringLiteral("https://example.org/a.png"));
-const QUrl one = QUrl::fromLocalFile(QStringLiteral("/a/one.png"));
-const QUrl two = QUrl::fromLocalFile(QStringLiteral("/a/two.png"));
+const QUrl web(u"https://example.org/a.png"_s);
+const QUrl one = QUrl::fromLocalFile(u"/a/one.png"_s);
+const QUrl two = QUrl::fromLocalFile(u"/a/two.png"_s);
 
 TEST(DroppedFile, IsTheFirstFile) {
     EXPECT_EQ(firstOf({one, two}), one);
@@ -32,7 +34,7 @@ TEST(DroppedFile, PassesOverWhatIsNoFile) { EXPECT_EQ(firstOf({web, one, two}), 
 
 TEST(DroppedFile, IsNotFoundInText) {
     QMimeData data;
-    data.setText(QStringLiteral("/a/one.png"));
+    data.setText(u"/a/one.png"_s);
     EXPECT_EQ(droppedFile(data), std::nullopt);
 }
 

@@ -1,15 +1,17 @@
 // Exports that fail on the disk, as the log tells them; for both stores.
 
 #include "limited_writing.h"
-#include "material_store.h"
-#include "normal_generator_store.h"
 #include "rename_hook.h"
 #include "store_fixture.h"
+#include "stores/material_store.h"
+#include "stores/normal_generator_store.h"
 
 #include <QDir>
 #include <QFile>
 
 #include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
@@ -42,7 +44,7 @@ protected:
     FailingExport() {
         QDir().mkpath(out);
         this->chooser.folder = QUrl::fromLocalFile(out);
-        Tool::load(this->store, this->folder.texture(QStringLiteral("Brick.png")));
+        Tool::load(this->store, this->folder.texture(u"Brick.png"_s));
         auto settings = this->store.settings();
         settings.outputResolution = OutputResolution::matchBase;
         this->store.setSettings(settings);
@@ -53,22 +55,22 @@ protected:
 
     /// Expects one new line in the log, and that nothing but it has changed.
     void expectFailure(const QString& description) {
-        EXPECT_EQ(this->newest(), this->stamped(QStringLiteral("Export failed: ") + description));
+        EXPECT_EQ(this->newest(), this->stamped(u"Export failed: "_s + description));
         EXPECT_EQ(this->store.logLines().mid(1), before);
         EXPECT_EQ(this->store.lastExportURL(), std::nullopt);
         EXPECT_TRUE(this->store.canExport());
     }
     void expectNextExportToWork() {
         runExport();
-        EXPECT_EQ(this->newest(), this->stamped(QStringLiteral("Wrote ") + QLatin1String(Tool::last)));
+        EXPECT_EQ(this->newest(), this->stamped(u"Wrote "_s + QLatin1String(Tool::last)));
         EXPECT_NE(this->store.lastExportURL(), std::nullopt);
     }
     QStringList filesOfSet() const {
-        return QDir(out + QStringLiteral("/Brick"))
+        return QDir(out + u"/Brick"_s)
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
     }
 
-    const QString out = this->folder.path(QStringLiteral("out"));
+    const QString out = this->folder.path(u"out"_s);
     QStringList before;
 };
 
@@ -80,7 +82,7 @@ TYPED_TEST(FailingExport, OntoAFullDiskNamesTheFile) {
         const FullDisk disk(0);
         this->runExport();
     }
-    this->expectFailure(QStringLiteral("Could not write PNG: ") + QLatin1String(TypeParam::first));
+    this->expectFailure(u"Could not write PNG: "_s + QLatin1String(TypeParam::first));
     EXPECT_EQ(this->filesOfSet(), QStringList());
     this->expectNextExportToWork();
 }
@@ -95,7 +97,7 @@ TYPED_TEST(FailingExport, OntoADiskThatGetsFullKeepsWhatWasWritten) {
         });
         this->runExport();
     }
-    this->expectFailure(QStringLiteral("Could not write PNG: ") + QLatin1String(TypeParam::second));
+    this->expectFailure(u"Could not write PNG: "_s + QLatin1String(TypeParam::second));
     EXPECT_EQ(this->filesOfSet(), QStringList{QLatin1String(TypeParam::first)});
     this->expectNextExportToWork();
 }
@@ -109,7 +111,7 @@ TYPED_TEST(FailingExport, IntoAReadOnlyFolderTellsWhy) {
         ASSERT_TRUE(user.works());
         this->runExport();
     }
-    this->expectFailure(QStringLiteral("Could not create folder: Brick (Permission denied)"));
+    this->expectFailure(u"Could not create folder: Brick (Permission denied)"_s);
     ASSERT_EQ(chmod(path.constData(), 0755), 0);
     this->expectNextExportToWork();
 }
@@ -123,16 +125,16 @@ TYPED_TEST(FailingExport, IntoAFolderThatVanishesNamesTheFile) {
         });
         this->runExport();
     }
-    this->expectFailure(QStringLiteral("Could not create PNG image: ") + QLatin1String(TypeParam::second));
+    this->expectFailure(u"Could not create PNG image: "_s + QLatin1String(TypeParam::second));
     EXPECT_FALSE(QDir(this->out).exists());
     this->expectNextExportToWork();
 }
 
 TYPED_TEST(FailingExport, OverAFolderInThePlaceOfTheNotesNamesThem) {
-    ASSERT_TRUE(QDir().mkpath(this->out + QStringLiteral("/Brick/") + QLatin1String(TypeParam::last)));
+    ASSERT_TRUE(QDir().mkpath(this->out + u"/Brick/"_s + QLatin1String(TypeParam::last)));
     this->runExport();
-    this->expectFailure(QStringLiteral("Could not write file: ") + QLatin1String(TypeParam::last));
-    ASSERT_TRUE(QDir(this->out + QStringLiteral("/Brick")).rmdir(QLatin1String(TypeParam::last)));
+    this->expectFailure(u"Could not write file: "_s + QLatin1String(TypeParam::last));
+    ASSERT_TRUE(QDir(this->out + u"/Brick"_s).rmdir(QLatin1String(TypeParam::last)));
     this->expectNextExportToWork();
 }
 
@@ -141,9 +143,8 @@ TYPED_TEST(FailingExport, OfANameTooLongTellsWhy) {
     settings.materialName = QString(256, u'n');
     this->store.setSettings(settings);
     this->runExport();
-    this->expectFailure(QStringLiteral("Could not create folder: ") + settings.materialName +
-                        QStringLiteral(" (File name too long)"));
-    settings.materialName = QStringLiteral("Brick");
+    this->expectFailure(u"Could not create folder: "_s + settings.materialName + u" (File name too long)"_s);
+    settings.materialName = u"Brick"_s;
     this->store.setSettings(settings);
     this->expectNextExportToWork();
 }

@@ -1,13 +1,15 @@
 // Textures that fail while they are loaded, previewed and exported, as the log tells them; for both stores.
 
-#include "material_store.h"
-#include "normal_generator_store.h"
 #include "store_fixture.h"
+#include "stores/material_store.h"
+#include "stores/normal_generator_store.h"
 
 #include <QDir>
 #include <QFile>
 
 #include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
@@ -38,7 +40,7 @@ protected:
     /// Expects the file to be refused in one line, by a choice and by a drop, and nothing else to change.
     void expectRefused(const QString& name) {
         const QUrl file = QUrl::fromLocalFile(this->folder.path(name));
-        const QString line = this->stamped(QStringLiteral("Load failed: Could not read image: ") + name);
+        const QString line = this->stamped(u"Load failed: Could not read image: "_s + name);
         const QStringList before = this->store.logLines();
         Tool::load(this->store, file);
         EXPECT_EQ(this->newest(), line);
@@ -54,49 +56,47 @@ using Tools = testing::Types<MaterialTool, MapTool>;
 TYPED_TEST_SUITE(FailingTexture, Tools);
 
 TYPED_TEST(FailingTexture, APipeIsRefusedAndNotWaitedFor) {
-    ASSERT_EQ(mkfifo(QFile::encodeName(this->folder.path(QStringLiteral("pipe.png"))).constData(), 0666), 0);
-    this->expectRefused(QStringLiteral("pipe.png"));
+    ASSERT_EQ(mkfifo(QFile::encodeName(this->folder.path(u"pipe.png"_s)).constData(), 0666), 0);
+    this->expectRefused(u"pipe.png"_s);
 }
 
 TYPED_TEST(FailingTexture, AFolderIsRefused) {
-    ASSERT_TRUE(QDir().mkpath(this->folder.path(QStringLiteral("folder.png"))));
-    this->expectRefused(QStringLiteral("folder.png"));
+    ASSERT_TRUE(QDir().mkpath(this->folder.path(u"folder.png"_s)));
+    this->expectRefused(u"folder.png"_s);
 }
 
 TYPED_TEST(FailingTexture, LinksInACircleAreRefused) {
-    const QString link = this->folder.path(QStringLiteral("link.png"));
+    const QString link = this->folder.path(u"link.png"_s);
     ASSERT_TRUE(QFile::link(link, link));
-    this->expectRefused(QStringLiteral("link.png"));
+    this->expectRefused(u"link.png"_s);
 }
 
 TYPED_TEST(FailingTexture, DeletedBeforeAPreviewKeepsTheOldOneAndIsForgottenOnceItIsBack) {
-    const QUrl file = this->folder.texture(QStringLiteral("Brick.png"));
+    const QUrl file = this->folder.texture(u"Brick.png"_s);
     TypeParam::load(this->store, file);
     const auto previews = this->store.previews();
     QFile::remove(file.toLocalFile());
     this->store.buildPreview();
-    EXPECT_EQ(this->newest(),
-              this->stamped(QStringLiteral("Preview failed: Could not read image: Brick.png")));
+    EXPECT_EQ(this->newest(), this->stamped(u"Preview failed: Could not read image: Brick.png"_s));
     EXPECT_EQ(this->store.previews(), previews);
     EXPECT_TRUE(this->store.canExport());
-    this->folder.texture(QStringLiteral("Brick.png"), 4, 4, Qt::blue);
+    this->folder.texture(u"Brick.png"_s, 4, 4, Qt::blue);
     this->store.buildPreview();
-    EXPECT_TRUE(this->newest().endsWith(QStringLiteral("updated."))) << this->newest().toStdString();
+    EXPECT_TRUE(this->newest().endsWith(u"updated."_s)) << this->newest().toStdString();
     EXPECT_NE(this->store.previews(), previews);
 }
 
 TYPED_TEST(FailingTexture, ShortenedBeforeAnExportIsReportedInOneLine) {
-    const QUrl file = this->folder.texture(QStringLiteral("Brick.png"), 40, 40);
+    const QUrl file = this->folder.texture(u"Brick.png"_s, 40, 40);
     TypeParam::load(this->store, file);
     const QStringList before = this->store.logLines();
     ASSERT_TRUE(QFile::resize(file.toLocalFile(), 60));
     this->chooser.folder = this->folder.url();
     TypeParam::exportInto(this->store);
-    EXPECT_EQ(this->newest(),
-              this->stamped(QStringLiteral("Export failed: Could not read image: Brick.png")));
+    EXPECT_EQ(this->newest(), this->stamped(u"Export failed: Could not read image: Brick.png"_s));
     EXPECT_EQ(this->store.logLines().mid(1), before);
     EXPECT_EQ(this->store.lastExportURL(), std::nullopt);
-    EXPECT_TRUE(QDir(this->folder.path(QStringLiteral("Brick"))).isEmpty());
+    EXPECT_TRUE(QDir(this->folder.path(u"Brick"_s)).isEmpty());
 }
 
 }  // namespace

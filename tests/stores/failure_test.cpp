@@ -1,11 +1,13 @@
-#include "failure.h"
+#include "stores/failure.h"
 
-#include "texture_processor_error.h"
+#include "engine/texture_processor_error.h"
 
 #include <gtest/gtest.h>
 
 #include <new>
 #include <stdexcept>
+
+using namespace Qt::StringLiterals;
 
 using quarlin::failureOf;
 
@@ -19,18 +21,18 @@ TEST(Failure, IsNothingWhenTheWorkSucceeds) {
 
 TEST(Failure, IsTheEnginesOwnDescription) {
     EXPECT_EQ(failureOf([] { throw quarlin::TextureProcessorError::missingBaseColor(); }),
-              QStringLiteral("Base Color texture is required."));
-    const QUrl file = QUrl::fromLocalFile(QStringLiteral("/a/b/Brick_ORM.png"));
+              u"Base Color texture is required."_s);
+    const QUrl file = QUrl::fromLocalFile(u"/a/b/Brick_ORM.png"_s);
     EXPECT_EQ(failureOf([&] { throw quarlin::TextureProcessorError::cannotWritePNG(file); }),
-              QStringLiteral("Could not write PNG: Brick_ORM.png"));
+              u"Could not write PNG: Brick_ORM.png"_s);
 }
 
 TEST(Failure, TellsThatMemoryRanOut) {
-    EXPECT_EQ(failureOf([] { throw std::bad_alloc(); }), QStringLiteral("Not enough memory."));
+    EXPECT_EQ(failureOf([] { throw std::bad_alloc(); }), u"Not enough memory."_s);
 }
 
 TEST(Failure, RepeatsWhatAnyOtherExceptionSays) {
-    EXPECT_EQ(failureOf([] { throw std::runtime_error("disk on fire"); }), QStringLiteral("disk on fire"));
+    EXPECT_EQ(failureOf([] { throw std::runtime_error("disk on fire"); }), u"disk on fire"_s);
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
-#include "normal_generator_store.h"
+#include "stores/normal_generator_store.h"
 
 #include "store_fixture.h"
 
 #include <QFile>
 #include <QFileInfo>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 
@@ -24,9 +26,8 @@ TEST_F(GeneratorStoreTest, StartsEmptyWithItsHint) {
     EXPECT_EQ(store.settings(), NormalGeneratorSettings());
     EXPECT_TRUE(store.previews().empty());
     EXPECT_EQ(store.lastExportURL(), std::nullopt);
-    EXPECT_EQ(store.logLines(),
-              QStringList{QStringLiteral("Load one source texture to generate Normal, Roughness, "
-                                         "Gloss, Metallic, AO and ORM maps.")});
+    EXPECT_EQ(store.logLines(), QStringList{u"Load one source texture to generate Normal, Roughness, "
+                                            "Gloss, Metallic, AO and ORM maps."_s});
     EXPECT_FALSE(store.canExport());
 }
 
@@ -36,75 +37,72 @@ TEST_F(GeneratorStoreTest, AsksForTheSource) {
     const std::vector types{ImageFileType::png, ImageFileType::jpeg, ImageFileType::tiff,
                             ImageFileType::bmp, ImageFileType::gif,  ImageFileType::heic};
     ASSERT_EQ(chooser.fileQuestions.size(), 1U);
-    EXPECT_EQ(chooser.fileQuestions[0],
-              (FileQuestion{QStringLiteral("Choose Source Texture"), QStringLiteral("Use Texture"), types}));
+    EXPECT_EQ(chooser.fileQuestions[0], (FileQuestion{u"Choose Source Texture"_s, u"Use Texture"_s, types}));
     EXPECT_EQ(store.logLines(), before);
 }
 
 TEST_F(GeneratorStoreTest, ImportsTheChosenFile) {
-    chooser.file = folder.texture(QStringLiteral("Stone.png"), 8, 4);
+    chooser.file = folder.texture(u"Stone.png"_s, 8, 4);
     store.chooseSourceTexture();
     ASSERT_TRUE(store.canExport());
     EXPECT_EQ(store.source()->url, *chooser.file);
-    EXPECT_EQ(store.logLines().first(2),
-              QStringList({stamped(QStringLiteral("Generated map preview updated.")),
-                           stamped(QStringLiteral("Source loaded: Stone.png, 8x4"))}));
+    EXPECT_EQ(store.logLines().first(2), QStringList({stamped(u"Generated map preview updated."_s),
+                                                      stamped(u"Source loaded: Stone.png, 8x4"_s)}));
     EXPECT_EQ(store.previews().size(), allCases<NormalPreviewKind>().size());
 }
 
 TEST_F(GeneratorStoreTest, TakesTheNameOfTheFirstSource) {
-    store.importSourceTexture(folder.texture(QStringLiteral("Stone.png")));
-    EXPECT_EQ(store.settings().materialName, QStringLiteral("Stone"));
-    store.importSourceTexture(folder.texture(QStringLiteral("Wood.png")));
-    EXPECT_EQ(store.settings().materialName, QStringLiteral("Stone"));
-    EXPECT_EQ(store.source()->fileName, QStringLiteral("Wood.png"));
+    store.importSourceTexture(folder.texture(u"Stone.png"_s));
+    EXPECT_EQ(store.settings().materialName, u"Stone"_s);
+    store.importSourceTexture(folder.texture(u"Wood.png"_s));
+    EXPECT_EQ(store.settings().materialName, u"Stone"_s);
+    EXPECT_EQ(store.source()->fileName, u"Wood.png"_s);
 }
 
 TEST_F(GeneratorStoreTest, KeepsATypedName) {
     NormalGeneratorSettings settings;
-    settings.materialName = QStringLiteral("Mine");
+    settings.materialName = u"Mine"_s;
     store.setSettings(settings);
-    store.importSourceTexture(folder.texture(QStringLiteral("Stone.png")));
+    store.importSourceTexture(folder.texture(u"Stone.png"_s));
     EXPECT_EQ(store.settings(), settings);
 }
 
 TEST_F(GeneratorStoreTest, KeepsEverythingWhenAFileCannotBeLoaded) {
-    store.importSourceTexture(folder.texture(QStringLiteral("Stone.png")));
+    store.importSourceTexture(folder.texture(u"Stone.png"_s));
     const QStringList before = store.logLines();
     const NormalPreviews previews = store.previews();
-    store.importSourceTexture(folder.noTexture(QStringLiteral("notes.txt")));
-    EXPECT_EQ(newest(), stamped(QStringLiteral("Load failed: Could not read image: notes.txt")));
+    store.importSourceTexture(folder.noTexture(u"notes.txt"_s));
+    EXPECT_EQ(newest(), stamped(u"Load failed: Could not read image: notes.txt"_s));
     EXPECT_EQ(store.logLines().mid(1), before);
-    EXPECT_EQ(store.source()->fileName, QStringLiteral("Stone.png"));
+    EXPECT_EQ(store.source()->fileName, u"Stone.png"_s);
     EXPECT_EQ(store.previews(), previews);
 }
 
 TEST_F(GeneratorStoreTest, ImportsTheFirstDroppedFileAfterTheDrop) {
-    const auto data =
-        dragged({folder.texture(QStringLiteral("a.png")), folder.texture(QStringLiteral("b.png"))});
+    const auto data = dragged({folder.texture(u"a.png"_s), folder.texture(u"b.png"_s)});
     EXPECT_TRUE(store.acceptDrop(*data));
     EXPECT_FALSE(store.canExport());
     runEventLoop();
     ASSERT_TRUE(store.canExport());
-    EXPECT_EQ(store.source()->fileName, QStringLiteral("a.png"));
+    EXPECT_EQ(store.source()->fileName, u"a.png"_s);
 }
 
 TEST_F(GeneratorStoreTest, RefusesADropWithoutAFile) {
     QMimeData text;
-    text.setText(QStringLiteral("plain"));
+    text.setText(u"plain"_s);
     EXPECT_FALSE(store.acceptDrop(text));
 }
 
 TEST_F(GeneratorStoreTest, AcceptsADropThatTurnsOutUnreadable) {
-    EXPECT_TRUE(store.acceptDrop(*dragged({folder.noTexture(QStringLiteral("a.png"))})));
+    EXPECT_TRUE(store.acceptDrop(*dragged({folder.noTexture(u"a.png"_s)})));
     runEventLoop();
-    EXPECT_TRUE(newest().startsWith(stamped(QStringLiteral("Load failed: "))));
+    EXPECT_TRUE(newest().startsWith(stamped(u"Load failed: "_s)));
 }
 
 TEST_F(GeneratorStoreTest, ForgetsADropWhenItIsGone) {
     int announced = 0;
     QObject::connect(&store, &NormalGeneratorStore::willChange, [&] { ++announced; });
-    EXPECT_TRUE(store.acceptDrop(*dragged({folder.texture(QStringLiteral("a.png"))})));
+    EXPECT_TRUE(store.acceptDrop(*dragged({folder.texture(u"a.png"_s)})));
     owned.reset();
     runEventLoop();
     EXPECT_EQ(announced, 0);
@@ -112,14 +110,14 @@ TEST_F(GeneratorStoreTest, ForgetsADropWhenItIsGone) {
 
 TEST_F(GeneratorStoreTest, RemovesTheSourceAndKeepsSettingsAndExportFolder) {
     chooser.folder = folder.url();
-    store.importSourceTexture(folder.texture(QStringLiteral("Stone.png")));
+    store.importSourceTexture(folder.texture(u"Stone.png"_s));
     exportSmall();
     const auto exported = store.lastExportURL();
     const NormalGeneratorSettings settings = store.settings();
     store.removeSourceTexture();
     EXPECT_FALSE(store.canExport());
     EXPECT_TRUE(store.previews().empty());
-    EXPECT_EQ(newest(), stamped(QStringLiteral("Source removed.")));
+    EXPECT_EQ(newest(), stamped(u"Source removed."_s));
     EXPECT_EQ(store.settings(), settings);
     EXPECT_NE(exported, std::nullopt);
     EXPECT_EQ(store.lastExportURL(), exported);
@@ -127,14 +125,14 @@ TEST_F(GeneratorStoreTest, RemovesTheSourceAndKeepsSettingsAndExportFolder) {
 
 TEST_F(GeneratorStoreTest, ResetsToAFreshStateWithOneUnstampedLine) {
     chooser.folder = folder.url();
-    store.importSourceTexture(folder.texture(QStringLiteral("Stone.png")));
+    store.importSourceTexture(folder.texture(u"Stone.png"_s));
     exportSmall();
     store.reset();
     EXPECT_FALSE(store.canExport());
     EXPECT_TRUE(store.previews().empty());
     EXPECT_EQ(store.settings(), NormalGeneratorSettings());
     EXPECT_EQ(store.lastExportURL(), std::nullopt);
-    EXPECT_EQ(store.logLines(), QStringList{QStringLiteral("Inputs cleared.")});
+    EXPECT_EQ(store.logLines(), QStringList{u"Inputs cleared."_s});
 }
 
 TEST_F(GeneratorStoreTest, LogsNoPreviewOfNothing) {
@@ -144,17 +142,17 @@ TEST_F(GeneratorStoreTest, LogsNoPreviewOfNothing) {
 }
 
 TEST_F(GeneratorStoreTest, KeepsThePreviewsWhenTheyCannotBeBuilt) {
-    const QUrl file = folder.texture(QStringLiteral("Stone.png"));
+    const QUrl file = folder.texture(u"Stone.png"_s);
     store.importSourceTexture(file);
     const NormalPreviews before = store.previews();
     ASSERT_TRUE(QFile::remove(file.toLocalFile()));
     store.buildPreview();
-    EXPECT_EQ(newest(), stamped(QStringLiteral("Preview failed: Could not read image: Stone.png")));
+    EXPECT_EQ(newest(), stamped(u"Preview failed: Could not read image: Stone.png"_s));
     EXPECT_EQ(store.previews(), before);
 }
 
 TEST_F(GeneratorStoreTest, RebuildsNoPreviewForAChangedSetting) {
-    store.importSourceTexture(folder.texture(QStringLiteral("Stone.png")));
+    store.importSourceTexture(folder.texture(u"Stone.png"_s));
     const QStringList before = store.logLines();
     NormalGeneratorSettings settings = store.settings();
     settings.strength = 9;
@@ -165,48 +163,45 @@ TEST_F(GeneratorStoreTest, RebuildsNoPreviewForAChangedSetting) {
 
 TEST_F(GeneratorStoreTest, BlocksAnExportWithoutSourceAndAsksForNoFolder) {
     store.exportSet();
-    EXPECT_EQ(newest(), stamped(QStringLiteral("Export blocked: source texture is required.")));
+    EXPECT_EQ(newest(), stamped(u"Export blocked: source texture is required."_s));
     EXPECT_TRUE(chooser.folderQuestions.empty());
 }
 
 TEST_F(GeneratorStoreTest, StopsSilentlyWhenNoFolderIsChosen) {
-    store.importSourceTexture(folder.texture(QStringLiteral("Stone.png")));
+    store.importSourceTexture(folder.texture(u"Stone.png"_s));
     const QStringList before = store.logLines();
     store.exportSet();
     ASSERT_EQ(chooser.folderQuestions.size(), 1U);
-    EXPECT_EQ(chooser.folderQuestions[0],
-              (FolderQuestion{QStringLiteral("Choose Export Folder"), QStringLiteral("Export Here")}));
+    EXPECT_EQ(chooser.folderQuestions[0], (FolderQuestion{u"Choose Export Folder"_s, u"Export Here"_s}));
     EXPECT_EQ(store.logLines(), before);
 }
 
 TEST_F(GeneratorStoreTest, LogsTheFolderAndEveryWrittenFile) {
     chooser.folder = folder.url();
-    store.importSourceTexture(folder.texture(QStringLiteral("Stone.png")));
+    store.importSourceTexture(folder.texture(u"Stone.png"_s));
     exportSmall();
-    const QStringList suffixes{QStringLiteral("_maps_notes.txt"), QStringLiteral(".gltf"),
-                               QStringLiteral("_orm.png"),        QStringLiteral("_ao.png"),
-                               QStringLiteral("_metallic.png"),   QStringLiteral("_gloss.png"),
-                               QStringLiteral("_roughness.png"),  QStringLiteral("_height.png"),
-                               QStringLiteral("_normal.png"),     QStringLiteral("_basecolor.png")};
+    const QStringList suffixes{
+        u"_maps_notes.txt"_s, u".gltf"_s,          u"_orm.png"_s,    u"_ao.png"_s,     u"_metallic.png"_s,
+        u"_gloss.png"_s,      u"_roughness.png"_s, u"_height.png"_s, u"_normal.png"_s, u"_basecolor.png"_s};
     QStringList expected;
     for (const QString& suffix : suffixes) {
-        expected << stamped(QStringLiteral("Wrote Stone") + suffix);
+        expected << stamped(u"Wrote Stone"_s + suffix);
     }
-    const QString into = folder.path(QStringLiteral("Stone"));
-    expected << stamped(QStringLiteral("Export complete: ") + into);
+    const QString into = folder.path(u"Stone"_s);
+    expected << stamped(u"Export complete: "_s + into);
     EXPECT_EQ(store.logLines().first(qMin(expected.size(), store.logLines().size())), expected);
     ASSERT_NE(store.lastExportURL(), std::nullopt);
     EXPECT_EQ(QFileInfo(store.lastExportURL()->toLocalFile()), QFileInfo(into));
 }
 
 TEST_F(GeneratorStoreTest, KeepsTheLastExportWhenOneFails) {
-    store.importSourceTexture(folder.texture(QStringLiteral("Stone.png")));
+    store.importSourceTexture(folder.texture(u"Stone.png"_s));
     chooser.folder = folder.url();
     exportSmall();
     const auto before = store.lastExportURL();
     chooser.folder = folder.blocked();
     exportSmall();
-    EXPECT_TRUE(newest().startsWith(stamped(QStringLiteral("Export failed: ")))) << newest().toStdString();
+    EXPECT_TRUE(newest().startsWith(stamped(u"Export failed: "_s))) << newest().toStdString();
     EXPECT_EQ(store.lastExportURL(), before);
 }
 
@@ -224,11 +219,11 @@ TEST_F(GeneratorStoreTest, AnnouncesEveryChangeBeforeItIsMade) {
         loaded << store.canExport();
         names << store.settings().materialName;
     });
-    store.importSourceTexture(folder.texture(QStringLiteral("Stone.png")));
+    store.importSourceTexture(folder.texture(u"Stone.png"_s));
     EXPECT_EQ(loaded, QList<bool>({false, true, true, true, true}));
     const QString untouched = NormalGeneratorSettings::defaultMaterialName();
     EXPECT_EQ(names.first(2), QStringList({untouched, untouched}));
-    EXPECT_EQ(names[2], QStringLiteral("Stone"));
+    EXPECT_EQ(names[2], u"Stone"_s);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "chooser.h"
+#include "stores/chooser.h"
 
 #include <QUrl>
 

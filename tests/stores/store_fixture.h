@@ -14,6 +14,8 @@
 
 namespace quarlin::fixtures {
 
+using namespace Qt::StringLiterals;
+
 /// One store on a scripted chooser, at 14:03:27.
 template <typename Store>
 class StoreFixture : public testing::Test {
@@ -23,7 +25,7 @@ protected:
     std::unique_ptr<Store> owned = std::make_unique<Store>(chooser, [] { return QTime(14, 3, 27); });
     Store& store = *owned;
 
-    static QString stamped(const QString& message) { return QStringLiteral("[14:03:27] ") + message; }
+    static QString stamped(const QString& message) { return u"[14:03:27] "_s + message; }
 
     const QString& newest() const { return store.logLines().constFirst(); }
 

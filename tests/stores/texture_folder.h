@@ -12,6 +12,8 @@
 
 namespace quarlin::fixtures {
 
+using namespace Qt::StringLiterals;
+
 /// A folder of its own for one test, with ways to put files into it.
 class TextureFolder {
 public:
@@ -39,7 +41,7 @@ public:
     }
 
     /// A folder that nothing can be exported into, because a file is in its place.
-    QUrl blocked() const { return noTexture(QStringLiteral("blocked")); }
+    QUrl blocked() const { return noTexture(u"blocked"_s); }
 
 private:
     QTemporaryDir m_folder;

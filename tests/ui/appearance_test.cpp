@@ -1,16 +1,18 @@
-#include "colors.h"
-#include "log_view.h"
-#include "symbol.h"
-#include "symbol_view.h"
-#include "text_label.h"
-#include "texture_slot_kind.h"
-#include "typography.h"
+#include "model/texture_slot_kind.h"
+#include "ui/controls/symbol_view.h"
+#include "ui/controls/text_label.h"
+#include "ui/panels/log_view.h"
+#include "ui/style/colors.h"
+#include "ui/style/symbol.h"
+#include "ui/style/typography.h"
 #include "view_fixture.h"
 
 #include <QDir>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
@@ -38,7 +40,7 @@ TEST(Symbol, ExistsForEverySlot) {
 }
 
 TEST(Symbol, IsDrawnInTheGivenColorAlone) {
-    const QDir icons(QStringLiteral(":/icons"));
+    const QDir icons(u":/icons"_s);
     ASSERT_EQ(icons.entryList().size(), 14);
     for (const QString& file : icons.entryList()) {
         const QImage image = drawn(file.chopped(4), 32, QColor(200, 20, 90));
@@ -59,14 +61,14 @@ TEST(Symbol, IsAsSharpAsTheDevice) {
     image.setDevicePixelRatio(2);
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    paintSymbol(painter, QStringLiteral("trash"), QRectF(0, 0, 32, 32), Qt::black);
+    paintSymbol(painter, u"trash"_s, QRectF(0, 0, 32, 32), Qt::black);
     painter.end();
     image.setDevicePixelRatio(1);
-    EXPECT_EQ(image, drawn(QStringLiteral("trash"), 64, Qt::black));
+    EXPECT_EQ(image, drawn(u"trash"_s, 64, Qt::black));
 }
 
 TEST(Symbol, FollowsThePaletteAsAnIcon) {
-    const QIcon icon = symbolIcon(QStringLiteral("plus"));
+    const QIcon icon = symbolIcon(u"plus"_s);
     const QImage light = icon.pixmap(16, 16).toImage();
     useDarkPalette();
     const QImage dark = icon.pixmap(16, 16).toImage();
@@ -88,7 +90,7 @@ TEST(Typography, StepsAreRatiosOfTheApplicationsFont) {
 }
 
 TEST(Typography, FollowsALargerApplicationFont) {
-    TextLabel label(QStringLiteral("x"), TextStyle::title3);
+    TextLabel label(u"x"_s, TextStyle::title3);
     const QFont before = QApplication::font();
     QFont larger = before;
     larger.setPixelSize(26);
@@ -125,7 +127,7 @@ TEST(Colors, SecondaryTextIsReadableInLightAndInDark) {
 }
 
 TEST(Appearance, FollowsAPaletteThatChangesWhileRunning) {
-    auto* label = new TextLabel(QStringLiteral("text"), TextStyle::body, TextWeight::secondary);
+    auto* label = new TextLabel(u"text"_s, TextStyle::body, TextWeight::secondary);
     ViewWindow window(label, QSize(100, 30));
     const QImage light = label->grab().toImage();
     useDarkPalette();
@@ -141,7 +143,7 @@ TEST(Appearance, FollowsAPaletteThatChangesWhileRunning) {
 TEST(Appearance, OfTheLogFollowsThePaletteToo) {
     auto* log = new LogView;
     ViewWindow window(log, QSize(200, 30));
-    log->setLines({QStringLiteral("line")});
+    log->setLines({u"line"_s});
     const QColor light = log->palette().color(QPalette::Text);
     useDarkPalette();
     settle();
@@ -152,23 +154,23 @@ TEST(Appearance, OfTheLogFollowsThePaletteToo) {
 }
 
 TEST(TextLabel, ShowsTheWholeTextAsTooltipWhenItIsCut) {
-    auto* label = new TextLabel(QString(100, u'w') + QStringLiteral("<b>.png"), TextStyle::callout);
+    auto* label = new TextLabel(QString(100, u'w') + u"<b>.png"_s, TextStyle::callout);
     label->setElided(true);
     ViewWindow window(label, QSize(120, 20));
     QHelpEvent help(QEvent::ToolTip, {5, 5}, label->mapToGlobal(QPoint(5, 5)));
     QCoreApplication::sendEvent(label, &help);
     EXPECT_TRUE(QToolTip::isVisible());
     // Not taken for markup: the angle brackets of the name are in the tooltip as such.
-    EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("&lt;b&gt;"))) << QToolTip::text().toStdString();
+    EXPECT_TRUE(QToolTip::text().contains(u"&lt;b&gt;"_s)) << QToolTip::text().toStdString();
     QToolTip::hideText();
 }
 
 TEST(TextLabel, HasNoTooltipWhenItFits) {
-    auto* label = new TextLabel(QStringLiteral("fits"), TextStyle::callout);
+    auto* label = new TextLabel(u"fits"_s, TextStyle::callout);
     ViewWindow window(label, QSize(120, 20));
     QHelpEvent help(QEvent::ToolTip, {5, 5}, label->mapToGlobal(QPoint(5, 5)));
     QCoreApplication::sendEvent(label, &help);
-    EXPECT_NE(QToolTip::text(), QStringLiteral("fits"));
+    EXPECT_NE(QToolTip::text(), u"fits"_s);
 }
 
 }  // namespace

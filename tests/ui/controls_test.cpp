@@ -1,14 +1,14 @@
-#include "adaptive_grid.h"
-#include "button.h"
-#include "overlay_scroll_bar.h"
-#include "picture_view.h"
-#include "scroll_panel.h"
-#include "segment.h"
-#include "segmented_picker.h"
-#include "slider.h"
-#include "slider_row.h"
-#include "stepper.h"
-#include "toggle.h"
+#include "ui/controls/button.h"
+#include "ui/controls/overlay_scroll_bar.h"
+#include "ui/controls/picture_view.h"
+#include "ui/controls/segment.h"
+#include "ui/controls/segmented_picker.h"
+#include "ui/controls/slider.h"
+#include "ui/controls/slider_row.h"
+#include "ui/controls/stepper.h"
+#include "ui/controls/toggle.h"
+#include "ui/layout/adaptive_grid.h"
+#include "ui/layout/scroll_panel.h"
 #include "view_fixture.h"
 
 #include <QAccessible>
@@ -17,6 +17,8 @@
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin;
 using namespace quarlin::fixtures;
 
@@ -24,7 +26,7 @@ namespace {
 
 class SliderTest : public testing::Test {
 protected:
-    ViewWindow window{SliderRow::percentage(QStringLiteral("AO")), QSize(400, 30)};
+    ViewWindow window{SliderRow::percentage(u"AO"_s), QSize(400, 30)};
     SliderRow& row = static_cast<SliderRow&>(window.view());
     Slider& slider = *row.slider();
     QSignalSpy edits{&row, &SliderRow::valueEdited};
@@ -73,7 +75,7 @@ TEST_F(SliderTest, AlwaysShowsItsOwnValue) {
         EXPECT_EQ(row.valueLabel(), slider.valueText());
     }
     press(slider, Qt::Key_PageDown);
-    EXPECT_EQ(row.valueLabel(), QStringLiteral("90%"));
+    EXPECT_EQ(row.valueLabel(), u"90%"_s);
 }
 
 TEST_F(SliderTest, AnnouncesTheUsersEditsOnly) {
@@ -107,8 +109,8 @@ TEST_F(SliderTest, TellsAssistiveTechnologyItsNameRoleAndValue) {
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&slider);
     ASSERT_NE(accessible, nullptr);
     EXPECT_EQ(accessible->role(), QAccessible::Slider);
-    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("AO"));
-    EXPECT_EQ(accessible->text(QAccessible::Value), QStringLiteral("25%"));
+    EXPECT_EQ(accessible->text(QAccessible::Name), u"AO"_s);
+    EXPECT_EQ(accessible->text(QAccessible::Value), u"25%"_s);
     ASSERT_NE(accessible->valueInterface(), nullptr);
     EXPECT_EQ(accessible->valueInterface()->maximumValue().toDouble(), 1.0);
     accessible->valueInterface()->setCurrentValue(0.75);
@@ -118,17 +120,17 @@ TEST_F(SliderTest, TellsAssistiveTechnologyItsNameRoleAndValue) {
 
 TEST(Stepper, TellsAssistiveTechnologyItsRoleAndValue) {
     Stepper stepper(0, 4);
-    stepper.setAccessibleName(QStringLiteral("Smoothing"));
+    stepper.setAccessibleName(u"Smoothing"_s);
     stepper.setValue(2);
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&stepper);
     ASSERT_NE(accessible, nullptr);
     EXPECT_EQ(accessible->role(), QAccessible::SpinBox);
-    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Smoothing"));
-    EXPECT_EQ(accessible->text(QAccessible::Value), QStringLiteral("2"));
+    EXPECT_EQ(accessible->text(QAccessible::Name), u"Smoothing"_s);
+    EXPECT_EQ(accessible->text(QAccessible::Value), u"2"_s);
 }
 
 TEST(SegmentedPicker, HasOneChoiceAndTellsItsName) {
-    SegmentedPicker picker(QStringLiteral("Size"), {QStringLiteral("a"), QStringLiteral("b")});
+    SegmentedPicker picker(u"Size"_s, {u"a"_s, u"b"_s});
     QSignalSpy chosen(&picker, &SegmentedPicker::chosen);
     picker.setCurrentIndex(1);
     EXPECT_EQ(picker.currentIndex(), 1);
@@ -140,27 +142,26 @@ TEST(SegmentedPicker, HasOneChoiceAndTellsItsName) {
     EXPECT_EQ(picker.currentIndex(), 0);
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(segments[0]);
     EXPECT_EQ(accessible->role(), QAccessible::RadioButton);
-    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("a"));
+    EXPECT_EQ(accessible->text(QAccessible::Name), u"a"_s);
     EXPECT_TRUE(accessible->state().checked);
-    EXPECT_EQ(picker.accessibleName(), QStringLiteral("Size"));
+    EXPECT_EQ(picker.accessibleName(), u"Size"_s);
 }
 
 TEST(Toggle, TakesAClickAnywhereOnItsTitle) {
-    Toggle toggle(QStringLiteral("Write notes"));
+    Toggle toggle(u"Write notes"_s);
     toggle.resize(toggle.sizeHint());
     click(toggle, QPoint(toggle.width() - 4, 4));
     EXPECT_TRUE(toggle.isChecked());
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&toggle);
     EXPECT_EQ(accessible->role(), QAccessible::CheckBox);
-    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Write notes"));
+    EXPECT_EQ(accessible->text(QAccessible::Name), u"Write notes"_s);
 }
 
 TEST(Button, OfOnlyASymbolIsNamedByItsTooltip) {
-    const std::unique_ptr<Button> button(
-        Button::symbolOnly(QStringLiteral("trash"), QStringLiteral("Reset Inputs")));
+    const std::unique_ptr<Button> button(Button::symbolOnly(u"trash"_s, u"Reset Inputs"_s));
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(button.get());
     EXPECT_EQ(accessible->role(), QAccessible::Button);
-    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Reset Inputs"));
+    EXPECT_EQ(accessible->text(QAccessible::Name), u"Reset Inputs"_s);
 }
 
 class ScrollPanelTest : public testing::Test {

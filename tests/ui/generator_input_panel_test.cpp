@@ -1,9 +1,11 @@
-#include "generator_input_panel.h"
+#include "ui/panels/generator_input_panel.h"
 
-#include "button.h"
-#include "normal_generator_store.h"
-#include "texture_card.h"
+#include "stores/normal_generator_store.h"
+#include "ui/controls/button.h"
+#include "ui/panels/texture_card.h"
 #include "view_fixture.h"
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
@@ -14,39 +16,39 @@ class GeneratorInputPanelTest : public StoreFixture<NormalGeneratorStore> {
 protected:
     ViewWindow window{new GeneratorInputPanel(store), QSize(320, 500)};
     QWidget& view = window.view();
-    TextureCard& card = child<TextureCard>(view, QStringLiteral("source"));
+    TextureCard& card = child<TextureCard>(view, u"source"_s);
 
     Button& button(const char* name) const { return child<Button>(view, QString::fromLatin1(name)); }
 
     void load() {
-        store.importSourceTexture(folder.texture(QStringLiteral("Stone.png"), 8, 4));
+        store.importSourceTexture(folder.texture(u"Stone.png"_s, 8, 4));
         settle();
     }
 };
 
 TEST_F(GeneratorInputPanelTest, OffersOnlyToChooseAtTheStart) {
-    EXPECT_TRUE(shows(view, QStringLiteral("Map Source")));
-    EXPECT_TRUE(shows(card, QStringLiteral("Texture")));
-    EXPECT_TRUE(shows(card, QStringLiteral("Required")));
+    EXPECT_TRUE(shows(view, u"Map Source"_s));
+    EXPECT_TRUE(shows(card, u"Texture"_s));
+    EXPECT_TRUE(shows(card, u"Required"_s));
     EXPECT_FALSE(button("reset").isEnabled());
     EXPECT_TRUE(button("choose").isVisible());
     EXPECT_FALSE(button("remove").isVisible());
     EXPECT_EQ(card.toolTip(),
-              QStringLiteral("The app estimates height, roughness, gloss, metallic and AO from "
-                             "one source texture."));
+              u"The app estimates height, roughness, gloss, metallic and AO from "
+              "one source texture."_s);
 }
 
 TEST_F(GeneratorInputPanelTest, HasFixedTooltips) {
-    EXPECT_EQ(button("reset").toolTip(), QStringLiteral("Reset Input"));
-    EXPECT_EQ(button("remove").toolTip(), QStringLiteral("Remove Source"));
-    EXPECT_EQ(button("replace").toolTip(), QStringLiteral("Replace Source"));
+    EXPECT_EQ(button("reset").toolTip(), u"Reset Input"_s);
+    EXPECT_EQ(button("remove").toolTip(), u"Remove Source"_s);
+    EXPECT_EQ(button("replace").toolTip(), u"Replace Source"_s);
 }
 
 TEST_F(GeneratorInputPanelTest, ShowsTheLoadedSource) {
     load();
-    EXPECT_TRUE(shows(card, QStringLiteral("Stone.png")));
-    EXPECT_TRUE(shows(card, QStringLiteral("8x4")));
-    EXPECT_TRUE(shows(card, QStringLiteral("Required")));
+    EXPECT_TRUE(shows(card, u"Stone.png"_s));
+    EXPECT_TRUE(shows(card, u"8x4"_s));
+    EXPECT_TRUE(shows(card, u"Required"_s));
     EXPECT_FALSE(button("choose").isVisible());
     EXPECT_TRUE(button("remove").isVisible());
     EXPECT_TRUE(button("reset").isEnabled());
@@ -54,24 +56,24 @@ TEST_F(GeneratorInputPanelTest, ShowsTheLoadedSource) {
 
 TEST_F(GeneratorInputPanelTest, ReplacesTheSourceByADrop) {
     load();
-    const auto files = dragged({folder.texture(QStringLiteral("Wood.png"))});
+    const auto files = dragged({folder.texture(u"Wood.png"_s)});
     EXPECT_TRUE(dragOver(card, *files));
     EXPECT_TRUE(card.isDropTarget());
     EXPECT_TRUE(dropOn(card, *files));
     EXPECT_FALSE(card.isDropTarget());
     settle();
-    EXPECT_TRUE(shows(card, QStringLiteral("Wood.png")));
+    EXPECT_TRUE(shows(card, u"Wood.png"_s));
 }
 
 TEST_F(GeneratorInputPanelTest, TakesNoNoticeOfADragWithoutFiles) {
     QMimeData text;
-    text.setText(QStringLiteral("Stone"));
+    text.setText(u"Stone"_s);
     EXPECT_FALSE(dragOver(card, text));
     EXPECT_FALSE(card.isDropTarget());
 }
 
 TEST_F(GeneratorInputPanelTest, ChoosesRemovesAndResets) {
-    chooser.file = folder.texture(QStringLiteral("Stone.png"));
+    chooser.file = folder.texture(u"Stone.png"_s);
     click(button("choose"));
     EXPECT_TRUE(store.canExport());
     click(button("remove"));
@@ -81,7 +83,7 @@ TEST_F(GeneratorInputPanelTest, ChoosesRemovesAndResets) {
     click(button("replace"));
     EXPECT_EQ(chooser.fileQuestions.size(), 3U);
     click(button("reset"));
-    EXPECT_EQ(store.logLines(), QStringList{QStringLiteral("Inputs cleared.")});
+    EXPECT_EQ(store.logLines(), QStringList{u"Inputs cleared."_s});
     EXPECT_FALSE(button("reset").isEnabled());
 }
 

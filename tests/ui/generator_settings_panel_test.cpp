@@ -1,10 +1,12 @@
-#include "generator_settings_panel.h"
+#include "ui/panels/generator_settings_panel.h"
 
-#include "button.h"
-#include "segment.h"
-#include "slider.h"
-#include "stepper.h"
+#include "ui/controls/button.h"
+#include "ui/controls/segment.h"
+#include "ui/controls/slider.h"
+#include "ui/controls/stepper.h"
 #include "view_fixture.h"
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
@@ -15,8 +17,8 @@ class GeneratorSettingsPanelTest : public StoreFixture<NormalGeneratorStore> {
 protected:
     ViewWindow window{new GeneratorSettingsPanel(store), QSize(440, 960)};
     QWidget& view = window.view();
-    Button& previewButton = child<Button>(view, QStringLiteral("preview"));
-    Button& exportButton = child<Button>(view, QStringLiteral("export"));
+    Button& previewButton = child<Button>(view, u"preview"_s);
+    Button& exportButton = child<Button>(view, u"export"_s);
     StepperRow& smoothing = *view.findChild<StepperRow*>();
 
     Toggle& toggle(const QString& title) const { return withText<Toggle>(view, title); }
@@ -31,17 +33,17 @@ protected:
 };
 
 TEST_F(GeneratorSettingsPanelTest, ShowsTheDefaultsAtTheStart) {
-    EXPECT_TRUE(shows(view, QStringLiteral("Generated Maps")));
-    EXPECT_EQ(view.findChild<NameField*>()->text(), QStringLiteral("VOREK_Normal"));
+    EXPECT_TRUE(shows(view, u"Generated Maps"_s));
+    EXPECT_EQ(view.findChild<NameField*>()->text(), u"VOREK_Normal"_s);
     EXPECT_EQ(view.findChild<SegmentedPicker*>()->currentIndex(), 3);
-    EXPECT_EQ(row("Strength").valueLabel(), QStringLiteral("3.0"));
-    EXPECT_EQ(smoothing.valueLabel(), QStringLiteral("1"));
-    EXPECT_EQ(row("Rough Min").valueLabel(), QStringLiteral("18%"));
-    EXPECT_EQ(row("Rough Max").valueLabel(), QStringLiteral("82%"));
-    EXPECT_EQ(row("Metal").valueLabel(), QStringLiteral("45%"));
-    EXPECT_EQ(row("AO").valueLabel(), QStringLiteral("55%"));
-    EXPECT_FALSE(toggle(QStringLiteral("Invert height")).isChecked());
-    EXPECT_FALSE(toggle(QStringLiteral("Flip green channel")).isChecked());
+    EXPECT_EQ(row("Strength").valueLabel(), u"3.0"_s);
+    EXPECT_EQ(smoothing.valueLabel(), u"1"_s);
+    EXPECT_EQ(row("Rough Min").valueLabel(), u"18%"_s);
+    EXPECT_EQ(row("Rough Max").valueLabel(), u"82%"_s);
+    EXPECT_EQ(row("Metal").valueLabel(), u"45%"_s);
+    EXPECT_EQ(row("AO").valueLabel(), u"55%"_s);
+    EXPECT_FALSE(toggle(u"Invert height"_s).isChecked());
+    EXPECT_FALSE(toggle(u"Flip green channel"_s).isChecked());
 }
 
 TEST_F(GeneratorSettingsPanelTest, GroupsItsControlsInOrder) {
@@ -49,33 +51,31 @@ TEST_F(GeneratorSettingsPanelTest, GroupsItsControlsInOrder) {
     for (const GroupBox* group : view.findChildren<GroupBox*>()) {
         groups << group->title();
     }
-    EXPECT_EQ(groups,
-              QStringList({QString(), QStringLiteral("Normal / Height"), QStringLiteral("Roughness / Gloss"),
-                           QStringLiteral("Metal / AO"), QStringLiteral("Files")}));
+    EXPECT_EQ(groups, QStringList({QString(), u"Normal / Height"_s, u"Roughness / Gloss"_s, u"Metal / AO"_s,
+                                   u"Files"_s}));
     QStringList toggles;
     for (const Toggle* candidate : view.findChildren<Toggle*>()) {
         toggles << candidate->text();
     }
-    EXPECT_EQ(toggles, QStringList({QStringLiteral("Invert height"), QStringLiteral("Flip green channel"),
-                                    QStringLiteral("Write height helper"), QStringLiteral("Write roughness"),
-                                    QStringLiteral("Write gloss"), QStringLiteral("Write metallic"),
-                                    QStringLiteral("Write AO"), QStringLiteral("Write ORM"),
-                                    QStringLiteral("Write .gltf material"), QStringLiteral("Write notes")}));
+    EXPECT_EQ(toggles,
+              QStringList({u"Invert height"_s, u"Flip green channel"_s, u"Write height helper"_s,
+                           u"Write roughness"_s, u"Write gloss"_s, u"Write metallic"_s, u"Write AO"_s,
+                           u"Write ORM"_s, u"Write .gltf material"_s, u"Write notes"_s}));
 }
 
 TEST_F(GeneratorSettingsPanelTest, WritesEachToggleIntoItsOwnField) {
     using Settings = NormalGeneratorSettings;
     const std::vector<std::pair<QString, bool Settings::*>> fields{
-        {QStringLiteral("Invert height"), &Settings::invertHeight},
-        {QStringLiteral("Flip green channel"), &Settings::flipGreen},
-        {QStringLiteral("Write height helper"), &Settings::exportHeight},
-        {QStringLiteral("Write roughness"), &Settings::exportRoughness},
-        {QStringLiteral("Write gloss"), &Settings::exportGloss},
-        {QStringLiteral("Write metallic"), &Settings::exportMetallic},
-        {QStringLiteral("Write AO"), &Settings::exportAO},
-        {QStringLiteral("Write ORM"), &Settings::exportORM},
-        {QStringLiteral("Write .gltf material"), &Settings::exportGLTF},
-        {QStringLiteral("Write notes"), &Settings::exportNotes}};
+        {u"Invert height"_s, &Settings::invertHeight},
+        {u"Flip green channel"_s, &Settings::flipGreen},
+        {u"Write height helper"_s, &Settings::exportHeight},
+        {u"Write roughness"_s, &Settings::exportRoughness},
+        {u"Write gloss"_s, &Settings::exportGloss},
+        {u"Write metallic"_s, &Settings::exportMetallic},
+        {u"Write AO"_s, &Settings::exportAO},
+        {u"Write ORM"_s, &Settings::exportORM},
+        {u"Write .gltf material"_s, &Settings::exportGLTF},
+        {u"Write notes"_s, &Settings::exportNotes}};
     for (const auto& [title, field] : fields) {
         Settings expected = store.settings();
         expected.*field = !(expected.*field);
@@ -105,22 +105,22 @@ TEST_F(GeneratorSettingsPanelTest, KeepsTheStrengthBetweenItsBounds) {
     press(slider, Qt::Key_End);
     press(slider, Qt::Key_Right);
     EXPECT_EQ(store.settings().strength, 10.0);
-    EXPECT_EQ(row("Strength").valueLabel(), QStringLiteral("10.0"));
+    EXPECT_EQ(row("Strength").valueLabel(), u"10.0"_s);
     press(slider, Qt::Key_Home);
     press(slider, Qt::Key_Left);
     EXPECT_EQ(store.settings().strength, 0.2);
-    EXPECT_EQ(row("Strength").valueLabel(), QStringLiteral("0.2"));
+    EXPECT_EQ(row("Strength").valueLabel(), u"0.2"_s);
 }
 
 TEST_F(GeneratorSettingsPanelTest, WritesTheStrengthAlikeInEveryLocale) {
     const QLocale before;
-    QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
+    QLocale::setDefault(QLocale(u"de_DE"_s));
     NormalGeneratorSettings settings;
     settings.strength = 2.5;
     store.setSettings(settings);
     settle();
-    EXPECT_EQ(row("Strength").valueLabel(), QStringLiteral("2.5"));
-    EXPECT_EQ(row("AO").valueLabel(), QStringLiteral("55\u00a0%"));
+    EXPECT_EQ(row("Strength").valueLabel(), u"2.5"_s);
+    EXPECT_EQ(row("AO").valueLabel(), u"55\u00a0%"_s);
     QLocale::setDefault(before);
 }
 
@@ -130,12 +130,12 @@ TEST_F(GeneratorSettingsPanelTest, StepsTheSmoothingBetweenNoneAndFour) {
         click(stepper, stepper.upperHalf().center());
     }
     EXPECT_EQ(store.settings().smoothing, 4);
-    EXPECT_EQ(smoothing.valueLabel(), QStringLiteral("4"));
+    EXPECT_EQ(smoothing.valueLabel(), u"4"_s);
     for (int step = 0; step < 6; ++step) {
         click(stepper, stepper.lowerHalf().center());
     }
     EXPECT_EQ(store.settings().smoothing, 0);
-    EXPECT_EQ(smoothing.valueLabel(), QStringLiteral("0"));
+    EXPECT_EQ(smoothing.valueLabel(), u"0"_s);
     press(stepper, Qt::Key_Up);
     EXPECT_EQ(store.settings().smoothing, 1);
     press(stepper, Qt::Key_Down);
@@ -153,7 +153,7 @@ TEST_F(GeneratorSettingsPanelTest, LetsTheRoughnessBoundsCross) {
 TEST_F(GeneratorSettingsPanelTest, EnablesBothButtonsWithASource) {
     EXPECT_FALSE(previewButton.isEnabled());
     EXPECT_FALSE(exportButton.isEnabled());
-    store.importSourceTexture(folder.texture(QStringLiteral("a.png")));
+    store.importSourceTexture(folder.texture(u"a.png"_s));
     settle();
     EXPECT_TRUE(previewButton.isEnabled());
     EXPECT_TRUE(exportButton.isEnabled());
@@ -164,7 +164,7 @@ TEST_F(GeneratorSettingsPanelTest, EnablesBothButtonsWithASource) {
 }
 
 TEST_F(GeneratorSettingsPanelTest, LeavesTheButtonsEnabledWithEveryFileOff) {
-    store.importSourceTexture(folder.texture(QStringLiteral("a.png")));
+    store.importSourceTexture(folder.texture(u"a.png"_s));
     for (Toggle* candidate : view.findChildren<Toggle*>()) {
         if (candidate->isChecked()) {
             click(*candidate);
@@ -176,7 +176,7 @@ TEST_F(GeneratorSettingsPanelTest, LeavesTheButtonsEnabledWithEveryFileOff) {
 }
 
 TEST_F(GeneratorSettingsPanelTest, BuildsThePreviewAndExports) {
-    store.importSourceTexture(folder.texture(QStringLiteral("a.png")));
+    store.importSourceTexture(folder.texture(u"a.png"_s));
     settle();
     const qsizetype before = store.logLines().size();
     click(previewButton);

@@ -1,9 +1,11 @@
-#include "material_settings_panel.h"
+#include "ui/panels/material_settings_panel.h"
 
-#include "button.h"
-#include "segment.h"
-#include "slider.h"
+#include "ui/controls/button.h"
+#include "ui/controls/segment.h"
+#include "ui/controls/slider.h"
 #include "view_fixture.h"
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
@@ -17,8 +19,8 @@ protected:
 
     Toggle& toggle(const char* title) const { return withText<Toggle>(view, QString::fromLatin1(title)); }
     NameField& name() const { return *view.findChild<NameField*>(); }
-    Button& previewButton() const { return child<Button>(view, QStringLiteral("preview")); }
-    Button& exportButton() const { return child<Button>(view, QStringLiteral("export")); }
+    Button& previewButton() const { return child<Button>(view, u"preview"_s); }
+    Button& exportButton() const { return child<Button>(view, u"export"_s); }
     SliderRow& row(const char* title) const {
         for (SliderRow* candidate : view.findChildren<SliderRow*>()) {
             if (candidate->slider()->accessibleName() == QString::fromLatin1(title)) {
@@ -35,20 +37,20 @@ protected:
         return titles;
     }
     void load(TextureSlotKind kind) {
-        store.importTexture(folder.texture(QStringLiteral("a.png")), kind);
+        store.importTexture(folder.texture(u"a.png"_s), kind);
         settle();
     }
 };
 
 TEST_F(MaterialSettingsPanelTest, ShowsTheDefaultsAtTheStart) {
-    EXPECT_EQ(name().text(), QStringLiteral("VOREK_PBR_Material"));
-    EXPECT_EQ(name().placeholderText(), QStringLiteral("Name"));
+    EXPECT_EQ(name().text(), u"VOREK_PBR_Material"_s);
+    EXPECT_EQ(name().placeholderText(), u"Name"_s);
     EXPECT_EQ(view.findChild<SegmentedPicker*>()->currentIndex(), 3);
     EXPECT_FALSE(toggle("Roughness input is gloss/smoothness").isChecked());
     EXPECT_FALSE(toggle("Flip normal green channel").isChecked());
-    EXPECT_EQ(row("AO").valueLabel(), QStringLiteral("100%"));
-    EXPECT_EQ(row("Roughness").valueLabel(), QStringLiteral("65%"));
-    EXPECT_EQ(row("Metallic").valueLabel(), QStringLiteral("0%"));
+    EXPECT_EQ(row("AO").valueLabel(), u"100%"_s);
+    EXPECT_EQ(row("Roughness").valueLabel(), u"65%"_s);
+    EXPECT_EQ(row("Metallic").valueLabel(), u"0%"_s);
     EXPECT_TRUE(toggle("Write .gltf material").isChecked());
     EXPECT_TRUE(toggle("Write notes").isChecked());
 }
@@ -58,39 +60,36 @@ TEST_F(MaterialSettingsPanelTest, GroupsItsControlsInOrder) {
     for (const GroupBox* group : view.findChildren<GroupBox*>()) {
         titles << group->title();
     }
-    EXPECT_EQ(titles, QStringList({QString(), QStringLiteral("Map Conversion"),
-                                   QStringLiteral("Missing Map Defaults"), QStringLiteral("Export")}));
-    EXPECT_TRUE(shows(view, QStringLiteral("Material")));
-    EXPECT_TRUE(shows(view, QStringLiteral("Output Size")));
+    EXPECT_EQ(titles, QStringList({QString(), u"Map Conversion"_s, u"Missing Map Defaults"_s, u"Export"_s}));
+    EXPECT_TRUE(shows(view, u"Material"_s));
+    EXPECT_TRUE(shows(view, u"Output Size"_s));
 }
 
 TEST_F(MaterialSettingsPanelTest, OffersFiveSizesBaseSizeFirst) {
-    EXPECT_EQ(segmentTitles(),
-              QStringList({QStringLiteral("Base Size"), QStringLiteral("512"), QStringLiteral("1024"),
-                           QStringLiteral("2048"), QStringLiteral("4096")}));
+    EXPECT_EQ(segmentTitles(), QStringList({u"Base Size"_s, u"512"_s, u"1024"_s, u"2048"_s, u"4096"_s}));
 }
 
 TEST_F(MaterialSettingsPanelTest, WritesEachKeystrokeOfTheName) {
     name().setFocus();
     name().selectAll();
     QTest::keyClick(&name(), Qt::Key_B);
-    EXPECT_EQ(store.settings().materialName, QStringLiteral("b"));
-    QTest::keyClicks(&name(), QStringLiteral("rick"));
-    EXPECT_EQ(store.settings().materialName, QStringLiteral("brick"));
+    EXPECT_EQ(store.settings().materialName, u"b"_s);
+    QTest::keyClicks(&name(), u"rick"_s);
+    EXPECT_EQ(store.settings().materialName, u"brick"_s);
     settle();
-    EXPECT_EQ(name().text(), QStringLiteral("brick"));
+    EXPECT_EQ(name().text(), u"brick"_s);
 }
 
 TEST_F(MaterialSettingsPanelTest, KeepsTheCursorWhileTyping) {
-    name().setText(QStringLiteral("abcd"));
+    name().setText(u"abcd"_s);
     name().setCursorPosition(2);
-    QTest::keyClicks(&name(), QStringLiteral("x"));
+    QTest::keyClicks(&name(), u"x"_s);
     settle();
-    QTest::keyClicks(&name(), QStringLiteral("y"));
+    QTest::keyClicks(&name(), u"y"_s);
     settle();
-    EXPECT_EQ(name().text(), QStringLiteral("abxycd"));
+    EXPECT_EQ(name().text(), u"abxycd"_s);
     EXPECT_EQ(name().cursorPosition(), 4);
-    EXPECT_EQ(store.settings().materialName, QStringLiteral("abxycd"));
+    EXPECT_EQ(store.settings().materialName, u"abxycd"_s);
 }
 
 TEST_F(MaterialSettingsPanelTest, TakesAnEmptyName) {
@@ -102,20 +101,20 @@ TEST_F(MaterialSettingsPanelTest, TakesAnEmptyName) {
 }
 
 TEST_F(MaterialSettingsPanelTest, ShowsAnAdoptedName) {
-    store.importTexture(folder.texture(QStringLiteral("Brick.png")), TextureSlotKind::baseColor);
+    store.importTexture(folder.texture(u"Brick.png"_s), TextureSlotKind::baseColor);
     settle();
-    EXPECT_EQ(name().text(), QStringLiteral("Brick"));
+    EXPECT_EQ(name().text(), u"Brick"_s);
 }
 
 TEST_F(MaterialSettingsPanelTest, WritesTheChosenSize) {
-    click(withText<Segment>(view, QStringLiteral("512")));
+    click(withText<Segment>(view, u"512"_s));
     EXPECT_EQ(store.settings().outputResolution, OutputResolution::px512);
-    click(withText<Segment>(view, QStringLiteral("Base Size")));
+    click(withText<Segment>(view, u"Base Size"_s));
     EXPECT_EQ(store.settings().outputResolution, OutputResolution::matchBase);
 }
 
 TEST_F(MaterialSettingsPanelTest, MovesTheSizeWithTheArrowKeys) {
-    Segment& chosen = withText<Segment>(view, QStringLiteral("2048"));
+    Segment& chosen = withText<Segment>(view, u"2048"_s);
     chosen.setFocus(Qt::TabFocusReason);
     press(chosen, Qt::Key_Right);
     EXPECT_EQ(store.settings().outputResolution, OutputResolution::px4096);
@@ -144,9 +143,9 @@ TEST_F(MaterialSettingsPanelTest, WritesEachSlider) {
     EXPECT_EQ(store.settings().defaultOcclusion, 0.0);
     EXPECT_EQ(store.settings().defaultRoughness, 1.0);
     EXPECT_DOUBLE_EQ(store.settings().defaultMetallic, 0.1);
-    EXPECT_EQ(row("AO").valueLabel(), QStringLiteral("0%"));
-    EXPECT_EQ(row("Roughness").valueLabel(), QStringLiteral("100%"));
-    EXPECT_EQ(row("Metallic").valueLabel(), QStringLiteral("10%"));
+    EXPECT_EQ(row("AO").valueLabel(), u"0%"_s);
+    EXPECT_EQ(row("Roughness").valueLabel(), u"100%"_s);
+    EXPECT_EQ(row("Metallic").valueLabel(), u"10%"_s);
 }
 
 TEST_F(MaterialSettingsPanelTest, LinesTheSlidersUp) {
@@ -179,30 +178,30 @@ TEST_F(MaterialSettingsPanelTest, BuildsThePreviewAndExports) {
     const qsizetype before = store.logLines().size();
     click(previewButton());
     EXPECT_EQ(store.logLines().size(), before + 1);
-    EXPECT_EQ(newest(), stamped(QStringLiteral("Preview updated.")));
+    EXPECT_EQ(newest(), stamped(u"Preview updated."_s));
     click(exportButton());
     EXPECT_EQ(chooser.folderQuestions.size(), 1U);
 }
 
 TEST_F(MaterialSettingsPanelTest, HasOneProminentButton) {
     EXPECT_EQ(exportButton().buttonStyle(), ButtonStyle::prominent);
-    EXPECT_EQ(exportButton().text(), QStringLiteral("E&xport"));
-    EXPECT_EQ(exportButton().symbol(), QStringLiteral("square.and.arrow.up"));
+    EXPECT_EQ(exportButton().text(), u"E&xport"_s);
+    EXPECT_EQ(exportButton().symbol(), u"square.and.arrow.up"_s);
     EXPECT_EQ(previewButton().buttonStyle(), ButtonStyle::bordered);
-    EXPECT_EQ(previewButton().symbol(), QStringLiteral("eye"));
+    EXPECT_EQ(previewButton().symbol(), u"eye"_s);
 }
 
 TEST_F(MaterialSettingsPanelTest, ShowsTheDefaultsAgainAfterAReset) {
     click(toggle("Write notes"));
-    click(withText<Segment>(view, QStringLiteral("512")));
+    click(withText<Segment>(view, u"512"_s));
     press(*row("AO").slider(), Qt::Key_Home);
     load(TextureSlotKind::baseColor);
     store.reset();
     settle();
-    EXPECT_EQ(name().text(), QStringLiteral("VOREK_PBR_Material"));
+    EXPECT_EQ(name().text(), u"VOREK_PBR_Material"_s);
     EXPECT_TRUE(toggle("Write notes").isChecked());
     EXPECT_EQ(view.findChild<SegmentedPicker*>()->currentIndex(), 3);
-    EXPECT_EQ(row("AO").valueLabel(), QStringLiteral("100%"));
+    EXPECT_EQ(row("AO").valueLabel(), u"100%"_s);
 }
 
 TEST_F(MaterialSettingsPanelTest, ReachesEveryControlInReadingOrder) {
@@ -212,16 +211,14 @@ TEST_F(MaterialSettingsPanelTest, ReachesEveryControlInReadingOrder) {
     QWidget* first = QApplication::focusWidget();
     do {
         QWidget* focused = QApplication::focusWidget();
-        auto* labelled = qobject_cast<QAbstractButton*>(focused);
-        reached << (labelled ? labelled->text() : focused->accessibleName());
+        auto* labeled = qobject_cast<QAbstractButton*>(focused);
+        reached << (labeled ? labeled->text() : focused->accessibleName());
         press(*focused, Qt::Key_Tab);
     } while (QApplication::focusWidget() != first && reached.size() < 30);
-    EXPECT_EQ(reached, QStringList({QStringLiteral("Name"), QStringLiteral("2048"),
-                                    QStringLiteral("Roughness input is gloss/smoothness"),
-                                    QStringLiteral("Flip normal green channel"), QStringLiteral("AO"),
-                                    QStringLiteral("Roughness"), QStringLiteral("Metallic"),
-                                    QStringLiteral("Write .gltf material"), QStringLiteral("Write notes"),
-                                    QStringLiteral("Pre&view"), QStringLiteral("E&xport")}));
+    EXPECT_EQ(reached,
+              QStringList({u"Name"_s, u"2048"_s, u"Roughness input is gloss/smoothness"_s,
+                           u"Flip normal green channel"_s, u"AO"_s, u"Roughness"_s, u"Metallic"_s,
+                           u"Write .gltf material"_s, u"Write notes"_s, u"Pre&view"_s, u"E&xport"_s}));
 }
 
 }  // namespace

@@ -14,6 +14,8 @@
 
 namespace quarlin::fixtures {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Two channels this close are taken for the same: lines and letters may be smoothed slightly differently.
@@ -71,20 +73,20 @@ void expectPicture(QWidget& widget, const QString& name, double scale) {
         return;
     }
     const QDir folder(QStringLiteral(QUARLIN_PICTURES));
-    folder.mkpath(QStringLiteral("."));
-    produced.save(folder.filePath(name + QStringLiteral(".png")));
-    baseline.save(folder.filePath(name + QStringLiteral("_baseline.png")));
-    difference.save(folder.filePath(name + QStringLiteral("_difference.png")));
+    folder.mkpath(u"."_s);
+    produced.save(folder.filePath(name + u".png"_s));
+    baseline.save(folder.filePath(name + u"_baseline.png"_s));
+    difference.save(folder.filePath(name + u"_difference.png"_s));
     ADD_FAILURE() << "The picture " << name.toStdString() << " is " << produced.width() << "x"
                   << produced.height() << ", its baseline " << baseline.width() << "x" << baseline.height()
                   << "; pixels that differ: " << differing << ". See " << folder.path().toStdString();
 }
 
 void expectPictures(QWidget& widget, const QString& name) {
-    expectPicture(widget, name + QStringLiteral("_light"));
-    expectPicture(widget, name + QStringLiteral("_2x"), 2);
+    expectPicture(widget, name + u"_light"_s);
+    expectPicture(widget, name + u"_2x"_s, 2);
     useDarkPalette();
-    expectPicture(widget, name + QStringLiteral("_dark"));
+    expectPicture(widget, name + u"_dark"_s);
     useLightPalette();
 }
 

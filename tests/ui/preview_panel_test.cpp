@@ -1,12 +1,14 @@
-#include "adaptive_grid.h"
-#include "empty_preview.h"
-#include "log_view.h"
-#include "material_store.h"
-#include "normal_generator_store.h"
-#include "preview_tile.h"
-#include "symbol_view.h"
-#include "tool_preview_panel.h"
+#include "stores/material_store.h"
+#include "stores/normal_generator_store.h"
+#include "ui/controls/symbol_view.h"
+#include "ui/layout/adaptive_grid.h"
+#include "ui/panels/empty_preview.h"
+#include "ui/panels/log_view.h"
+#include "ui/panels/preview_tile.h"
+#include "ui/panels/tool_preview_panel.h"
 #include "view_fixture.h"
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
@@ -39,35 +41,35 @@ protected:
     QWidget& view = window.view();
     LogView& log = *view.findChild<LogView*>();
     EmptyPreview& empty = *view.findChild<EmptyPreview*>();
-    TextLabel& lastExport = child<TextLabel>(view, QStringLiteral("lastExport"));
+    TextLabel& lastExport = child<TextLabel>(view, u"lastExport"_s);
 };
 
 class MaterialPreviewPanel : public PanelFixture<MaterialStore> {
 protected:
-    MaterialPreviewPanel() : PanelFixture(QStringLiteral("photo.on.rectangle.angled")) {}
+    MaterialPreviewPanel() : PanelFixture(u"photo.on.rectangle.angled"_s) {}
 
     void load(TextureSlotKind kind) {
-        store.importTexture(folder.texture(QStringLiteral("a.png")), kind);
+        store.importTexture(folder.texture(u"a.png"_s), kind);
         settle();
     }
 };
 
 class GeneratorPreviewPanel : public PanelFixture<NormalGeneratorStore> {
 protected:
-    GeneratorPreviewPanel() : PanelFixture(QStringLiteral("mountain.2")) {}
+    GeneratorPreviewPanel() : PanelFixture(u"mountain.2"_s) {}
 
     void load() {
-        store.importSourceTexture(folder.texture(QStringLiteral("a.png")));
+        store.importSourceTexture(folder.texture(u"a.png"_s));
         settle();
     }
 };
 
 TEST_F(MaterialPreviewPanel, ShowsNoPreviewAtTheStart) {
-    EXPECT_TRUE(shows(view, QStringLiteral("Preview")));
+    EXPECT_TRUE(shows(view, u"Preview"_s));
     EXPECT_TRUE(empty.isVisible());
     EXPECT_EQ(empty.height(), 180);
-    EXPECT_TRUE(shows(empty, QStringLiteral("No Preview")));
-    EXPECT_EQ(empty.findChild<SymbolView*>()->symbol(), QStringLiteral("photo.on.rectangle.angled"));
+    EXPECT_TRUE(shows(empty, u"No Preview"_s));
+    EXPECT_EQ(empty.findChild<SymbolView*>()->symbol(), u"photo.on.rectangle.angled"_s);
     EXPECT_EQ(empty.findChild<SymbolView*>()->size(), QSize(38, 38));
     EXPECT_FALSE(lastExport.isVisible());
     EXPECT_EQ(log.lines(), store.logLines());
@@ -78,10 +80,9 @@ TEST_F(MaterialPreviewPanel, ShowsATileForEachPreviewInOrder) {
     load(TextureSlotKind::baseColor);
     load(TextureSlotKind::normal);
     EXPECT_FALSE(empty.isVisible());
-    EXPECT_EQ(tileTitles(view),
-              QStringList({QStringLiteral("Base"), QStringLiteral("ORM"), QStringLiteral("Normal")}));
+    EXPECT_EQ(tileTitles(view), QStringList({u"Base"_s, u"ORM"_s, u"Normal"_s}));
     const auto tiles = view.findChildren<PreviewTile*>();
-    EXPECT_EQ(tiles[0]->subtitle(), QStringLiteral("Color + alpha"));
+    EXPECT_EQ(tiles[0]->subtitle(), u"Color + alpha"_s);
     EXPECT_EQ(tiles[0]->image(), store.previews().at(OutputPreviewKind::baseColor));
 }
 
@@ -118,13 +119,13 @@ TEST_F(MaterialPreviewPanel, ShowsTheNameOfTheLastExport) {
     load(TextureSlotKind::baseColor);
     chooser.folder = folder.url();
     ConversionSettings settings;
-    settings.materialName = QStringLiteral("My Brick");
+    settings.materialName = u"My Brick"_s;
     settings.outputResolution = OutputResolution::matchBase;
     store.setSettings(settings);
     store.exportMaterialSet();
     settle();
     EXPECT_TRUE(lastExport.isVisible());
-    EXPECT_EQ(lastExport.text(), QStringLiteral("My_Brick"));
+    EXPECT_EQ(lastExport.text(), u"My_Brick"_s);
     store.reset();
     settle();
     EXPECT_FALSE(lastExport.isVisible());
@@ -142,14 +143,14 @@ TEST_F(MaterialPreviewPanel, ShowsIdenticalLinesEach) {
     store.removeTexture(TextureSlotKind::normal);
     store.removeTexture(TextureSlotKind::normal);
     settle();
-    EXPECT_EQ(log.lines().count(stamped(QStringLiteral("Normal removed."))), 2);
+    EXPECT_EQ(log.lines().count(stamped(u"Normal removed."_s)), 2);
 }
 
 TEST_F(MaterialPreviewPanel, ShowsOneLineAfterAReset) {
     load(TextureSlotKind::baseColor);
     store.reset();
     settle();
-    EXPECT_EQ(log.toPlainText(), QStringLiteral("Inputs cleared."));
+    EXPECT_EQ(log.toPlainText(), u"Inputs cleared."_s);
 }
 
 TEST_F(MaterialPreviewPanel, FitsItsColumnsToTheWidth) {
@@ -173,11 +174,11 @@ TEST_F(MaterialPreviewPanel, FitsItsColumnsToTheWidth) {
 
 TEST_F(GeneratorPreviewPanel, ShowsNoPreviewAtTheStart) {
     EXPECT_TRUE(empty.isVisible());
-    EXPECT_EQ(empty.findChild<SymbolView*>()->symbol(), QStringLiteral("mountain.2"));
+    EXPECT_EQ(empty.findChild<SymbolView*>()->symbol(), u"mountain.2"_s);
     EXPECT_FALSE(lastExport.isVisible());
     EXPECT_EQ(log.toPlainText(),
-              QStringLiteral("Load one source texture to generate Normal, Roughness, Gloss, "
-                             "Metallic, AO and ORM maps."));
+              u"Load one source texture to generate Normal, Roughness, Gloss, "
+              "Metallic, AO and ORM maps."_s);
 }
 
 TEST_F(GeneratorPreviewPanel, ShowsATileForEachMapInOrder) {
@@ -195,9 +196,9 @@ TEST(PreviewTiles, FollowTheOrderOfTheKindsAndSkipWhatIsMissing) {
                                                         {NormalPreviewKind::source, image},
                                                         {NormalPreviewKind::gloss, image}});
     ASSERT_EQ(tiles.size(), 3U);
-    EXPECT_EQ(tiles[0].title, QStringLiteral("Source"));
-    EXPECT_EQ(tiles[1].title, QStringLiteral("Gloss"));
-    EXPECT_EQ(tiles[2].subtitle, QStringLiteral("R AO / G Rough / B Metal"));
+    EXPECT_EQ(tiles[0].title, u"Source"_s);
+    EXPECT_EQ(tiles[1].title, u"Gloss"_s);
+    EXPECT_EQ(tiles[2].subtitle, u"R AO / G Rough / B Metal"_s);
 }
 
 }  // namespace

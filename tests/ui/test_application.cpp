@@ -14,6 +14,8 @@
 
 namespace quarlin::fixtures {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Shades {
@@ -52,12 +54,12 @@ int runTestsInApplication(int argc, char** argv) {
     qputenv("FONTCONFIG_FILE", QUARLIN_TEST_FONTS);
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QApplication application(argc, argv);
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setStyle(u"Fusion"_s);
     QLocale::setDefault(QLocale::c());
-    QFont font(QStringLiteral("DejaVu Sans"));
+    QFont font(u"DejaVu Sans"_s);
     font.setPixelSize(13);
     QApplication::setFont(font);
-    if (QFontInfo(font).family() != QStringLiteral("DejaVu Sans")) {
+    if (QFontInfo(font).family() != u"DejaVu Sans"_s) {
         std::fputs("These tests need the DejaVu fonts (package fonts-dejavu-core).\n", stderr);
         return 1;
     }

@@ -1,9 +1,11 @@
-#include "texture_sidebar.h"
+#include "ui/panels/texture_sidebar.h"
 
-#include "button.h"
-#include "material_store.h"
-#include "texture_card.h"
+#include "stores/material_store.h"
+#include "ui/controls/button.h"
+#include "ui/panels/texture_card.h"
 #include "view_fixture.h"
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
@@ -21,9 +23,9 @@ protected:
     Button& button(TextureSlotKind kind, const char* name) const {
         return child<Button>(card(kind), QString::fromLatin1(name));
     }
-    Button& reset() const { return child<Button>(view, QStringLiteral("reset")); }
+    Button& reset() const { return child<Button>(view, u"reset"_s); }
 
-    void load(TextureSlotKind kind, const QString& name = QStringLiteral("a.png")) {
+    void load(TextureSlotKind kind, const QString& name = u"a.png"_s) {
         store.importTexture(folder.texture(name, 8, 4), kind);
         settle();
     }
@@ -38,13 +40,13 @@ TEST_F(TextureSidebarTest, ShowsOneCardPerSlotInOrder) {
         EXPECT_EQ(card(kind).toolTip(), help(kind));
         bottom = area.bottom();
     }
-    EXPECT_TRUE(shows(view, QStringLiteral("Textures")));
+    EXPECT_TRUE(shows(view, u"Textures"_s));
 }
 
 TEST_F(TextureSidebarTest, OffersOnlyToChooseAtTheStart) {
     EXPECT_FALSE(reset().isEnabled());
-    EXPECT_EQ(reset().toolTip(), QStringLiteral("Reset Inputs"));
-    EXPECT_EQ(reset().symbol(), QStringLiteral("trash"));
+    EXPECT_EQ(reset().toolTip(), u"Reset Inputs"_s);
+    EXPECT_EQ(reset().symbol(), u"trash"_s);
     for (const TextureSlotKind kind : allCases<TextureSlotKind>()) {
         EXPECT_TRUE(button(kind, "choose").isVisible());
         EXPECT_FALSE(button(kind, "remove").isVisible());
@@ -63,17 +65,17 @@ TEST_F(TextureSidebarTest, StretchesTheChooseButtonOverTheCard) {
 TEST_F(TextureSidebarTest, MarksOnlyBaseColorAsRequired) {
     for (int round = 0; round < 2; ++round) {
         for (const TextureSlotKind kind : allCases<TextureSlotKind>()) {
-            EXPECT_EQ(shows(card(kind), QStringLiteral("Required")), kind == baseColor);
+            EXPECT_EQ(shows(card(kind), u"Required"_s), kind == baseColor);
         }
         load(baseColor);
     }
 }
 
 TEST_F(TextureSidebarTest, ShowsTheLoadedTexture) {
-    load(TextureSlotKind::occlusion, QStringLiteral("Ambient.png"));
+    load(TextureSlotKind::occlusion, u"Ambient.png"_s);
     TextureCard& occlusion = card(TextureSlotKind::occlusion);
-    EXPECT_TRUE(shows(occlusion, QStringLiteral("Ambient.png")));
-    EXPECT_TRUE(shows(occlusion, QStringLiteral("8x4")));
+    EXPECT_TRUE(shows(occlusion, u"Ambient.png"_s));
+    EXPECT_TRUE(shows(occlusion, u"8x4"_s));
     EXPECT_FALSE(button(TextureSlotKind::occlusion, "choose").isVisible());
     EXPECT_TRUE(button(TextureSlotKind::occlusion, "remove").isVisible());
     EXPECT_TRUE(button(TextureSlotKind::occlusion, "replace").isVisible());
@@ -83,24 +85,24 @@ TEST_F(TextureSidebarTest, ShowsTheLoadedTexture) {
 
 TEST_F(TextureSidebarTest, NamesTheSlotInItsTooltips) {
     for (const TextureSlotKind kind : allCases<TextureSlotKind>()) {
-        EXPECT_EQ(button(kind, "remove").toolTip(), QStringLiteral("Remove ") + title(kind));
-        EXPECT_EQ(button(kind, "replace").toolTip(), QStringLiteral("Replace ") + title(kind));
+        EXPECT_EQ(button(kind, "remove").toolTip(), u"Remove "_s + title(kind));
+        EXPECT_EQ(button(kind, "replace").toolTip(), u"Replace "_s + title(kind));
     }
 }
 
 TEST_F(TextureSidebarTest, AsksForTheSlotWhoseButtonIsPressed) {
     click(button(TextureSlotKind::metallic, "choose"));
     ASSERT_EQ(chooser.fileQuestions.size(), 1U);
-    EXPECT_EQ(chooser.fileQuestions[0].title, QStringLiteral("Choose Metallic Texture"));
+    EXPECT_EQ(chooser.fileQuestions[0].title, u"Choose Metallic Texture"_s);
     EXPECT_FALSE(reset().isEnabled());
 }
 
 TEST_F(TextureSidebarTest, ReplacesTheTexture) {
     load(TextureSlotKind::normal);
-    chooser.file = folder.texture(QStringLiteral("other.png"), 2, 2);
+    chooser.file = folder.texture(u"other.png"_s, 2, 2);
     click(button(TextureSlotKind::normal, "replace"));
-    EXPECT_TRUE(shows(card(TextureSlotKind::normal), QStringLiteral("other.png")));
-    EXPECT_TRUE(shows(card(TextureSlotKind::normal), QStringLiteral("2x2")));
+    EXPECT_TRUE(shows(card(TextureSlotKind::normal), u"other.png"_s));
+    EXPECT_TRUE(shows(card(TextureSlotKind::normal), u"2x2"_s));
 }
 
 TEST_F(TextureSidebarTest, RemovesTheTexture) {
@@ -129,13 +131,13 @@ TEST_F(TextureSidebarTest, EmptiesEveryCardOnReset) {
 
 TEST_F(TextureSidebarTest, KeepsTheCardWhenALoadFails) {
     load(baseColor);
-    store.importTexture(folder.noTexture(QStringLiteral("b.png")), baseColor);
+    store.importTexture(folder.noTexture(u"b.png"_s), baseColor);
     settle();
-    EXPECT_TRUE(shows(card(baseColor), QStringLiteral("a.png")));
+    EXPECT_TRUE(shows(card(baseColor), u"a.png"_s));
 }
 
 TEST_F(TextureSidebarTest, LightsUpOnlyWhileFilesAreDraggedOverIt) {
-    const auto files = dragged({folder.texture(QStringLiteral("a.png"))});
+    const auto files = dragged({folder.texture(u"a.png"_s)});
     EXPECT_FALSE(card(baseColor).isDropTarget());
     EXPECT_TRUE(dragOver(card(baseColor), *files));
     EXPECT_TRUE(card(baseColor).isDropTarget());
@@ -146,28 +148,27 @@ TEST_F(TextureSidebarTest, LightsUpOnlyWhileFilesAreDraggedOverIt) {
 
 TEST_F(TextureSidebarTest, TakesNoNoticeOfADragWithoutFiles) {
     QMimeData text;
-    text.setText(QStringLiteral("/a/b.png"));
+    text.setText(u"/a/b.png"_s);
     EXPECT_FALSE(dragOver(card(baseColor), text));
     EXPECT_FALSE(card(baseColor).isDropTarget());
-    const auto web = dragged({QUrl(QStringLiteral("https://example.org/a.png"))});
+    const auto web = dragged({QUrl(u"https://example.org/a.png"_s)});
     EXPECT_FALSE(dragOver(card(baseColor), *web));
     EXPECT_FALSE(card(baseColor).isDropTarget());
 }
 
 TEST_F(TextureSidebarTest, LoadsTheFirstDroppedFile) {
-    const auto files =
-        dragged({folder.texture(QStringLiteral("a.png")), folder.texture(QStringLiteral("b.png"))});
+    const auto files = dragged({folder.texture(u"a.png"_s), folder.texture(u"b.png"_s)});
     EXPECT_TRUE(dragOver(card(TextureSlotKind::roughness), *files));
     EXPECT_TRUE(dropOn(card(TextureSlotKind::roughness), *files));
     EXPECT_FALSE(card(TextureSlotKind::roughness).isDropTarget());
     EXPECT_FALSE(store.hasAnyTexture());
     settle();
     EXPECT_EQ(store.textures().size(), 1U);
-    EXPECT_TRUE(shows(card(TextureSlotKind::roughness), QStringLiteral("a.png")));
+    EXPECT_TRUE(shows(card(TextureSlotKind::roughness), u"a.png"_s));
 }
 
 TEST_F(TextureSidebarTest, LeavesADraggedFileWhereItIs) {
-    const auto files = dragged({folder.texture(QStringLiteral("a.png"))});
+    const auto files = dragged({folder.texture(u"a.png"_s)});
     ASSERT_TRUE(dragOver(card(baseColor), *files));
     QDropEvent drop({5, 5}, Qt::CopyAction | Qt::MoveAction, files.get(), Qt::LeftButton, {});
     drop.setDropAction(Qt::MoveAction);
@@ -176,7 +177,7 @@ TEST_F(TextureSidebarTest, LeavesADraggedFileWhereItIs) {
 }
 
 TEST_F(TextureSidebarTest, IsFilledAndEmptiedByTheKeyboardWithoutLosingIt) {
-    chooser.file = folder.texture(QStringLiteral("a.png"));
+    chooser.file = folder.texture(u"a.png"_s);
     button(baseColor, "choose").setFocus(Qt::TabFocusReason);
     press(button(baseColor, "choose"), Qt::Key_Space);
     EXPECT_TRUE(button(baseColor, "replace").hasFocus());
@@ -187,17 +188,17 @@ TEST_F(TextureSidebarTest, IsFilledAndEmptiedByTheKeyboardWithoutLosingIt) {
 
 TEST_F(TextureSidebarTest, CutsALongNameInTheMiddleAndKeepsItsWidth) {
     const int width = card(baseColor).width();
-    load(baseColor, QString(80, u'w') + QStringLiteral("_end.png"));
+    load(baseColor, QString(80, u'w') + u"_end.png"_s);
     EXPECT_EQ(card(baseColor).width(), width);
     EXPECT_LE(view.minimumSizeHint().width(), 290);
 }
 
 TEST_F(TextureSidebarTest, IsAnnouncedBySlot) {
-    EXPECT_EQ(card(baseColor).accessibleName(), QStringLiteral("Base Color"));
-    EXPECT_EQ(button(baseColor, "choose").accessibleName(), QStringLiteral("Choose Base Color"));
-    EXPECT_EQ(button(baseColor, "remove").accessibleName(), QStringLiteral("Remove Base Color"));
-    EXPECT_EQ(button(baseColor, "replace").accessibleName(), QStringLiteral("Replace Base Color"));
-    EXPECT_EQ(reset().accessibleName(), QStringLiteral("Reset Inputs"));
+    EXPECT_EQ(card(baseColor).accessibleName(), u"Base Color"_s);
+    EXPECT_EQ(button(baseColor, "choose").accessibleName(), u"Choose Base Color"_s);
+    EXPECT_EQ(button(baseColor, "remove").accessibleName(), u"Remove Base Color"_s);
+    EXPECT_EQ(button(baseColor, "replace").accessibleName(), u"Replace Base Color"_s);
+    EXPECT_EQ(reset().accessibleName(), u"Reset Inputs"_s);
 }
 
 }  // namespace

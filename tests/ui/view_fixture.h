@@ -2,7 +2,7 @@
 
 #include "store_fixture.h"
 #include "test_application.h"
-#include "text_label.h"
+#include "ui/controls/text_label.h"
 
 #include <QApplication>
 #include <QDragEnterEvent>

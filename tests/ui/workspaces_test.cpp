@@ -1,10 +1,12 @@
-#include "workspaces.h"
-#include "busy_pointer.h"
-#include "column_splitter.h"
-#include "material_store.h"
-#include "normal_generator_store.h"
-#include "store_observer.h"
+#include "ui/panels/workspaces.h"
+#include "stores/material_store.h"
+#include "stores/normal_generator_store.h"
+#include "ui/layout/column_splitter.h"
+#include "ui/panels/busy_pointer.h"
+#include "ui/panels/store_observer.h"
 #include "view_fixture.h"
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
@@ -111,8 +113,8 @@ TEST_F(BusyPointerTest, ShowsWhileTheEngineRunsAndNoLonger) {
         ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
         shapes << QGuiApplication::overrideCursor()->shape();
     });
-    store.importTexture(folder.texture(QStringLiteral("a.png")), TextureSlotKind::baseColor);
-    store.importTexture(folder.noTexture(QStringLiteral("b.png")), TextureSlotKind::baseColor);
+    store.importTexture(folder.texture(u"a.png"_s), TextureSlotKind::baseColor);
+    store.importTexture(folder.noTexture(u"b.png"_s), TextureSlotKind::baseColor);
     EXPECT_EQ(shapes, QList<Qt::CursorShape>({Qt::WaitCursor, Qt::WaitCursor, Qt::WaitCursor}));
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }

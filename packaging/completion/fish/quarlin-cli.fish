@@ -6,7 +6,7 @@ complete -c quarlin-cli -l help -d 'print the options'
 complete -c quarlin-cli -n __fish_use_subcommand -l version -d 'print the version'
 
 complete -c quarlin-cli -n __fish_use_subcommand -a material -d 'Packs texture files into material sets for Second Life and glTF.'
-complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l base-color -r -F -d 'the colour of the surface'
+complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l base-color -r -F -d 'the color of the surface'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l normal -r -F -d 'a tangent-space normal map'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l occlusion -r -F -d 'ambient occlusion'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l roughness -r -F -d 'roughness, or gloss with --gloss'

@@ -1,0 +1,44 @@
+#include "cli/batch/interruption.h"
+
+#include <QtGlobal>
+
+#include <atomic>
+#include <csignal>
+
+namespace quarlin {
+
+namespace {
+
+// A signal handler reaches nothing but what is static.
+std::atomic<int> interruptingSignal = 0;
+static_assert(std::atomic<int>::is_always_lock_free);
+
+void remember(int signal) { interruptingSignal = signal; }
+
+}  // namespace
+
+void deferInterruption() {
+#ifdef Q_OS_UNIX
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction current {};
+        if (sigaction(signal, nullptr, &current) == 0 && current.sa_handler != SIG_IGN) {
+            struct sigaction deferred {};
+            deferred.sa_handler = remember;
+            // Reads and writes in progress go on, and the second signal is not deferred.
+            deferred.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
+            sigaction(signal, &deferred, nullptr);
+        }
+    }
+#endif
+}
+
+bool isInterrupted() { return interruptingSignal != 0; }
+
+void endIfInterrupted() {
+    if (const int signal = interruptingSignal; signal != 0) {
+        std::signal(signal, SIG_DFL);
+        std::raise(signal);
+    }
+}
+
+}  // namespace quarlin

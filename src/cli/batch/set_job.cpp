@@ -1,0 +1,89 @@
+#include "cli/batch/set_job.h"
+
+#include "cli/local_file.h"
+#include "imaging/files/file_names.h"
+
+#include <QFileInfo>
+#include <QHash>
+#include <QMap>
+
+namespace quarlin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What two paths have in common that are one file on some system: case and the form of accents are not told
+/// apart everywhere.
+QString comparable(const QString& path) {
+    return path.normalized(QString::NormalizationForm_C).toCaseFolded();
+}
+
+/// The path behind all links; the path itself where nothing is there yet.
+QString realPath(const QString& path) {
+    const QString real = QFileInfo(path).canonicalFilePath();
+    return real.isEmpty() ? path : real;
+}
+
+void refuse(SetJob& job, const QString& reason) {
+    if (job.refusal.isEmpty()) {
+        job.refusal = u"Export failed: "_s + reason;
+    }
+}
+
+QString firstInputName(const SetJob& job) {
+    return job.inputs.empty() ? job.name : lastPathComponent(QUrl::fromLocalFile(job.inputs.front().path));
+}
+
+void refuseSameFolders(std::vector<SetJob>& jobs) {
+    QMap<QString, QList<SetJob*>> byFolder;
+    for (SetJob& job : jobs) {
+        if (job.refusal.isEmpty()) {
+            byFolder[comparable(job.folder.toLocalFile())].append(&job);
+        }
+    }
+    for (const QList<SetJob*>& same : std::as_const(byFolder)) {
+        for (SetJob* job : same) {
+            const SetJob* other = job == same.first() ? same.last() : same.first();
+            if (other != job) {
+                refuse(*job, u"The set of "_s + firstInputName(*other) + u" has the same folder"_s);
+            }
+        }
+    }
+}
+
+void refuseReadersOfOutputs(std::vector<SetJob>& jobs) {
+    QHash<QString, const SetJob*> writers;
+    for (const SetJob& job : jobs) {
+        for (const QString& file : job.refusal.isEmpty() ? job.files : QStringList()) {
+            writers.insert(comparable(realPath(fileIn(job.folder, file).toLocalFile())), &job);
+        }
+    }
+    for (SetJob& job : jobs) {
+        for (const SetInput& input : job.inputs) {
+            const SetJob* writer = writers.value(comparable(realPath(input.path)));
+            if (writer != nullptr && writer != &job) {
+                refuse(job, u"The set "_s + writer->name + u" writes its source "_s +
+                                lastPathComponent(QUrl::fromLocalFile(input.path)));
+            }
+        }
+    }
+}
+
+}  // namespace
+
+SetJob refusedJob(const QString& path, const QString& refusal) {
+    SetJob job;
+    const QUrl location = localFile(path);
+    job.name = lastPathComponent(location);
+    job.inputs.push_back({u"source"_s, u"Source"_s, location.toLocalFile()});
+    job.refusal = refusal;
+    return job;
+}
+
+void refuseCollisions(BatchPlan& plan) {
+    refuseSameFolders(plan.sets);
+    refuseReadersOfOutputs(plan.sets);
+}
+
+}  // namespace quarlin

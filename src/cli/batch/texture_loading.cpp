@@ -1,0 +1,32 @@
+#include "cli/batch/texture_loading.h"
+
+#include "cli/commands/command_failure.h"
+#include "cli/local_file.h"
+
+#include <future>
+
+namespace quarlin {
+
+using namespace Qt::StringLiterals;
+
+TextureAsset loadTexture(const TextureProcessor& processor, const QString& path) {
+    return failingAs(u"Load"_s, [&] { return processor.loadAsset(localFile(path)); });
+}
+
+TextureMap loadTextures(const TextureProcessor& processor, const std::map<TextureSlotKind, QString>& paths) {
+    std::map<TextureSlotKind, std::future<TextureAsset>> loading;
+    for (const auto& [slot, path] : paths) {
+        if (!path.isEmpty()) {
+            loading[slot] = std::async(std::launch::async,
+                                       [&processor, file = path] { return loadTexture(processor, file); });
+        }
+    }
+    // A failure that is met here waits for the slots behind it as `loading` is destroyed.
+    TextureMap textures;
+    for (auto& [slot, texture] : loading) {
+        textures.emplace(slot, texture.get());
+    }
+    return textures;
+}
+
+}  // namespace quarlin

@@ -1,0 +1,68 @@
+#include "cli/commands/check_command.h"
+
+#include "check/set_check.h"
+#include "cli/local_file.h"
+#include "cli/report/check_report.h"
+#include "cli/report/print.h"
+
+namespace quarlin {
+
+using namespace Qt::StringLiterals;
+
+QString CheckCommand::summary() const {
+    return u"Reads exported sets back and tells what would go wrong on upload."_s;
+}
+
+QStringList CheckCommand::remarks() const {
+    QStringList remarks{
+        u"A set is read as an uploader reads it: from its .gltf, or where there is none by the names "
+        "of its files. Each finding has a severity and an identifier that never changes; with "
+        "--json there is one object per folder and a summary, each on a line."_s,
+        u"Whether the green of a normal map is inverted is told from the map alone. It holds the "
+        "slopes of a surface, and these only fit together when green points the right way. Of a "
+        "map that fits neither way nothing is said."_s,
+    };
+    for (const Severity severity : {Severity::error, Severity::warning, Severity::note}) {
+        QStringList kinds;
+        for (const auto& row : EnumerationTable<FindingKind>::rows) {
+            if (row.severity == severity) {
+                kinds += QString(row.rawValue) + u" ("_s + row.title + u')';
+            }
+        }
+        remarks += title(severity) + u": "_s + kinds.join(u"; "_s) + u'.';
+    }
+    return remarks;
+}
+
+CommandOptions CheckCommand::options() {
+    return {required(pathsOption({}, u"FOLDER"_s, u"the folder of an exported set"_s, ValueKind::folder,
+                                 m_folders)),
+            switchOption(u"json"_s, u"report lines of JSON"_s, m_reportsAsJSON, true)};
+}
+
+std::vector<ExitMeaning> CheckCommand::exitMeanings() const {
+    return {{ExitStatus::done, u"nothing worse than a note was found"_s},
+            {ExitStatus::workFailed, u"there are errors"_s},
+            {ExitStatus::wordsAreOff, u"the command line is off; nothing was checked"_s},
+            {ExitStatus::someFailed, u"there are warnings, but no errors"_s}};
+}
+
+ExitStatus CheckCommand::run() const {
+    SeverityCounts counts;
+    for (const QString& typed : m_folders) {
+        const QUrl location = localFile(typed);
+        const CheckedFolder folder{location.toLocalFile(), checkSet(location)};
+        for (const auto& [severity, count] : countSeverities(folder.findings)) {
+            counts[severity] += count;
+        }
+        if (print(m_reportsAsJSON ? folderLine(folder) : folderText(folder)) != ExitStatus::done) {
+            return ExitStatus::workFailed;
+        }
+    }
+    const int folders = static_cast<int>(m_folders.size());
+    const ExitStatus printed =
+        print(m_reportsAsJSON ? checkSummaryLine(folders, counts) : checkSummaryText(folders, counts));
+    return printed == ExitStatus::done ? exitStatus(counts) : printed;
+}
+
+}  // namespace quarlin

@@ -1,0 +1,113 @@
+#include "cli/commands/maps_command.h"
+
+#include "cli/batch/planned_files.h"
+#include "cli/batch/texture_loading.h"
+#include "cli/commands/command_failure.h"
+#include "cli/local_file.h"
+#include "imaging/files/file_names.h"
+
+#include <QFileInfo>
+#include <QSet>
+
+namespace quarlin {
+
+using namespace Qt::StringLiterals;
+
+QString MapsCommand::summary() const {
+    return u"Generates normal, height, roughness, gloss, metallic and occlusion maps from a texture."_s;
+}
+
+CommandOptions MapsCommand::ownOptions() {
+    const auto without = [](const QString& file, const QString& description, bool& target) {
+        return switchOption(u"no-"_s + file, u"write no "_s + description, target, false);
+    };
+    return {
+        required(pathsOption(u"source"_s, u"FILE"_s,
+                             u"the texture that the maps are estimated from, or a folder of "
+                             "them; can be given more than once"_s,
+                             ValueKind::fileOrFolder, m_sources)),
+        ownNameOption(),
+        sizeOption(m_settings.outputResolution),
+        numberOption(u"strength"_s, u"steepness of the normal map"_s, m_settings.strength, strengthRange),
+        countOption(u"smoothing"_s, u"blur passes over the height field"_s, m_settings.smoothing,
+                    smoothingRange),
+        switchOption(u"invert-height"_s, u"dark is high"_s, m_settings.invertHeight, true),
+        switchOption(u"flip-green"_s, u"invert the green of the normal map"_s, m_settings.flipGreen, true),
+        numberOption(u"roughness-min"_s, u"one end of the roughness"_s, m_settings.roughnessMin,
+                     fractionRange),
+        numberOption(u"roughness-max"_s, u"the other end of the roughness"_s, m_settings.roughnessMax,
+                     fractionRange),
+        numberOption(u"metallic-strength"_s, u"how much is taken for metal"_s, m_settings.metallicStrength,
+                     fractionRange),
+        numberOption(u"ao-strength"_s, u"depth of the ambient occlusion"_s, m_settings.aoStrength,
+                     fractionRange),
+        without(u"height"_s, u"height map"_s, m_settings.exportHeight),
+        without(u"roughness"_s, u"roughness map"_s, m_settings.exportRoughness),
+        without(u"gloss"_s, u"gloss map"_s, m_settings.exportGloss),
+        without(u"metallic"_s, u"metallic map"_s, m_settings.exportMetallic),
+        without(u"ao"_s, u"ambient occlusion map"_s, m_settings.exportAO),
+        without(u"orm"_s, u"packed ORM map"_s, m_settings.exportORM),
+        without(u"gltf"_s, u".gltf material"_s, m_settings.exportGLTF),
+        without(u"notes"_s, u"notes"_s, m_settings.exportNotes),
+    };
+}
+
+QStringList MapsCommand::ownRemarks() const {
+    return {
+        u"Of a folder every image file is taken, told by its extension: one set each, named after the file."_s};
+}
+
+std::optional<SetJob> MapsCommand::singleSet() const {
+    if (m_sources.size() > 1 || QFileInfo(m_sources.first()).isDir()) {
+        return std::nullopt;
+    }
+    return jobFor(m_sources.first());
+}
+
+BatchPlan MapsCommand::severalSets() const {
+    BatchPlan plan;
+    QSet<QString> known;
+    const auto add = [&](const QString& path) {
+        // A file that is named twice is still one texture.
+        if (const QString file = localFile(path).toLocalFile(); !known.contains(file)) {
+            known.insert(file);
+            plan.sets.push_back(jobFor(path));
+        }
+    };
+    for (const QString& source : m_sources) {
+        if (!QFileInfo(source).isDir()) {
+            add(source);
+            continue;
+        }
+        try {
+            for (const TextureFolder& folder : findTextures(source, search())) {
+                for (const QString& file : folder.files) {
+                    add(file);
+                }
+            }
+        } catch (const CommandFailure& failure) {
+            plan.sets.push_back(refusedJob(source, failure.message()));
+        }
+    }
+    return plan;
+}
+
+SetJob MapsCommand::jobFor(const QString& path) const {
+    const QUrl source = localFile(path);
+    NormalGeneratorSettings settings = m_settings;
+    settings.materialName = materialName(fileStem(source));
+    SetJob job;
+    job.name = settings.safeMaterialName();
+    job.inputs.push_back({u"source"_s, u"Source"_s, source.toLocalFile()});
+    job.folder = fileIn(parentDirectory(), job.name);
+    job.files = plannedFiles(settings);
+    job.work = [settings, path, parent = parentDirectory()] {
+        const TextureProcessor processor{};
+        const TextureAsset texture = loadTexture(processor, path);
+        return failingAs(u"Export"_s,
+                         [&] { return processor.exportGeneratedNormalSet(texture, settings, parent); });
+    };
+    return job;
+}
+
+}  // namespace quarlin

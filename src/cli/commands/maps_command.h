@@ -1,0 +1,31 @@
+#pragma once
+
+#include "cli/commands/export_command.h"
+#include "model/normal_generator_settings.h"
+
+namespace quarlin {
+
+using namespace Qt::StringLiterals;
+
+/// Generates a map set from each texture, as the Map Generator tool does.
+class MapsCommand : public ExportCommand {
+public:
+    QString name() const override { return u"maps"_s; }
+    QString summary() const override;
+
+protected:
+    CommandOptions ownOptions() override;
+    QStringList ownRemarks() const override;
+    std::optional<SetJob> singleSet() const override;
+    BatchPlan severalSets() const override;
+
+private:
+    SetJob jobFor(const QString& path) const;
+
+    /// Files and folders, as typed.
+    QStringList m_sources;
+    /// Without the material's name.
+    NormalGeneratorSettings m_settings;
+};
+
+}  // namespace quarlin

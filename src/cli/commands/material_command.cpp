@@ -1,0 +1,158 @@
+#include "cli/commands/material_command.h"
+
+#include "cli/batch/planned_files.h"
+#include "cli/batch/texture_loading.h"
+#include "cli/commands/command_failure.h"
+#include "cli/local_file.h"
+#include "cli/options/usage_error.h"
+#include "imaging/files/file_names.h"
+#include "matching/texture_name.h"
+
+#include <QSet>
+
+namespace quarlin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The suffixes of every slot, as a sentence lists them.
+QString suffixList() {
+    QStringList slots;
+    for (const TextureSlotKind slot : allCases<TextureSlotKind>()) {
+        slots += textureSuffixes(slot).join(u", "_s) + u" ("_s + title(slot) + u')';
+    }
+    return slots.join(u"; "_s);
+}
+
+/// Why the set can't be exported, as far as the names of its files tell.
+QString refusalOf(const TextureSet& set) {
+    if (!set.ambiguity.isEmpty()) {
+        return CommandFailure(u"Load"_s, set.ambiguity).message();
+    }
+    return set.files.contains(TextureSlotKind::baseColor)
+               ? QString()
+               : CommandFailure(u"Export"_s, TextureProcessorError::missingBaseColor()).message();
+}
+
+}  // namespace
+
+QString MaterialCommand::summary() const {
+    return u"Packs texture files into material sets for Second Life and glTF."_s;
+}
+
+CommandOptions MaterialCommand::ownOptions() {
+    const auto file = [this](const QString& option, TextureSlotKind slot, const QString& description) {
+        return pathOption(option, u"FILE"_s, description, ValueKind::file, m_paths[slot]);
+    };
+    return {
+        requiredUnless(u"folder"_s,
+                       file(u"base-color"_s, TextureSlotKind::baseColor, u"the color of the surface"_s)),
+        file(u"normal"_s, TextureSlotKind::normal, u"a tangent-space normal map"_s),
+        file(u"occlusion"_s, TextureSlotKind::occlusion, u"ambient occlusion"_s),
+        file(u"roughness"_s, TextureSlotKind::roughness, u"roughness, or gloss with --gloss"_s),
+        file(u"metallic"_s, TextureSlotKind::metallic, u"metallic"_s),
+        pathsOption(u"folder"_s, u"DIR"_s,
+                    u"take the textures of a folder, matched to slots by the suffixes of their "
+                    "names; can be given more than once"_s,
+                    ValueKind::folder, m_folders),
+        ownNameOption(),
+        sizeOption(m_settings.outputResolution),
+        switchOption(u"gloss"_s, u"the roughness file holds gloss: invert it"_s,
+                     m_settings.roughnessInputIsGloss, true),
+        switchOption(u"flip-normal-green"_s, u"the normal map is of the DirectX kind: invert its green"_s,
+                     m_settings.flipNormalGreen, true),
+        numberOption(u"default-occlusion"_s, u"occlusion without a file"_s, m_settings.defaultOcclusion,
+                     fractionRange),
+        numberOption(u"default-roughness"_s, u"roughness without a file"_s, m_settings.defaultRoughness,
+                     fractionRange),
+        numberOption(u"default-metallic"_s, u"metallic without a file"_s, m_settings.defaultMetallic,
+                     fractionRange),
+        switchOption(u"no-gltf"_s, u"write no .gltf material"_s, m_settings.exportGLTF, false),
+        switchOption(u"no-notes"_s, u"write no notes"_s, m_settings.exportNotes, false),
+    };
+}
+
+QStringList MaterialCommand::ownRemarks() const {
+    return {
+        u"The textures of a folder are matched by what their names end in, in any case and with any "
+        "separator: "_s +
+            suffixList() +
+            u". What stands before the suffix is the material's name; a folder can hold several "
+            "materials. Resolutions (2k, 2048, 1024x1024) are passed over. A gloss file is "
+            "inverted, and so is the green of a normal map that is named as of the DirectX kind "
+            "(NormalDX); with one of the OpenGL kind (NormalGL) beside it that one is taken."_s,
+        u"A file whose name tells no slot is left out and reported. Two files for one slot are not "
+        "chosen between: their set fails."_s,
+    };
+}
+
+std::optional<SetJob> MaterialCommand::singleSet() const {
+    TextureSet set;
+    for (const auto& [slot, path] : m_paths) {
+        if (!path.isEmpty()) {
+            set.files.emplace(slot, path);
+        }
+    }
+    if (m_folders.isEmpty()) {
+        set.material = fileStem(localFile(set.files.at(TextureSlotKind::baseColor)));
+        return jobFor(set);
+    }
+    if (!set.files.empty()) {
+        throw UsageError(u"--folder can't be given together with the file of a slot"_s);
+    }
+    return std::nullopt;
+}
+
+BatchPlan MaterialCommand::severalSets() const {
+    BatchPlan plan;
+    QSet<QString> known;
+    for (const QString& path : m_folders) {
+        try {
+            for (const TextureFolder& folder : findTextures(path, search())) {
+                if (known.contains(folder.path)) {
+                    continue;
+                }
+                known.insert(folder.path);
+                const MatchedTextures matched = matchTextures(folder);
+                plan.leftOut.insert(plan.leftOut.end(), matched.leftOut.begin(), matched.leftOut.end());
+                for (const TextureSet& set : matched.sets) {
+                    plan.sets.push_back(jobFor(set));
+                }
+            }
+        } catch (const CommandFailure& failure) {
+            plan.sets.push_back(refusedJob(path, failure.message()));
+        }
+    }
+    return plan;
+}
+
+SetJob MaterialCommand::jobFor(const TextureSet& set) const {
+    ConversionSettings settings = m_settings;
+    settings.materialName = materialName(set.material);
+    SetJob job;
+    if (set.roughnessIsGloss) {
+        settings.roughnessInputIsGloss = true;
+        job.decisions += u"the roughness texture is gloss by its name, and inverted"_s;
+    }
+    if (set.normalIsDirectX) {
+        settings.flipNormalGreen = true;
+        job.decisions += u"the normal map is of the DirectX kind by its name; its green is inverted"_s;
+    }
+    job.name = settings.safeMaterialName();
+    for (const auto& [slot, path] : set.files) {
+        job.inputs.push_back({rawValue(slot), title(slot), localFile(path).toLocalFile()});
+    }
+    job.folder = fileIn(parentDirectory(), job.name);
+    job.files = plannedFiles(settings, set.files.contains(TextureSlotKind::normal));
+    job.refusal = refusalOf(set);
+    job.work = [settings, files = set.files, parent = parentDirectory()] {
+        const TextureProcessor processor{};
+        const TextureMap textures = loadTextures(processor, files);
+        return failingAs(u"Export"_s,
+                         [&] { return processor.exportMaterialSet(textures, settings, parent); });
+    };
+    return job;
+}
+
+}  // namespace quarlin

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "cli/commands/export_command.h"
+#include "model/conversion_settings.h"
+#include "model/texture_slot_kind.h"
+
+#include <map>
+
+namespace quarlin {
+
+using namespace Qt::StringLiterals;
+
+/// Packs texture files into material sets, as the PBR Material tool does.
+class MaterialCommand : public ExportCommand {
+public:
+    QString name() const override { return u"material"_s; }
+    QString summary() const override;
+
+protected:
+    CommandOptions ownOptions() override;
+    QStringList ownRemarks() const override;
+    std::optional<SetJob> singleSet() const override;
+    BatchPlan severalSets() const override;
+
+private:
+    SetJob jobFor(const TextureSet& set) const;
+
+    /// The files of one set, as typed; a slot without one is missing or empty.
+    std::map<TextureSlotKind, QString> m_paths;
+    /// Folders whose files are matched to slots.
+    QStringList m_folders;
+    /// Without the material's name.
+    ConversionSettings m_settings;
+};
+
+}  // namespace quarlin

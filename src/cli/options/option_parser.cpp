@@ -1,0 +1,93 @@
+#include "cli/options/option_parser.h"
+
+#include "cli/options/usage_error.h"
+
+#include <QCommandLineOption>
+#include <QCommandLineParser>
+
+#include <algorithm>
+
+namespace quarlin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto helpName = u"help"_s;
+
+/// A sentence of the parser without its full stop, which the other messages do not have either.
+QString withoutFullStop(QString sentence) {
+    if (sentence.endsWith(u'.')) {
+        sentence.chop(1);
+    }
+    return sentence;
+}
+
+void declare(QCommandLineParser& parser, const CommandOptions& options) {
+    parser.addOption(QCommandLineOption(helpName));
+    for (const CommandOption& option : options) {
+        if (!option.name.isEmpty()) {
+            QCommandLineOption declared(option.name);
+            declared.setValueName(option.valueName);
+            parser.addOption(declared);
+        }
+    }
+}
+
+bool isGiven(const QCommandLineParser& parser, const QString& name) {
+    return !name.isEmpty() && parser.isSet(name);
+}
+
+/// The values that are given for `option`, one empty one for a switch.
+QStringList valuesOf(const QCommandLineParser& parser, const CommandOption& option) {
+    if (option.name.isEmpty()) {
+        return parser.positionalArguments();
+    }
+    if (!parser.isSet(option.name)) {
+        return {};
+    }
+    return option.valueName.isEmpty() ? QStringList{QString()} : parser.values(option.name);
+}
+
+void apply(const QCommandLineParser& parser, const CommandOption& option) {
+    const QStringList values = valuesOf(parser, option);
+    const QString word = option.name.isEmpty() ? option.valueName : u"--"_s + option.name;
+    if (values.isEmpty() && option.required && !isGiven(parser, option.alternative)) {
+        throw UsageError(word + u" is required"_s);
+    }
+    if (values.size() > 1 && !option.repeatable) {
+        throw UsageError(word + u" is given more than once"_s);
+    }
+    for (const QString& value : values) {
+        option.apply(value);
+    }
+}
+
+bool takesWordsThatStandAlone(const CommandOptions& options) {
+    return std::any_of(options.begin(), options.end(),
+                       [](const CommandOption& option) { return option.name.isEmpty(); });
+}
+
+}  // namespace
+
+Request parseOptions(const QStringList& words, const CommandOptions& options) {
+    QCommandLineParser parser;
+    declare(parser, options);
+    // The parser skips the first word, the name of the program.
+    if (!parser.parse(QStringList{QString()} + words)) {
+        throw UsageError(withoutFullStop(parser.errorText()));
+    }
+    if (parser.isSet(helpName)) {
+        return Request::help;
+    }
+    const QStringList stray = parser.positionalArguments();
+    if (!stray.isEmpty() && !takesWordsThatStandAlone(options)) {
+        throw UsageError(u"Unexpected word '"_s + stray.first() + u'\'');
+    }
+    for (const CommandOption& option : options) {
+        apply(parser, option);
+    }
+    return Request::work;
+}
+
+}  // namespace quarlin

@@ -1,0 +1,61 @@
+#include "cli/report/batch_report.h"
+
+#include "cli/report/print.h"
+#include "cli/report/standard_streams.h"
+
+namespace quarlin {
+
+void BatchReport::begin(const BatchPlan& plan) {
+    m_counts.leftOut = static_cast<std::int64_t>(plan.leftOut.size());
+    for (const LeftOutFile& file : plan.leftOut) {
+        if (m_form.isJSON) {
+            tell(leftOutLine(file), {});
+        } else {
+            tell({}, leftOutText(file));
+        }
+    }
+    if (!m_form.isRehearsal) {
+        m_progress.emplace(static_cast<int>(plan.sets.size()));
+        m_progress->show(0, {});
+    }
+}
+
+void BatchReport::addSet(const SetJob& job, const SetOutcome& outcome) {
+    ++m_counts.sets[outcome.status];
+    if (m_form.isJSON) {
+        tell(setLine(job, outcome), {});
+    } else {
+        tell(setText(job, outcome), failureText(job, outcome));
+    }
+    if (m_progress) {
+        m_progress->show(m_counts.all(), job.name);
+    }
+}
+
+ExitStatus BatchReport::end() {
+    m_progress.reset();
+    const ExitStatus printed =
+        print(m_form.isJSON ? summaryLine(m_counts) : summaryText(m_counts, m_form.isRehearsal));
+    if (printed != ExitStatus::done || !m_isWritten) {
+        return ExitStatus::workFailed;
+    }
+    const int good = m_counts.of(SetStatus::exported) + m_counts.of(SetStatus::planned);
+    if (good == 0) {
+        return ExitStatus::workFailed;
+    }
+    return good == m_counts.all() ? ExitStatus::done : ExitStatus::someFailed;
+}
+
+void BatchReport::tell(const QString& output, const QString& errors) {
+    if (m_progress) {
+        m_progress->clear();
+    }
+    if (!output.isEmpty()) {
+        m_isWritten = writeToStandardOutput(output) && m_isWritten;
+    }
+    if (!errors.isEmpty()) {
+        writeToStandardError(errors);
+    }
+}
+
+}  // namespace quarlin

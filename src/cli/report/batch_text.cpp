@@ -1,0 +1,152 @@
+#include "cli/report/batch_text.h"
+
+#include "cli/report/json_line.h"
+#include "cli/report/report.h"
+#include "imaging/files/file_names.h"
+
+#include <QFileInfo>
+
+namespace quarlin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString statusWord(SetStatus status) {
+    switch (status) {
+        case SetStatus::exported:
+            return u"exported"_s;
+        case SetStatus::planned:
+            return u"planned"_s;
+        case SetStatus::failed:
+            return u"failed"_s;
+        case SetStatus::notStarted:
+            return u"notStarted"_s;
+    }
+    return {};
+}
+
+/// The files of the set that are there already.
+QStringList replacedFiles(const ExportResult& result) {
+    QStringList files;
+    for (const QString& file : result.files) {
+        if (QFileInfo::exists(fileIn(result.folderURL, file).toLocalFile())) {
+            files += file;
+        }
+    }
+    return files;
+}
+
+QString plannedText(const SetJob& job, const ExportResult& result) {
+    QString text = u"Would export: "_s + folderPath(result) + u'\n';
+    for (const SetInput& input : job.inputs) {
+        text += u"Would read "_s + input.path + u" ("_s + input.title + u")\n"_s;
+    }
+    const QStringList replaced = replacedFiles(result);
+    for (const QString& file : result.files) {
+        text += (replaced.contains(file) ? u"Would replace "_s : u"Would write "_s) + file + u'\n';
+    }
+    return text;
+}
+
+QString counted(int count, const QString& noun) {
+    return QString::number(count) + u' ' + noun + (count == 1 ? QString() : u"s"_s);
+}
+
+}  // namespace
+
+QString setText(const SetJob& job, const SetOutcome& outcome) {
+    QString text;
+    if (outcome.status == SetStatus::exported) {
+        text = textReport(outcome.result);
+    } else if (outcome.status == SetStatus::planned) {
+        text = plannedText(job, outcome.result);
+    } else {
+        return {};
+    }
+    for (const QString& decision : job.decisions) {
+        text += u"Note: "_s + decision + u'\n';
+    }
+    return text;
+}
+
+QString failureText(const SetJob& job, const SetOutcome& outcome) {
+    return outcome.status == SetStatus::failed ? job.name + u": "_s + outcome.failure + u'\n' : QString();
+}
+
+QString setLine(const SetJob& job, const SetOutcome& outcome) {
+    JsonLine inputs;
+    for (const SetInput& input : job.inputs) {
+        inputs.add(input.identifier, input.path);
+    }
+    JsonLine line;
+    line.add(u"type"_s, u"set"_s)
+        .add(u"name"_s, job.name)
+        .add(u"status"_s, statusWord(outcome.status))
+        .add(u"inputs"_s, inputs);
+    if (!job.decisions.isEmpty()) {
+        line.add(u"decisions"_s, job.decisions);
+    }
+    if (outcome.status == SetStatus::failed) {
+        line.add(u"error"_s, outcome.failure);
+    } else if (outcome.status != SetStatus::notStarted) {
+        line.add(u"folder"_s, folderPath(outcome.result)).add(u"files"_s, outcome.result.files);
+    }
+    if (outcome.status == SetStatus::planned) {
+        line.add(u"replaced"_s, replacedFiles(outcome.result));
+    }
+    return line.text() + u'\n';
+}
+
+QString leftOutText(const LeftOutFile& file) {
+    return u"Left out: "_s + file.path + u" ("_s + file.reason + u")\n"_s;
+}
+
+QString leftOutLine(const LeftOutFile& file) {
+    return JsonLine()
+               .add(u"type"_s, u"leftOut"_s)
+               .add(u"file"_s, file.path)
+               .add(u"reason"_s, file.reason)
+               .text() +
+           u'\n';
+}
+
+int BatchCounts::of(SetStatus status) const {
+    const auto found = sets.find(status);
+    return found == sets.end() ? 0 : found->second;
+}
+
+int BatchCounts::all() const {
+    int sum = 0;
+    for (const auto& [status, count] : sets) {
+        sum += count;
+    }
+    return sum;
+}
+
+QString summaryText(const BatchCounts& counts, bool isRehearsal) {
+    QString text = isRehearsal ? counted(counts.of(SetStatus::planned), u"set"_s) + u" to export"_s
+                               : counted(counts.of(SetStatus::exported), u"set"_s) + u" exported"_s;
+    if (const int failed = counts.of(SetStatus::failed); failed > 0) {
+        text += u", "_s + QString::number(failed) + u" failed"_s;
+    }
+    if (const int notStarted = counts.of(SetStatus::notStarted); notStarted > 0) {
+        text += u", "_s + QString::number(notStarted) + u" not started"_s;
+    }
+    if (counts.leftOut > 0) {
+        text += u", "_s + counted(static_cast<int>(counts.leftOut), u"file"_s) + u" left out"_s;
+    }
+    return text + u'\n';
+}
+
+QString summaryLine(const BatchCounts& counts) {
+    JsonLine line;
+    line.add(u"type"_s, u"summary"_s).add(u"sets"_s, static_cast<std::int64_t>(counts.all()));
+    for (const SetStatus status :
+         {SetStatus::exported, SetStatus::planned, SetStatus::failed, SetStatus::notStarted}) {
+        line.add(statusWord(status), static_cast<std::int64_t>(counts.of(status)));
+    }
+    return line.add(u"leftOut"_s, counts.leftOut).text() + u'\n';
+}
+
+}  // namespace quarlin

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "cli/exit_status.h"
+
+#include <QString>
+
+namespace quarlin {
+
+/// Writes the result of a command to the standard output. Says so on the standard error, and gives
+/// `workFailed`, where that fails.
+ExitStatus print(const QString& text);
+
+}  // namespace quarlin

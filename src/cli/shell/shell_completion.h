@@ -1,0 +1,17 @@
+#pragma once
+
+#include "cli/commands/command.h"
+
+#include <QString>
+
+#include <span>
+
+namespace quarlin {
+
+// What shells complete the program's words from, made of the options of its commands.
+
+QString bashCompletion(std::span<Command* const> commands);
+QString zshCompletion(std::span<Command* const> commands);
+QString fishCompletion(std::span<Command* const> commands);
+
+}  // namespace quarlin

@@ -1,0 +1,144 @@
+#include "engine/generator/generated_strips.h"
+
+#include "imaging/pixels/pixel_image.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+#include <vector>
+
+namespace quarlin {
+
+namespace {
+
+/// A run of rows of heights, each padded as the row operations ask for.
+class HeightRows {
+public:
+    HeightRows(RowRange range, std::int64_t width)
+        : m_range(range), m_stride(width + 2 * rowSlack), m_values(pixelCount(m_stride, range.count)) {
+        // Vectors may read what stands around a row, to no effect; the row itself is going to be written.
+        for (std::int64_t y = range.first; y < range.end(); ++y) {
+            std::fill_n(row(y) - rowSlack, rowSlack, 0.0);
+            std::fill_n(row(y) + width, rowSlack, 0.0);
+        }
+    }
+
+    RowRange range() const { return m_range; }
+    double* row(std::int64_t y) { return m_values.data() + (y - m_range.first) * m_stride + rowSlack; }
+    const double* row(std::int64_t y) const {
+        return m_values.data() + (y - m_range.first) * m_stride + rowSlack;
+    }
+
+private:
+    RowRange m_range;
+    std::int64_t m_stride;
+    std::vector<double, UninitializedAllocator<double>> m_values;
+};
+
+/// `rows` with `margin` rows more on either side, as far as the image has them.
+RowRange widened(RowRange rows, std::int64_t margin, std::int64_t height) {
+    const std::int64_t first = std::max<std::int64_t>(0, rows.first - margin);
+    return {first, std::min(height, rows.end() + margin) - first};
+}
+
+/// Blurs row `y` of `heights`, whose range holds every row of its window.
+void blurOneRow(const HeightRows& heights, std::int64_t y, std::int64_t imageHeight, std::int64_t width,
+                double* blurred) {
+    std::array<const double*, 3> window{};
+    const RowRange rows = widened({y, 1}, 1, imageHeight);
+    for (std::int64_t index = 0; index < rows.count; ++index) {
+        window[static_cast<std::size_t>(index)] = heights.row(rows.first + index);
+    }
+    blurRow(std::span(window).first(static_cast<std::size_t>(rows.count)), width, blurred);
+}
+
+/// The smoothed heights of `rows`.
+HeightRows smoothedHeights(const ImageView& source, const NormalGeneratorSettings& settings, RowRange rows) {
+    const std::int64_t passes = std::max(0, settings.smoothing);
+    HeightRows heights(widened(rows, passes, source.height), source.width);
+    for (std::int64_t y = heights.range().first; y < heights.range().end(); ++y) {
+        heightRow(source.row(y), source.width, settings.invertHeight, heights.row(y));
+    }
+    for (std::int64_t left = passes - 1; left >= 0; --left) {
+        HeightRows blurred(widened(rows, left, source.height), source.width);
+        for (std::int64_t y = blurred.range().first; y < blurred.range().end(); ++y) {
+            blurOneRow(heights, y, source.height, source.width, blurred.row(y));
+        }
+        heights = std::move(blurred);
+    }
+    return heights;
+}
+
+/// Spreads a gray map out to opaque RGBA.
+void storeGrayPixels(const PixelBuffer& gray, std::uint8_t* pixels) {
+    for (const std::uint8_t value : gray) {
+        pixels[0] = value;
+        pixels[1] = value;
+        pixels[2] = value;
+        pixels[3] = 255;
+        pixels += bytesPerPixel;
+    }
+}
+
+}  // namespace
+
+GeneratedStrip generateStrip(const ImageView& source, const NormalGeneratorSettings& settings,
+                             RowRange rows) {
+    const std::int64_t width = source.width;
+    const std::size_t pixels = pixelCount(width, rows.count);
+    GeneratedStrip strip{rows,
+                         PixelBuffer(pixels),
+                         PixelBuffer(pixels * bytesPerPixel),
+                         PixelBuffer(pixels),
+                         PixelBuffer(pixels),
+                         PixelBuffer(pixels),
+                         PixelBuffer(pixels),
+                         PixelBuffer(pixels * bytesPerPixel)};
+    const GeneratorFactors factors(settings);
+    // Normals, contrast and cavity look one row up and down.
+    const HeightRows heights = smoothedHeights(source, settings, widened(rows, 1, source.height));
+    HeightRows blurred({0, 1}, width);
+    for (std::int64_t y = rows.first; y < rows.end(); ++y) {
+        blurOneRow(heights, y, source.height, width, blurred.row(0));
+        const std::int64_t offset = (y - rows.first) * width;
+        mapRow(source.row(y), heights.row(std::max<std::int64_t>(0, y - 1)), heights.row(y),
+               heights.row(std::min(source.height - 1, y + 1)), blurred.row(0), width, factors,
+               {.height = strip.height.data() + offset,
+                .normal = strip.normal.data() + offset * bytesPerPixel,
+                .roughness = strip.roughness.data() + offset,
+                .gloss = strip.gloss.data() + offset,
+                .metallic = strip.metallic.data() + offset,
+                .occlusion = strip.occlusion.data() + offset,
+                .orm = strip.orm.data() + offset * bytesPerPixel});
+    }
+    return strip;
+}
+
+NormalOutputs generateOutputs(const ImageView& source, const NormalGeneratorSettings& settings) {
+    const std::size_t bytes = pixelCount(source.width, source.height) * bytesPerPixel;
+    const auto image = [&] { return PixelImage{source.width, source.height, PixelBuffer(bytes)}; };
+    NormalOutputs outputs{{source.width, source.height, {source.pixels, source.pixels + bytes}},
+                          image(),
+                          image(),
+                          image(),
+                          image(),
+                          image(),
+                          image(),
+                          image()};
+    constexpr std::int64_t rowsPerStrip = 64;
+    const RowStrips strips(source.height, rowsPerStrip);
+    forEachInParallel(strips.count(), [&](std::int64_t index) {
+        const GeneratedStrip strip = generateStrip(source, settings, strips[index]);
+        const auto offset = static_cast<std::size_t>(strip.rows.first * source.bytesPerRow());
+        storeGrayPixels(strip.height, outputs.height.pixels.data() + offset);
+        storeGrayPixels(strip.roughness, outputs.roughness.pixels.data() + offset);
+        storeGrayPixels(strip.gloss, outputs.gloss.pixels.data() + offset);
+        storeGrayPixels(strip.metallic, outputs.metallic.pixels.data() + offset);
+        storeGrayPixels(strip.occlusion, outputs.occlusion.pixels.data() + offset);
+        std::copy(strip.normal.begin(), strip.normal.end(), outputs.normal.pixels.data() + offset);
+        std::copy(strip.orm.begin(), strip.orm.end(), outputs.orm.pixels.data() + offset);
+    });
+    return outputs;
+}
+
+}  // namespace quarlin

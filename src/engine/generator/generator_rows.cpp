@@ -1,0 +1,265 @@
+#include "engine/generator/generator_rows.h"
+
+#include <algorithm>
+#include <cstring>
+
+// Compiles this file once for every instruction set.
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "engine/generator/generator_rows.cpp"
+#include <hwy/foreach_target.h>
+#include <hwy/highway.h>
+
+#include "imaging/pixels/color_lanes-inl.h"
+
+HWY_BEFORE_NAMESPACE();
+namespace quarlin::HWY_NAMESPACE {
+
+using Bytes = hn::Rebind<std::uint8_t, Doubles>;
+
+HWY_INLINE HWY_ATTR Double clamped(Double value, double low, double high) {
+    return hn::Max(number(low), hn::Min(number(high), value));
+}
+
+/// `value * 255`, rounded with halves upwards; exact because a number's distance from its own whole part is.
+HWY_INLINE HWY_ATTR Integer byteFromUnit(Double value) {
+    const Double scaled = hn::Mul(value, number(255.0));
+    const Double whole = hn::Trunc(scaled);
+    const auto roundsUp = hn::Ge(hn::Sub(scaled, whole), number(0.5));
+    return hn::DemoteTo(Integers(), hn::Add(whole, hn::IfThenElseZero(roundsUp, number(1.0))));
+}
+
+HWY_INLINE HWY_ATTR Integer byteFromSignedUnit(Double value) {
+    return byteFromUnit(hn::Add(hn::Mul(value, number(0.5)), number(0.5)));
+}
+
+HWY_INLINE HWY_ATTR Double smoothStep(double edge0, double edge1, Double value) {
+    const Double t = clamped(hn::Div(hn::Sub(value, number(edge0)), number(edge1 - edge0)), 0.0, 1.0);
+    return hn::Mul(hn::Mul(t, t), hn::Sub(number(3.0), hn::Mul(number(2.0), t)));
+}
+
+HWY_INLINE HWY_ATTR void storeBytes(Integer values, std::uint8_t* place) {
+    hn::StoreU(hn::DemoteTo(Bytes(), values), Bytes(), place);
+}
+
+/// What `storeBytes` makes of values out of range.
+HWY_INLINE HWY_ATTR Integer saturated(Integer values) {
+    const Integers integers;
+    return hn::Min(hn::Max(values, hn::Zero(integers)), hn::Set(integers, 255));
+}
+
+HWY_INLINE HWY_ATTR void storePixels(Integer pixels, std::uint8_t* place) {
+    hn::StoreU(pixels, Integers(), reinterpret_cast<std::int32_t*>(place));
+}
+
+/// Calls `work(x, pixels)` for every vector of a row's pixels; the last, incomplete one works on copies.
+template <typename Work>
+HWY_INLINE HWY_ATTR void forEachVector(const std::uint8_t* pixels, std::int64_t width, const Work& work) {
+    const auto lanes = static_cast<std::int64_t>(hn::Lanes(Doubles()));
+    std::int64_t x = 0;
+    for (; x + lanes <= width; x += lanes) {
+        work(x, pixels + x * bytesPerPixel, lanes);
+    }
+    if (x < width) {
+        std::uint8_t rest[HWY_MAX_BYTES] = {};
+        std::memcpy(rest, pixels + x * bytesPerPixel, static_cast<std::size_t>((width - x) * bytesPerPixel));
+        work(x, rest, width - x);
+    }
+}
+
+HWY_ATTR void heightRow(const std::uint8_t* pixels, std::int64_t width, bool inverted, double* heights) {
+    const Double full = number(255.0);
+    forEachVector(pixels, width, [&](std::int64_t x, const std::uint8_t* vector, std::int64_t) HWY_ATTR {
+        Double gray = hn::Trunc(luminance(loadColor(vector)));
+        if (inverted) {
+            gray = hn::Sub(full, gray);
+        }
+        hn::StoreU(hn::Div(gray, full), Doubles(), heights + x);
+    });
+    heights[-1] = heights[0];
+    heights[width] = heights[width - 1];
+}
+
+/// The mean of the window columns `first`...`last` of the rows, added row by row, left to right.
+double windowMean(std::span<const double* const> rows, std::int64_t first, std::int64_t last) {
+    double sum = 0.0;
+    double count = 0.0;
+    for (const double* row : rows) {
+        for (std::int64_t x = first; x <= last; ++x) {
+            sum += row[x];
+            count += 1.0;
+        }
+    }
+    return sum / count;
+}
+
+template <std::size_t rowCount>
+HWY_ATTR void blurInterior(std::span<const double* const> rows, std::int64_t width, double* blurred) {
+    const Doubles doubles;
+    const Double count = number(3.0 * static_cast<double>(rowCount));
+    const auto lanes = static_cast<std::int64_t>(hn::Lanes(doubles));
+    for (std::int64_t x = 1; x < width - 1; x += lanes) {
+        Double sum = hn::Zero(doubles);
+        for (std::size_t row = 0; row < rowCount; ++row) {
+            sum = hn::Add(sum, hn::LoadU(doubles, rows[row] + x - 1));
+            sum = hn::Add(sum, hn::LoadU(doubles, rows[row] + x));
+            sum = hn::Add(sum, hn::LoadU(doubles, rows[row] + x + 1));
+        }
+        hn::StoreU(hn::Div(sum, count), doubles, blurred + x);
+    }
+}
+
+HWY_ATTR void blurRow(std::span<const double* const> rows, std::int64_t width, double* blurred) {
+    switch (rows.size()) {
+        case 1:
+            blurInterior<1>(rows, width, blurred);
+            break;
+        case 2:
+            blurInterior<2>(rows, width, blurred);
+            break;
+        default:
+            blurInterior<3>(rows, width, blurred);
+    }
+    // The vectors run over the right edge; the edges' windows are cut off.
+    blurred[0] = windowMean(rows, 0, std::min<std::int64_t>(1, width - 1));
+    blurred[width - 1] = windowMean(rows, std::max<std::int64_t>(0, width - 2), width - 1);
+    blurred[-1] = blurred[0];
+    blurred[width] = blurred[width - 1];
+}
+
+/// The normals of as many pixels as a vector has lanes, as packed opaque pixels.
+HWY_INLINE HWY_ATTR Integer normals(const double* above, const double* row, const double* below,
+                                    const GeneratorFactors& factors) {
+    const Doubles doubles;
+    const Double strength = number(factors.strength);
+    const Double dx = hn::Mul(hn::Sub(hn::LoadU(doubles, row + 1), hn::LoadU(doubles, row - 1)), strength);
+    Double dy = hn::Mul(hn::Sub(hn::LoadU(doubles, below), hn::LoadU(doubles, above)), strength);
+    if (factors.flipGreen) {
+        dy = hn::Neg(dy);
+    }
+    const Double x = hn::Neg(dx);
+    const Double y = hn::Neg(dy);
+    const Double z = number(1.0);
+    const Double length = hn::Sqrt(hn::Add(hn::Add(hn::Mul(x, x), hn::Mul(y, y)), hn::Mul(z, z)));
+    const Double divisor = hn::Max(number(0.0001), length);
+    const Integer red = byteFromSignedUnit(hn::Div(x, divisor));
+    const Integer green = byteFromSignedUnit(hn::Div(y, divisor));
+    const Integer blue = byteFromSignedUnit(hn::Div(z, divisor));
+    return packed(red, green, blue);
+}
+
+HWY_INLINE HWY_ATTR Double localHeightContrast(const double* above, const double* row, const double* below) {
+    const Doubles doubles;
+    const Double center = hn::LoadU(doubles, row);
+    Double largest = hn::Zero(doubles);
+    for (const double* line : {above, row, below}) {
+        for (const int step : {-1, 0, 1}) {
+            largest = hn::Max(largest, hn::Abs(hn::Sub(center, hn::LoadU(doubles, line + step))));
+        }
+    }
+    return clamped(hn::Mul(largest, number(6.0)), 0.0, 1.0);
+}
+
+HWY_ATTR void mapRow(const std::uint8_t* pixels, const double* above, const double* row, const double* below,
+                     const double* blurred, std::int64_t width, const GeneratorFactors& factors,
+                     const GeneratedRow& output) {
+    const Doubles doubles;
+    const Double one = number(1.0);
+    const Double full = number(255.0);
+    const auto lanes = static_cast<std::int64_t>(hn::Lanes(doubles));
+    forEachVector(
+        pixels, width, [&](std::int64_t x, const std::uint8_t* vector, std::int64_t count) HWY_ATTR {
+            const Double height = hn::LoadU(doubles, row + x);
+            const Color bytes = loadColor(vector);
+            const Color color{hn::Div(bytes.red, full), hn::Div(bytes.green, full),
+                              hn::Div(bytes.blue, full)};
+            const Double largest = hn::Max(hn::Max(color.red, color.green), color.blue);
+            const Double smallest = hn::Min(hn::Min(color.red, color.green), color.blue);
+            const Double saturation = hn::IfThenElseZero(hn::Gt(largest, hn::Zero(doubles)),
+                                                         hn::Div(hn::Sub(largest, smallest), largest));
+            const Double light = luminance(color);
+            const Double contrast = localHeightContrast(above + x, row + x, below + x);
+            const Double brightness = smoothStep(0.42, 0.92, light);
+            const Double cavity =
+                clamped(hn::Mul(hn::Sub(hn::LoadU(doubles, blurred + x), height), number(3.0)), 0.0, 1.0);
+            const Double smoothness =
+                clamped(hn::Add(hn::Mul(brightness, number(0.75)), hn::Mul(contrast, number(1.6))), 0.0, 1.0);
+            const Double roughness =
+                clamped(hn::Sub(number(factors.high), hn::Mul(smoothness, number(factors.span))), factors.low,
+                        factors.high);
+            const Double metalTone = smoothStep(0.18, 0.78, light);
+            const Double metallic = clamped(
+                hn::Mul(hn::Mul(hn::Sub(one, saturation), metalTone), number(factors.metallicStrength)), 0.0,
+                1.0);
+            const Double occlusion =
+                clamped(hn::Sub(one, hn::Mul(cavity, number(factors.aoStrength))), 0.0, 1.0);
+
+            const Integer roughnessByte = byteFromUnit(roughness);
+            const Integer metallicByte = byteFromUnit(metallic);
+            const Integer occlusionByte = byteFromUnit(occlusion);
+            const Integer orm =
+                packed(saturated(occlusionByte), saturated(roughnessByte), saturated(metallicByte));
+            const auto store = [&](const GeneratedRow& place) HWY_ATTR {
+                storeBytes(byteFromUnit(height), place.height);
+                storeBytes(roughnessByte, place.roughness);
+                storeBytes(byteFromUnit(hn::Sub(one, roughness)), place.gloss);
+                storeBytes(metallicByte, place.metallic);
+                storeBytes(occlusionByte, place.occlusion);
+                storePixels(normals(above + x, row + x, below + x, factors), place.normal);
+                storePixels(orm, place.orm);
+            };
+            if (count == lanes) {
+                store({output.height + x, output.normal + x * bytesPerPixel, output.roughness + x,
+                       output.gloss + x, output.metallic + x, output.occlusion + x,
+                       output.orm + x * bytesPerPixel});
+                return;
+            }
+            std::uint8_t rest[5][HWY_MAX_BYTES];
+            std::uint8_t pixelRest[2][HWY_MAX_BYTES];
+            store({rest[0], pixelRest[0], rest[1], rest[2], rest[3], rest[4], pixelRest[1]});
+            std::copy_n(rest[0], count, output.height + x);
+            std::copy_n(rest[1], count, output.roughness + x);
+            std::copy_n(rest[2], count, output.gloss + x);
+            std::copy_n(rest[3], count, output.metallic + x);
+            std::copy_n(rest[4], count, output.occlusion + x);
+            std::copy_n(pixelRest[0], count * bytesPerPixel, output.normal + x * bytesPerPixel);
+            std::copy_n(pixelRest[1], count * bytesPerPixel, output.orm + x * bytesPerPixel);
+        });
+}
+
+}  // namespace quarlin::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+
+namespace quarlin {
+
+HWY_EXPORT(heightRow);
+HWY_EXPORT(blurRow);
+HWY_EXPORT(mapRow);
+
+GeneratorFactors::GeneratorFactors(const NormalGeneratorSettings& settings)
+    : strength(std::max(0.05, settings.strength)),
+      flipGreen(settings.flipGreen),
+      low(std::min(settings.roughnessMin, settings.roughnessMax)),
+      high(std::max(settings.roughnessMin, settings.roughnessMax)),
+      span(std::max(0.02, high - low)),
+      metallicStrength(settings.metallicStrength),
+      aoStrength(settings.aoStrength) {}
+
+void heightRow(const std::uint8_t* pixels, std::int64_t width, bool inverted, double* heights) {
+    HWY_DYNAMIC_DISPATCH(heightRow)(pixels, width, inverted, heights);
+}
+
+void blurRow(std::span<const double* const> rows, std::int64_t width, double* blurred) {
+    HWY_DYNAMIC_DISPATCH(blurRow)(rows, width, blurred);
+}
+
+void mapRow(const std::uint8_t* pixels, const double* above, const double* row, const double* below,
+            const double* blurred, std::int64_t width, const GeneratorFactors& factors,
+            const GeneratedRow& output) {
+    HWY_DYNAMIC_DISPATCH(mapRow)(pixels, above, row, below, blurred, width, factors, output);
+}
+
+}  // namespace quarlin
+
+#endif

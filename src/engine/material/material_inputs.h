@@ -1,0 +1,44 @@
+#pragma once
+
+#include "engine/texture_processor.h"
+#include "imaging/png/png_file.h"
+
+#include <exception>
+#include <map>
+
+namespace quarlin {
+
+/// The textures of a material at one size. They are rendered side by side on all cores, but a texture that
+/// can't be rendered is reported only when it is asked for: which failure comes first is up to the reader's
+/// order.
+class MaterialInputs {
+public:
+    /// Renders those of `slots` that `textures` holds.
+    MaterialInputs(const TextureMap& textures, const std::vector<TextureSlotKind>& slots, PixelSize size);
+
+    /// The texture of `slot`, or a null pointer where none is loaded. Throws what rendering it threw.
+    const QImage* texture(TextureSlotKind slot) const;
+
+    PixelSize size() const { return m_size; }
+
+private:
+    struct Rendered {
+        QImage image;
+        std::exception_ptr failure;
+    };
+
+    PixelSize m_size;
+    std::map<TextureSlotKind, Rendered> m_rendered;
+};
+
+/// The rows of the ORM image that the inputs give, made as they are read. Throws the failure of the first of
+/// occlusion, roughness and metallic that has one. `inputs` must outlive the source.
+RowSource ormRows(const MaterialInputs& inputs, const ConversionSettings& settings);
+
+/// The rows of a normal map made opaque and, as `settings` say, flipped. `normal` must outlive the source.
+RowSource conditionedNormalRows(const QImage& normal, const ConversionSettings& settings);
+
+/// All rows of a source as one image.
+QImage imageOf(PixelSize size, const RowSource& rows);
+
+}  // namespace quarlin

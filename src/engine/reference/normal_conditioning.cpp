@@ -1,0 +1,17 @@
+#include "engine/texture_processor.h"
+
+namespace quarlin {
+
+void TextureProcessor::normalizeAlpha(PixelImage& image) {
+    for (std::size_t index = 3; index < image.pixels.size(); index += 4) {
+        image.pixels[index] = 255;
+    }
+}
+
+void TextureProcessor::flipGreenChannel(PixelImage& image) {
+    for (std::size_t index = 1; index < image.pixels.size(); index += 4) {
+        image.pixels[index] = static_cast<std::uint8_t>(255 - image.pixels[index]);
+    }
+}
+
+}  // namespace quarlin

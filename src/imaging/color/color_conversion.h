@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <cstdint>
+#include <functional>
+
+namespace quarlin {
+
+/// Converts the colors of `count` pixels to 8-bit sRGB: reads the first samples of each pixel and writes its
+/// R, G and B; of the four bytes that a pixel has in `output`, the last stays as it is. May be called from
+/// several threads at once.
+template <typename Sample>
+using ColorConversion = std::function<void(const Sample* input, std::int64_t count, std::uint8_t* output)>;
+
+/// The conversion that an ICC profile asks for, relative colorimetric with black point compensation.
+/// `channels` is the number of color samples of the profile (1 gray, 3 RGB, 4 CMYK), `samplesPerPixel` the
+/// distance from one pixel to the next, at least `channels`. Gray becomes neutral, and gray as well as RGB
+/// that is described by curves and primaries comes out as the exact value, rounded. Empty when the profile
+/// can't be used. `Sample` is an unsigned integer of 8 or 16 bits.
+template <typename Sample>
+ColorConversion<Sample> conversionToSRGB(const QByteArray& profile, int channels, int samplesPerPixel);
+
+extern template ColorConversion<std::uint8_t> conversionToSRGB(const QByteArray&, int, int);
+extern template ColorConversion<std::uint16_t> conversionToSRGB(const QByteArray&, int, int);
+
+}  // namespace quarlin

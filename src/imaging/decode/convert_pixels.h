@@ -1,0 +1,57 @@
+#pragma once
+
+#include "imaging/pixels/pixel_image.h"
+#include "imaging/pixels/premultiply.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace quarlin {
+
+/// An 8-bit sample is a byte as it stands.
+inline std::uint8_t sampleToByte(std::uint8_t sample) { return sample; }
+
+/// A 16-bit sample is divided by 257 and rounded: 65535 becomes 255.
+inline std::uint8_t sampleToByte(std::uint16_t sample) {
+    return static_cast<std::uint8_t>((sample * 255U + 32895U) >> 16U);
+}
+
+/// Multiplies the colors of `count` RGBA pixels by their alpha, in place.
+inline void premultiplyPixels(std::uint8_t* pixels, std::int64_t count) {
+    for (std::int64_t index = 0; index < count; ++index) {
+        std::uint8_t* pixel = pixels + index * bytesPerPixel;
+        for (int channel = 0; channel < 3; ++channel) {
+            pixel[channel] = premultiplied(pixel[channel], pixel[3]);
+        }
+    }
+}
+
+/// Turns `count` decoded pixels of `bands` samples (1 gray, 2 gray and alpha, 3 RGB, 4 RGBA) into
+/// RGBA of 8 bits, and says whether all of them are opaque.
+template <typename Sample, int bands>
+bool spreadPixels(const Sample* input, std::int64_t count, std::uint8_t* output) {
+    constexpr bool isGray = bands <= 2;
+    constexpr bool hasAlpha = bands % 2 == 0;
+    std::uint8_t allAlphas = 255;
+    for (std::int64_t index = 0; index < count; ++index) {
+        const Sample* sample = input + index * bands;
+        std::uint8_t* pixel = output + index * bytesPerPixel;
+        pixel[0] = sampleToByte(sample[0]);
+        pixel[1] = isGray ? pixel[0] : sampleToByte(sample[1]);
+        pixel[2] = isGray ? pixel[0] : sampleToByte(sample[2]);
+        pixel[3] = hasAlpha ? sampleToByte(sample[bands - 1]) : std::uint8_t{255};
+        allAlphas = static_cast<std::uint8_t>(allAlphas & pixel[3]);
+    }
+    return allAlphas == 255;
+}
+
+/// The same with the colors multiplied by their alpha.
+template <typename Sample, int bands>
+void storePixels(const Sample* input, std::int64_t count, std::uint8_t* output) {
+    // Most textures are opaque and need no more.
+    if (!spreadPixels<Sample, bands>(input, count, output)) {
+        premultiplyPixels(output, count);
+    }
+}
+
+}  // namespace quarlin

@@ -1,0 +1,61 @@
+#include "imaging/deflate/inflate_stream.h"
+
+#include <isa-l/igzip_lib.h>
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+namespace quarlin {
+
+InflateStream::InflateStream(Pieces pieces)
+    : m_pieces(std::move(pieces)), m_next(m_pieces.cbegin()), m_state(std::make_unique<inflate_state>()) {
+    isal_inflate_init(m_state.get());
+    m_state->crc_flag = ISAL_ZLIB;
+}
+
+InflateStream::~InflateStream() = default;
+
+/// Goes on as far as the piece at hand and the room for output allow. False when that gets nowhere.
+bool InflateStream::advance() {
+    while (m_state->avail_in == 0 && m_next != m_pieces.cend()) {
+        // The library reads through this pointer only.
+        m_state->next_in = reinterpret_cast<std::uint8_t*>(const_cast<char*>(m_next->data()));
+        m_state->avail_in = static_cast<std::uint32_t>(m_next->size());
+        ++m_next;
+    }
+    // The library may hold bits back, so that a step need not show in input or output.
+    const auto place = [this] {
+        return std::tuple(m_state->avail_in, m_state->avail_out, m_state->block_state,
+                          m_state->read_in_length);
+    };
+    const auto before = place();
+    return isal_inflate(m_state.get()) == ISAL_DECOMP_OK && place() != before;
+}
+
+bool InflateStream::read(std::span<std::uint8_t> output) {
+    m_state->next_out = output.data();
+    m_state->avail_out = static_cast<std::uint32_t>(output.size());
+    while (m_state->avail_out > 0) {
+        if (m_state->block_state == ISAL_BLOCK_FINISH || !advance()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool InflateStream::hasEnded() {
+    std::uint8_t surplus = 0;
+    m_state->next_out = &surplus;
+    m_state->avail_out = 1;
+    while (m_state->block_state != ISAL_BLOCK_FINISH) {
+        if (!advance() || m_state->avail_out == 0) {
+            return false;
+        }
+    }
+    // The library may hold back the bits that filled up the stream's last byte, but no whole byte.
+    return m_state->avail_out == 1 && m_state->avail_in == 0 && m_state->read_in_length < 8 &&
+           std::all_of(m_next, m_pieces.cend(), [](QByteArrayView piece) { return piece.isEmpty(); });
+}
+
+}  // namespace quarlin

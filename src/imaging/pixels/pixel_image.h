@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace quarlin {
+
+/// The standard allocator, except that elements made without a value stay uninitialized, so that a buffer
+/// that is written in full anyway is not cleared first.
+template <typename T>
+struct UninitializedAllocator : std::allocator<T> {
+    template <typename U>
+    struct rebind {
+        using other = UninitializedAllocator<U>;
+    };
+
+    template <typename U>
+    void construct(U* place) noexcept(std::is_nothrow_default_constructible_v<U>) {
+        ::new (static_cast<void*>(place)) U;
+    }
+    template <typename U, typename... Args>
+    void construct(U* place, Args&&... args) {
+        ::new (static_cast<void*>(place)) U(std::forward<Args>(args)...);
+    }
+};
+
+/// Bytes of pixels. `PixelBuffer(n)` is uninitialized, `PixelBuffer(n, value)` is filled.
+using PixelBuffer = std::vector<std::uint8_t, UninitializedAllocator<std::uint8_t>>;
+
+/// The form of every image that the engine computes with.
+struct PixelImage {
+    /// Pixels per row.
+    std::int64_t width = 0;
+    /// Rows.
+    std::int64_t height = 0;
+    /// `width * height * 4` bytes: rows from the top, four bytes a pixel in the order R, G, B, A, 8-bit sRGB
+    /// with premultiplied alpha.
+    PixelBuffer pixels;
+
+    bool operator==(const PixelImage&) const = default;
+};
+
+/// Bytes of a pixel.
+inline constexpr std::int64_t bytesPerPixel = 4;
+
+/// The number of pixels of a `width` x `height` image, as containers count.
+constexpr std::size_t pixelCount(std::int64_t width, std::int64_t height) {
+    return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+}
+
+/// An image whose every byte is 255.
+inline PixelImage opaqueWhite(std::int64_t width, std::int64_t height) {
+    return {width, height, PixelBuffer(pixelCount(width, height) * bytesPerPixel, 255)};
+}
+
+}  // namespace quarlin

@@ -1,0 +1,246 @@
+#include "imaging/png/png_encoder.h"
+
+#include "imaging/deflate/gray_deflate.h"
+#include "imaging/deflate/pixel_deflate.h"
+#include "imaging/pixels/premultiply.h"
+#include "imaging/png/filter.h"
+
+#include <QtEndian>
+
+#include <isa-l/crc.h>
+#include <isa-l/igzip_lib.h>
+#include <zlib.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace quarlin {
+
+namespace {
+
+/// What a strip should hold before compression: large enough to compress as well as the whole would, small
+/// enough to keep every core busy.
+constexpr std::int64_t stripBytes = std::int64_t{1} << 20;
+
+/// A chunk of the PNG standard: length, type, data, checksum of type and data.
+QByteArray makeChunk(const char* type, QByteArrayView data) {
+    constexpr qsizetype dataOffset = 8;
+    QByteArray chunk(dataOffset + data.size() + 4, Qt::Uninitialized);
+    qToBigEndian(static_cast<quint32>(data.size()), chunk.data());
+    std::memcpy(chunk.data() + 4, type, 4);
+    std::copy(data.begin(), data.end(), chunk.begin() + dataOffset);
+    const auto* checked = reinterpret_cast<const unsigned char*>(chunk.constData() + 4);
+    const quint32 checksum = crc32_gzip_refl(0, checked, static_cast<std::uint64_t>(data.size()) + 4);
+    qToBigEndian(checksum, chunk.data() + dataOffset + data.size());
+    return chunk;
+}
+
+template <typename Value>
+QByteArray bigEndian(Value value) {
+    QByteArray bytes(sizeof(Value), Qt::Uninitialized);
+    qToBigEndian(value, bytes.data());
+    return bytes;
+}
+
+/// Room for `size` bytes and those to spare that the coders may read behind them.
+PixelBuffer withSpare(std::size_t size) {
+    PixelBuffer buffer(size + coderSpare);
+    std::fill(buffer.begin() + static_cast<std::ptrdiff_t>(size), buffer.end(), std::uint8_t{0});
+    return buffer;
+}
+
+bool isOpaque(std::span<const std::uint8_t> row) {
+    std::uint8_t all = 255;
+    for (std::size_t index = 3; index < row.size(); index += 4) {
+        all = static_cast<std::uint8_t>(all & row[index]);
+    }
+    return all == 255;
+}
+
+/// `unpremultiplied` of every color and alpha: a row of 256 colors per alpha.
+const std::array<std::array<std::uint8_t, 256>, 256>& straightColors() {
+    static const auto table = [] {
+        std::array<std::array<std::uint8_t, 256>, 256> colors{};
+        for (unsigned alpha = 0; alpha < 256; ++alpha) {
+            for (unsigned color = 0; color < 256; ++color) {
+                colors[alpha][color] =
+                    unpremultiplied(static_cast<std::uint8_t>(color), static_cast<std::uint8_t>(alpha));
+            }
+        }
+        return colors;
+    }();
+    return table;
+}
+
+void storeStraight(std::span<const std::uint8_t> row, std::uint8_t* output) {
+    const auto& table = straightColors();
+    for (std::size_t index = 0; index < row.size(); index += 4) {
+        const auto& colors = table[row[index + 3]];
+        output[index] = colors[row[index]];
+        output[index + 1] = colors[row[index + 1]];
+        output[index + 2] = colors[row[index + 2]];
+        output[index + 3] = row[index + 3];
+    }
+}
+
+/// Gives the rows of a strip with straight alpha; an opaque row is given as it stands.
+class StraightRows {
+public:
+    StraightRows(const std::uint8_t* rows, std::size_t rowSize)
+        : m_rows(rows), m_rowSize(rowSize), m_buffers{PixelBuffer(rowSize), PixelBuffer(rowSize)} {}
+
+    /// Row `index`; valid until the row after the next is asked for.
+    std::span<const std::uint8_t> row(std::int64_t index) {
+        const std::span row(m_rows + static_cast<std::size_t>(index) * m_rowSize, m_rowSize);
+        if (isOpaque(row)) {
+            return row;
+        }
+        PixelBuffer& buffer = m_buffers[static_cast<std::size_t>(index % 2)];
+        storeStraight(row, buffer.data());
+        return buffer;
+    }
+
+private:
+    const std::uint8_t* m_rows;
+    std::size_t m_rowSize;
+    std::array<PixelBuffer, 2> m_buffers;
+};
+
+/// Filters the rows of a strip one after the other. Rows next to each other ask for the same filter: it is
+/// chosen anew only every few rows. The first row has none above that it could refer to.
+class RowFilter {
+public:
+    RowFilter(std::size_t pixelSize, std::size_t rowSize) : m_pixelSize(pixelSize), m_scratch(rowSize) {}
+
+    /// Writes the residuals of the next row, which must stay in place until the row after it is done.
+    PngFilter apply(std::span<const std::uint8_t> row, std::span<std::uint8_t> residuals) {
+        constexpr std::int64_t rowsPerChoice = 8;
+        if (m_count++ % rowsPerChoice == 1) {
+            m_filter = choosePngFilter(m_pixelSize, row, m_above, m_scratch);
+        }
+        const std::span above = m_above.empty() ? row : m_above;
+        applyPngFilter(m_filter, m_pixelSize, row, above, residuals);
+        m_above = row;
+        return m_filter;
+    }
+
+private:
+    std::size_t m_pixelSize;
+    PixelBuffer m_scratch;
+    std::span<const std::uint8_t> m_above;
+    PngFilter m_filter = PngFilter::sub;
+    std::int64_t m_count = 0;
+};
+
+bool isOpaqueGray(std::span<const std::uint8_t> pixels) {
+    for (std::size_t index = 0; index < pixels.size(); index += 4) {
+        if (pixels[index] != pixels[index + 1] || pixels[index] != pixels[index + 2] ||
+            pixels[index + 3] != 255) {
+            return false;
+        }
+    }
+    return true;
+}
+
+PixelBuffer grayOf(std::span<const std::uint8_t> pixels) {
+    PixelBuffer gray(pixels.size() / 4);
+    for (std::size_t index = 0; index < gray.size(); ++index) {
+        gray[index] = pixels[index * 4];
+    }
+    return gray;
+}
+
+/// What a filter leaves of the alpha of an opaque row's first pixel: there is 0 to its left and 255 above.
+std::uint8_t firstAlphaResidual(PngFilter filter) {
+    switch (filter) {
+        case PngFilter::none:
+        case PngFilter::sub:
+            return 255;
+        case PngFilter::average:
+            return 128;
+        case PngFilter::up:
+        case PngFilter::paeth:
+            return 0;
+    }
+    return 0;
+}
+
+}  // namespace
+
+PngEncoder::PngEncoder(std::int64_t width, std::int64_t height)
+    : m_width(width),
+      m_height(height),
+      m_rowsPerStrip(std::clamp<std::int64_t>(stripBytes / (width * bytesPerPixel), 1, height)),
+      m_strips(static_cast<std::size_t>(strips().count())) {}
+
+void PngEncoder::encodeStrip(std::int64_t strip, const std::uint8_t* rows) {
+    const std::int64_t rowCount = strips()[strip].count;
+    const auto rowSize = static_cast<std::size_t>(m_width * bytesPerPixel);
+    const std::span pixels(rows, static_cast<std::size_t>(rowCount) * rowSize);
+    if (isOpaqueGray(pixels)) {
+        encodeGrayStrip(strip, grayOf(pixels).data());
+        return;
+    }
+
+    PixelBuffer filtered = withSpare(static_cast<std::size_t>(rowCount) * (rowSize + 1));
+    StraightRows straight(rows, rowSize);
+    RowFilter filter(bytesPerPixel, rowSize);
+    for (std::int64_t index = 0; index < rowCount; ++index) {
+        std::uint8_t* place = filtered.data() + static_cast<std::size_t>(index) * (rowSize + 1);
+        *place = static_cast<std::uint8_t>(filter.apply(straight.row(index), {place + 1, rowSize}));
+    }
+    const FilteredRows filteredRows{m_width, rowCount, filtered.data()};
+    const PixelBuffer deflated = deflatePixels(filteredRows, isLast(strip));
+    storeStrip(strip, {deflated.data(), static_cast<qsizetype>(deflated.size())},
+               isal_adler32(1, filtered.data(), static_cast<std::uint64_t>(filteredRows.bytes())));
+}
+
+void PngEncoder::encodeGrayStrip(std::int64_t strip, const std::uint8_t* gray) {
+    const std::int64_t rowCount = strips()[strip].count;
+    const auto width = static_cast<std::size_t>(m_width);
+    PixelBuffer values = withSpare(static_cast<std::size_t>(rowCount) * width);
+    PixelBuffer filters(static_cast<std::size_t>(rowCount));
+    PixelBuffer firstAlphas(filters.size());
+    RowFilter filter(1, width);
+    for (std::size_t index = 0; index < filters.size(); ++index) {
+        const PngFilter chosen =
+            filter.apply({gray + index * width, width}, {values.data() + index * width, width});
+        filters[index] = static_cast<std::uint8_t>(chosen);
+        firstAlphas[index] = firstAlphaResidual(chosen);
+    }
+    const GrayResiduals residuals{m_width, rowCount, filters, firstAlphas, values.data()};
+    const PixelBuffer deflated = deflateGray(residuals, isLast(strip));
+    storeStrip(strip, {deflated.data(), static_cast<qsizetype>(deflated.size())}, grayAdler(residuals));
+}
+
+void PngEncoder::storeStrip(std::int64_t strip, QByteArrayView deflated, std::uint32_t adler) {
+    m_strips[static_cast<std::size_t>(strip)] = {.chunk = makeChunk("IDAT", deflated), .adler = adler};
+}
+
+QByteArray PngEncoder::beginning() const {
+    constexpr std::array<char, 8> signature{'\x89', 'P', 'N', 'G', '\r', '\n', '\x1A', '\n'};
+    constexpr std::array<char, 5> eightBitRGBA{8, 6, 0, 0, 0};
+    constexpr char perceptualIntent = 0;
+    // "Deflate with a 32 KiB window, fast": what a zlib stream begins with.
+    constexpr std::array<char, 2> zlibHeader{'\x78', '\x5E'};
+
+    const QByteArray header = bigEndian(static_cast<quint32>(m_width)) +
+                              bigEndian(static_cast<quint32>(m_height)) +
+                              QByteArray(eightBitRGBA.data(), eightBitRGBA.size());
+    return QByteArray(signature.data(), signature.size()) + makeChunk("IHDR", header) +
+           makeChunk("sRGB", {&perceptualIntent, 1}) +
+           makeChunk("IDAT", {zlibHeader.data(), static_cast<qsizetype>(zlibHeader.size())});
+}
+
+QByteArray PngEncoder::ending() const {
+    uLong adler = adler32(0, nullptr, 0);
+    for (std::int64_t index = 0; index < strips().count(); ++index) {
+        const std::int64_t size = strips()[index].count * (m_width * bytesPerPixel + 1);
+        adler = adler32_combine(adler, m_strips[static_cast<std::size_t>(index)].adler,
+                                static_cast<z_off_t>(size));
+    }
+    return makeChunk("IDAT", bigEndian(static_cast<quint32>(adler))) + makeChunk("IEND", {});
+}
+
+}  // namespace quarlin

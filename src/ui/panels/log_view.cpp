@@ -1,0 +1,127 @@
+#include "ui/panels/log_view.h"
+
+#include "ui/style/colors.h"
+#include "ui/style/painting.h"
+#include "ui/style/typography.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QTextBlock>
+
+#include <algorithm>
+#include <cmath>
+
+namespace quarlin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int lineSpacing = 6;
+
+/// How many of the lines at the front of `before` have to go so that what is left begins `after`.
+qsizetype outdated(const QStringList& before, const QStringList& after) {
+    qsizetype count = 0;
+    while (count < before.size() && (before.size() - count > after.size() ||
+                                     !std::equal(before.begin() + count, before.end(), after.begin()))) {
+        ++count;
+    }
+    return count;
+}
+
+}  // namespace
+
+LogView::LogView(QWidget* parent) : QTextEdit(parent) {
+    setReadOnly(true);
+    setAcceptRichText(false);
+    setUndoRedoEnabled(false);
+    setTabChangesFocus(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    viewport()->setAutoFillBackground(false);
+    document()->setDocumentMargin(0);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setAccessibleName(u"Log"_s);
+    applyStyle();
+}
+
+QStringList LogView::lines() const { return m_lines; }
+
+void LogView::setLines(const QStringList& lines) {
+    removeFirstLines(outdated(m_lines, lines));
+    for (const QString& line : lines.mid(m_lines.size())) {
+        append(line);
+    }
+    applyStyle();
+    fitHeight();
+}
+
+void LogView::append(const QString& line) {
+    QTextCursor cursor(document());
+    cursor.movePosition(QTextCursor::End);
+    if (!m_lines.isEmpty()) {
+        cursor.insertBlock();
+    }
+    cursor.insertText(line);
+    m_lines.append(line);
+}
+
+void LogView::removeFirstLines(qsizetype count) {
+    if (count == m_lines.size()) {
+        clear();
+    } else if (count > 0) {
+        QTextCursor cursor(document());
+        cursor.setPosition(document()->findBlockByNumber(static_cast<int>(count)).position(),
+                           QTextCursor::KeepAnchor);
+        cursor.removeSelectedText();
+    }
+    m_lines.remove(0, count);
+}
+
+void LogView::applyStyle() {
+    setFont(quarlin::font(TextStyle::monospacedCaption));
+    QPalette colors = palette();
+    // A color already in place is not set again: setting it announces a change of palette.
+    if (const QColor text = secondaryColor(colors); colors.color(QPalette::Text) != text) {
+        colors.setColor(QPalette::Text, text);
+        setPalette(colors);
+    }
+    const QTextBlock last = document()->lastBlock();
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        QTextBlockFormat format = block.blockFormat();
+        format.setBottomMargin(block == last ? 0 : lineSpacing);
+        QTextCursor(block).setBlockFormat(format);
+    }
+}
+
+void LogView::fitHeight() {
+    document()->setTextWidth(viewport()->width());
+    setFixedHeight(static_cast<int>(std::ceil(document()->size().height())));
+    verticalScrollBar()->setValue(0);
+}
+
+bool LogView::event(QEvent* event) {
+    const bool handled = QTextEdit::event(event);
+    if (event->type() == QEvent::ApplicationFontChange || event->type() == QEvent::PaletteChange) {
+        applyStyle();
+        fitHeight();
+    }
+    return handled;
+}
+
+void LogView::resizeEvent(QResizeEvent* event) {
+    QTextEdit::resizeEvent(event);
+    fitHeight();
+}
+
+void LogView::paintEvent(QPaintEvent* event) {
+    QTextEdit::paintEvent(event);
+    QPainter painter(viewport());
+    paintFocusRing(painter, *this, viewport()->rect(), 3);
+}
+
+}  // namespace quarlin

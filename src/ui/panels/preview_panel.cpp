@@ -1,0 +1,87 @@
+#include "ui/panels/preview_panel.h"
+
+#include "imaging/files/file_names.h"
+#include "ui/controls/text_label.h"
+#include "ui/layout/adaptive_grid.h"
+#include "ui/layout/scroll_panel.h"
+#include "ui/layout/separator.h"
+#include "ui/panels/empty_preview.h"
+#include "ui/panels/log_view.h"
+#include "ui/panels/panel_header.h"
+#include "ui/style/metrics.h"
+
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <memory>
+
+namespace quarlin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int rowSpacing = 14;
+constexpr int minimumTileWidth = 140;
+constexpr int tileSpacing = 12;
+
+}  // namespace
+
+PreviewPanel::PreviewPanel(const QString& emptySymbol, QWidget* parent) : QWidget(parent) {
+    auto* stack = new QVBoxLayout(this);
+    stack->setContentsMargins(0, 0, 0, 0);
+    stack->setSpacing(0);
+
+    auto* header = new PanelHeader(u"Preview"_s);
+    m_lastExport = new TextLabel({}, TextStyle::caption, TextWeight::secondary);
+    m_lastExport->setObjectName(u"lastExport"_s);
+    m_lastExport->setElided(true);
+    header->addAtEnd(m_lastExport);
+    stack->addWidget(header);
+
+    auto* scroll = new ScrollPanel(
+        rowSpacing, {metrics::standardPadding, 0, metrics::standardPadding, metrics::standardPadding});
+    m_empty = new EmptyPreview(emptySymbol);
+    scroll->rows()->addWidget(m_empty);
+    m_tiles = new QWidget;
+    m_grid = new AdaptiveGrid(minimumTileWidth, tileSpacing, m_tiles);
+    scroll->rows()->addWidget(m_tiles);
+    scroll->rows()->addWidget(new Separator(Qt::Horizontal));
+    scroll->rows()->addWidget(new TextLabel(u"Log"_s, TextStyle::headline));
+    m_log = new LogView;
+    scroll->rows()->addWidget(m_log);
+    scroll->rows()->addStretch();
+    stack->addWidget(scroll);
+
+    setTiles({});
+    setLastExport(std::nullopt);
+}
+
+void PreviewPanel::setTiles(const std::vector<PreviewTileContent>& contents) {
+    while (m_grid->count() > static_cast<int>(contents.size())) {
+        const std::unique_ptr<QLayoutItem> item(m_grid->takeAt(m_grid->count() - 1));
+        delete item->widget();
+    }
+    for (std::size_t index = 0; index < contents.size(); ++index) {
+        if (QLayoutItem* item = m_grid->itemAt(static_cast<int>(index))) {
+            static_cast<PreviewTile*>(item->widget())->setContent(contents[index]);
+        } else {
+            m_grid->addWidget(new PreviewTile(contents[index]));
+        }
+    }
+    m_empty->setVisible(contents.empty());
+    m_tiles->setVisible(!contents.empty());
+}
+
+void PreviewPanel::setLastExport(const std::optional<QUrl>& folder) {
+    m_lastExport->setVisible(folder.has_value());
+    m_lastExport->setText(folder ? lastPathComponent(*folder) : QString());
+}
+
+void PreviewPanel::setLogLines(const QStringList& lines) {
+    QStringList oldestFirst = lines;
+    std::reverse(oldestFirst.begin(), oldestFirst.end());
+    m_log->setLines(oldestFirst);
+}
+
+}  // namespace quarlin

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "ui/panels/preview_tile.h"
+
+#include <QStringList>
+#include <QUrl>
+#include <QWidget>
+
+#include <optional>
+#include <vector>
+
+namespace quarlin {
+
+class AdaptiveGrid;
+class EmptyPreview;
+class LogView;
+class TextLabel;
+
+/// The right-hand column of a tool: the preview tiles, the name of the last export, and the log.
+class PreviewPanel : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `emptySymbol` stands where the tiles will be.
+    explicit PreviewPanel(const QString& emptySymbol, QWidget* parent = nullptr);
+
+    /// Shows one tile per element, in this order; none shows that there is no preview.
+    void setTiles(const std::vector<PreviewTileContent>& contents);
+
+    /// Shows the name of the folder that received the last export, if there was one.
+    void setLastExport(const std::optional<QUrl>& folder);
+
+    /// Shows the log. `lines` are newest first.
+    void setLogLines(const QStringList& lines);
+
+private:
+    TextLabel* m_lastExport;
+    EmptyPreview* m_empty;
+    QWidget* m_tiles;
+    AdaptiveGrid* m_grid;
+    LogView* m_log;
+};
+
+}  // namespace quarlin

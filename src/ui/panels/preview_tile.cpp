@@ -1,0 +1,54 @@
+#include "ui/panels/preview_tile.h"
+
+#include "ui/controls/picture_view.h"
+#include "ui/controls/text_label.h"
+#include "ui/style/colors.h"
+#include "ui/style/metrics.h"
+#include "ui/style/painting.h"
+
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace quarlin {
+
+PreviewTile::PreviewTile(const PreviewTileContent& content, QWidget* parent)
+    : QWidget(parent),
+      m_image(new SquarePictureView(metrics::cornerRadius)),
+      m_title(new TextLabel({}, TextStyle::headline)),
+      m_subtitle(new TextLabel({}, TextStyle::caption, TextWeight::secondary)) {
+    auto* stack = new QVBoxLayout(this);
+    stack->setContentsMargins(8, 8, 8, 8);
+    stack->setSpacing(8);
+    stack->addWidget(m_image);
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(2);
+    for (TextLabel* label : {m_title, m_subtitle}) {
+        label->setElided(true);
+        texts->addWidget(label);
+    }
+    stack->addLayout(texts);
+    stack->addStretch();
+    setContent(content);
+}
+
+void PreviewTile::setContent(const PreviewTileContent& content) {
+    m_image->setImage(content.image);
+    m_title->setText(content.title);
+    m_subtitle->setText(content.subtitle);
+    setAccessibleName(content.title);
+    setAccessibleDescription(content.subtitle);
+}
+
+QString PreviewTile::title() const { return m_title->text(); }
+
+QString PreviewTile::subtitle() const { return m_subtitle->text(); }
+
+const QImage& PreviewTile::image() const { return m_image->image(); }
+
+void PreviewTile::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintSurface(painter, rect(), metrics::cornerRadius, withOpacity(secondaryColor(palette()), 0.08),
+                 Qt::transparent);
+}
+
+}  // namespace quarlin

@@ -1,0 +1,61 @@
+#include "ui/panels/settings_panel.h"
+
+#include "ui/controls/button.h"
+#include "ui/controls/text_label.h"
+#include "ui/style/metrics.h"
+
+#include <QHBoxLayout>
+
+namespace quarlin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int groupSpacing = 16;
+constexpr int buttonSpacing = 8;
+constexpr int labelSpacing = 10;
+
+constexpr QMargins panelMargins(metrics::standardPadding, metrics::standardPadding, metrics::standardPadding,
+                                metrics::standardPadding);
+
+}  // namespace
+
+SettingsPanel::SettingsPanel(const QString& heading, QWidget* parent)
+    : ScrollPanel(groupSpacing, panelMargins, parent) {
+    auto* title = new TextLabel(heading, TextStyle::title3);
+    // As high as the headings of the columns beside it, which have buttons in their rows.
+    title->setMinimumHeight(metrics::headerRowHeight);
+    rows()->addWidget(title);
+}
+
+GroupBox* SettingsPanel::addGroup(const QString& title, int spacing) {
+    auto* group = new GroupBox(title, spacing);
+    rows()->addWidget(group);
+    return group;
+}
+
+void SettingsPanel::addLabeled(GroupBox& group, const QString& label, QWidget* picker) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(labelSpacing);
+    row->addWidget(new TextLabel(label, TextStyle::body));
+    row->addWidget(picker, 1);
+    group.rows()->addLayout(row);
+}
+
+void SettingsPanel::addActions(GroupBox& group) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(buttonSpacing);
+    m_preview = new Button(ButtonStyle::bordered, u"eye"_s, u"Pre&view"_s);
+    m_preview->setObjectName(u"preview"_s);
+    row->addWidget(m_preview);
+    m_export = new Button(ButtonStyle::prominent, u"square.and.arrow.up"_s, u"E&xport"_s);
+    m_export->setObjectName(u"export"_s);
+    row->addWidget(m_export);
+    row->addStretch();
+    group.rows()->addLayout(row);
+}
+
+void SettingsPanel::closeColumn() { rows()->addStretch(); }
+
+}  // namespace quarlin

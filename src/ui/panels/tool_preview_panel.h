@@ -1,0 +1,38 @@
+#pragma once
+
+#include "ui/panels/preview_panel.h"
+#include "ui/panels/store_observer.h"
+
+#include <map>
+#include <vector>
+
+namespace quarlin {
+
+/// The tiles for `previews`, in the order of the kinds; a kind without a picture has none.
+template <typename Kind>
+std::vector<PreviewTileContent> previewTiles(const std::map<Kind, QImage>& previews) {
+    std::vector<PreviewTileContent> tiles;
+    for (const Kind kind : allCases<Kind>()) {
+        if (const auto preview = previews.find(kind); preview != previews.end()) {
+            tiles.push_back({title(kind), subtitle(kind), preview->second});
+        }
+    }
+    return tiles;
+}
+
+/// A preview panel that shows what `store` publishes.
+template <typename Store>
+PreviewPanel* makePreviewPanel(const Store& store, const QString& emptySymbol) {
+    auto* panel = new PreviewPanel(emptySymbol);
+    new StoreObserver(
+        store,
+        [panel, &store] {
+            panel->setTiles(previewTiles(store.previews()));
+            panel->setLastExport(store.lastExportURL());
+            panel->setLogLines(store.logLines());
+        },
+        panel);
+    return panel;
+}
+
+}  // namespace quarlin

@@ -1,0 +1,41 @@
+#include "ui/style/painting.h"
+
+#include "ui/style/colors.h"
+
+#include <QWidget>
+
+namespace quarlin {
+
+void paintSurface(QPainter& painter, const QRectF& rectangle, double radius, const QColor& fill,
+                  const QColor& border) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(fill);
+    painter.drawRoundedRect(rectangle, radius, radius);
+    if (border.alpha() > 0) {
+        painter.setPen(QPen(border, 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(rectangle.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+    }
+    painter.restore();
+}
+
+double deviceScale(const QPainter& painter) { return painter.deviceTransform().m11(); }
+
+void paintRing(QPainter& painter, const QWidget& widget, const QRectF& rectangle, double radius) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(withOpacity(accentColor(widget.palette()), 0.75), 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(rectangle.adjusted(1, 1, -1, -1), radius - 1, radius - 1);
+    painter.restore();
+}
+
+void paintFocusRing(QPainter& painter, const QWidget& widget, const QRectF& rectangle, double radius) {
+    if (widget.hasFocus() && widget.window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
+        paintRing(painter, widget, rectangle, radius);
+    }
+}
+
+}  // namespace quarlin

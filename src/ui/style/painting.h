@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QColor>
+#include <QPainter>
+#include <QRectF>
+
+class QWidget;
+
+namespace quarlin {
+
+/// Fills a rounded rectangle and strokes its edge, one pixel wide, inside of it. A transparent color leaves
+/// either out.
+void paintSurface(QPainter& painter, const QRectF& rectangle, double radius, const QColor& fill,
+                  const QColor& border);
+
+/// The number of device pixels per pixel that `painter` draws with.
+double deviceScale(const QPainter& painter);
+
+/// Draws a ring in the accent color around the inner edge of `rectangle`.
+void paintRing(QPainter& painter, const QWidget& widget, const QRectF& rectangle, double radius);
+
+/// Marks `widget` as the one that keys go to, if it is and the keyboard is being used to move about.
+/// `rectangle` is the shape that the ring lies around the inner edge of.
+void paintFocusRing(QPainter& painter, const QWidget& widget, const QRectF& rectangle, double radius);
+
+}  // namespace quarlin

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "engine/texture_processor.h"
+#include "golden_text.h"
+#include "picture.h"
+#include "png_files.h"
+#include "temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace quarlin {
+
+using namespace Qt::StringLiterals;
+
+/// One of the two tools' exports, for tests that hold for both.
+enum class ExportKind { material, maps };
+
+inline void PrintTo(ExportKind kind, std::ostream* out) {
+    *out << (kind == ExportKind::material ? "Material" : "Maps");
+}
+
+/// A full set of one kind, named Brick, exported from the folder "in" to the folder "out".
+class EitherExport : public InEnglish, public testing::WithParamInterface<ExportKind> {
+protected:
+    EitherExport();
+
+    /// Replaces the inputs by pictures that differ for every `seed`.
+    void loadPictures(std::uint64_t seed);
+
+    ExportResult exported() const;
+    /// What the failed export says; empty when it succeeds.
+    std::string failure() const;
+
+    /// The names of the set in writing order.
+    QStringList setNames() const;
+    /// What the failure to write the file of the set is called: before it could be opened, and after.
+    std::string cannotCreate(const QString& name) const;
+    std::string cannotWrite(const QString& name) const;
+
+    QString setPath() const { return folder.path(u"out/"_s + name); }
+    /// Every file of the set's folder by name, hidden ones too.
+    std::map<QString, QByteArray> files() const;
+
+    QString name = u"Brick"_s;
+    const TextureProcessor processor{};
+    const fixtures::TemporaryFolder folder;
+    TextureMap textures;
+};
+
+}  // namespace quarlin

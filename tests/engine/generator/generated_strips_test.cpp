@@ -1,0 +1,98 @@
+// The maps as exports compute them, against the plain operations that define them.
+
+#include "engine/generator/generated_strips.h"
+#include "byte_comparison.h"
+#include "each_instruction_set.h"
+#include "random_generator_input.h"
+
+#include <gtest/gtest.h>
+
+using namespace quarlin;
+
+namespace {
+
+/// Every map from the plain operations, one after the other.
+NormalOutputs plainOutputs(const PixelImage& source, const NormalGeneratorSettings& settings) {
+    const HeightField heights = TextureProcessor::smoothedHeightValues(source, settings);
+    GeneratedSurfaceMaps maps = TextureProcessor::generatedSurfaceMaps(source, heights, settings);
+    return {.source = source,
+            .height = TextureProcessor::heightImage(heights, source.width, source.height),
+            .normal = TextureProcessor::normalImage(heights, source.width, source.height, settings),
+            .roughness = std::move(maps.roughness),
+            .gloss = std::move(maps.gloss),
+            .metallic = std::move(maps.metallic),
+            .occlusion = std::move(maps.occlusion),
+            .orm = std::move(maps.orm)};
+}
+
+void expectSame(const NormalOutputs& expected, const NormalOutputs& actual) {
+    EXPECT_TRUE(sameBytes(expected.source.pixels, actual.source.pixels));
+    EXPECT_TRUE(sameBytes(expected.height.pixels, actual.height.pixels));
+    EXPECT_TRUE(sameBytes(expected.normal.pixels, actual.normal.pixels));
+    EXPECT_TRUE(sameBytes(expected.roughness.pixels, actual.roughness.pixels));
+    EXPECT_TRUE(sameBytes(expected.gloss.pixels, actual.gloss.pixels));
+    EXPECT_TRUE(sameBytes(expected.metallic.pixels, actual.metallic.pixels));
+    EXPECT_TRUE(sameBytes(expected.occlusion.pixels, actual.occlusion.pixels));
+    EXPECT_TRUE(sameBytes(expected.orm.pixels, actual.orm.pixels));
+}
+
+void expectTwin(int width, int height, std::uint64_t seed, const NormalGeneratorSettings& settings) {
+    SCOPED_TRACE(testing::Message() << width << 'x' << height << " seed " << seed);
+    const PixelImage source = sourceImage(width, height, seed);
+    const NormalOutputs expected = plainOutputs(source, settings);
+    forEachInstructionSet([&] { expectSame(expected, generateOutputs(source, settings)); });
+}
+
+TEST(GeneratedStrips, EveryWidthMatchesThePlainOperations) {
+    RandomSettings settings(11);
+    for (int width = 1; width <= 70; ++width) {
+        expectTwin(width, 1 + width % 5, static_cast<std::uint64_t>(width), settings.next());
+        ASSERT_FALSE(HasFailure());
+    }
+}
+
+TEST(GeneratedStrips, EveryHeightMatchesThePlainOperations) {
+    RandomSettings settings(12);
+    for (int height = 1; height <= 140; ++height) {
+        expectTwin(1 + height % 11, height, static_cast<std::uint64_t>(height), settings.next());
+        ASSERT_FALSE(HasFailure());
+    }
+}
+
+TEST(GeneratedStrips, MorePassesThanABandIsHighReachAcrossStrips) {
+    NormalGeneratorSettings settings;
+    settings.smoothing = 100;
+    expectTwin(19, 200, 4, settings);
+}
+
+TEST(GeneratedStrips, BandsOfAnyHeightOnAnyNumberOfThreadsAreTheSame) {
+    RandomSettings random(13);
+    const PixelImage source = sourceImage(45, 61, 3);
+    const NormalGeneratorSettings settings = random.next();
+    const GeneratedStrip whole = generateStrip(source, settings, {0, source.height});
+    for (const unsigned threads : {1U, 2U, 3U, 8U}) {
+        for (std::int64_t rowsPerStrip = 1; rowsPerStrip <= source.height; rowsPerStrip += 4) {
+            const RowStrips strips(source.height, rowsPerStrip);
+            std::vector<GeneratedStrip> made(static_cast<std::size_t>(strips.count()));
+            forEachInParallel(
+                strips.count(),
+                [&](std::int64_t index) {
+                    made[static_cast<std::size_t>(index)] = generateStrip(source, settings, strips[index]);
+                },
+                threads);
+            PixelBuffer normal;
+            PixelBuffer roughness;
+            PixelBuffer occlusion;
+            for (const GeneratedStrip& strip : made) {
+                normal.insert(normal.end(), strip.normal.begin(), strip.normal.end());
+                roughness.insert(roughness.end(), strip.roughness.begin(), strip.roughness.end());
+                occlusion.insert(occlusion.end(), strip.occlusion.begin(), strip.occlusion.end());
+            }
+            ASSERT_TRUE(sameBytes(whole.normal, normal)) << threads << ' ' << rowsPerStrip;
+            ASSERT_TRUE(sameBytes(whole.roughness, roughness)) << threads << ' ' << rowsPerStrip;
+            ASSERT_TRUE(sameBytes(whole.occlusion, occlusion)) << threads << ' ' << rowsPerStrip;
+        }
+    }
+}
+
+}  // namespace

@@ -1,0 +1,110 @@
+#include "imaging/deflate/inflate_stream.h"
+
+#include <gtest/gtest.h>
+
+#include <zlib.h>
+
+#include <algorithm>
+#include <random>
+
+using namespace quarlin;
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+Bytes someText() {
+    std::mt19937 random(3);
+    Bytes text(100'000);
+    for (std::uint8_t& byte : text) {
+        byte = static_cast<std::uint8_t>(random() % 7);
+    }
+    return text;
+}
+
+Bytes deflated(const Bytes& text) {
+    uLongf size = compressBound(text.size());
+    Bytes stream(size);
+    EXPECT_EQ(compress(stream.data(), &size, text.data(), text.size()), Z_OK);
+    stream.resize(size);
+    return stream;
+}
+
+InflateStream::Pieces cut(const Bytes& stream, std::size_t pieceSize) {
+    InflateStream::Pieces pieces;
+    for (std::size_t begin = 0; begin < stream.size(); begin += pieceSize) {
+        const std::size_t size = std::min(pieceSize, stream.size() - begin);
+        pieces.emplace_back(stream.data() + begin, static_cast<qsizetype>(size));
+        pieces.emplace_back();
+    }
+    return pieces;
+}
+
+/// Whether the stream in these pieces holds just `size` bytes and then its end.
+bool isWhole(const InflateStream::Pieces& pieces, std::size_t size) {
+    InflateStream stream(pieces);
+    Bytes output(size);
+    return stream.read(output) && stream.hasEnded();
+}
+
+TEST(InflateStream, HoweverItIsCutAndReadTheTextIsTheSame) {
+    const Bytes text = someText();
+    const Bytes whole = deflated(text);
+    for (const std::size_t pieceSize : {std::size_t{1}, std::size_t{7}, std::size_t{8192}, whole.size()}) {
+        for (const std::size_t readSize : {std::size_t{1}, std::size_t{333}, std::size_t{70'000}}) {
+            SCOPED_TRACE(testing::Message() << "pieces of " << pieceSize << ", read by " << readSize);
+            InflateStream stream(cut(whole, pieceSize));
+            Bytes output(text.size());
+            for (std::size_t begin = 0; begin < output.size(); begin += readSize) {
+                const std::size_t size = std::min(readSize, output.size() - begin);
+                ASSERT_TRUE(stream.read({output.data() + begin, size}));
+            }
+            EXPECT_TRUE(stream.hasEnded());
+            EXPECT_EQ(output, text);
+        }
+    }
+}
+
+TEST(InflateStream, MoreThanThereIsCannotBeRead) {
+    const Bytes text = someText();
+    const Bytes whole = deflated(text);
+    EXPECT_TRUE(isWhole(cut(whole, 100), text.size()));
+    EXPECT_FALSE(isWhole(cut(whole, 100), text.size() + 1));
+    EXPECT_FALSE(isWhole({}, 1));
+    EXPECT_FALSE(isWhole({}, 0));
+}
+
+TEST(InflateStream, LessThanThereIsLeavesIt) {
+    const Bytes text = someText();
+    EXPECT_FALSE(isWhole(cut(deflated(text), 100), text.size() - 1));
+}
+
+TEST(InflateStream, BytesBehindTheEndAreNoticed) {
+    const Bytes text = someText();
+    Bytes whole = deflated(text);
+    whole.push_back(0);
+    for (const std::size_t pieceSize : {std::size_t{1}, std::size_t{1000}, whole.size()}) {
+        EXPECT_FALSE(isWhole(cut(whole, pieceSize), text.size())) << pieceSize;
+    }
+}
+
+TEST(InflateStream, AMissingEndIsNoticed) {
+    const Bytes text = someText();
+    Bytes whole = deflated(text);
+    for (int missing = 0; missing < 6; ++missing) {
+        whole.pop_back();
+        EXPECT_FALSE(isWhole(cut(whole, 1000), text.size())) << missing;
+    }
+}
+
+TEST(InflateStream, DamageIsNoticedAtTheLatestByTheChecksum) {
+    const Bytes text = someText();
+    const Bytes whole = deflated(text);
+    for (std::size_t index = 0; index < whole.size(); index += 97) {
+        Bytes damaged = whole;
+        damaged[index] ^= 0x10U;
+        EXPECT_FALSE(isWhole(cut(damaged, 1000), text.size())) << index;
+    }
+}
+
+}  // namespace
