@@ -1,8 +1,8 @@
-// Filtering and deflating together, strip by strip on one thread and whole images on all, with the file's
-// size.
+// Encodes strips on one thread and whole images on all cores, and reports the size of the file.
 
 #include "engine/generator/generated_strips.h"
 #include "imaging/base/parallel.h"
+#include "imaging/base/row_strips.h"
 #include "imaging/png/png_encoder.h"
 #include "measured.h"
 #include "photograph.h"
@@ -11,7 +11,7 @@ namespace quarlin::bench {
 
 namespace {
 
-/// The maps of some rows of the photograph that make one strip of a PNG.
+/// The maps of the rows of the photograph that make one strip of a PNG.
 const GeneratedStrip& maps() {
     static const GeneratedStrip strip = generateStrip(largePhotograph(), NormalGeneratorSettings(), {0, 64});
     return strip;

@@ -2,6 +2,7 @@
 
 #include "engine/generator/generated_strips.h"
 #include "engine/texture_processor.h"
+#include "imaging/base/parallel.h"
 #include "imaging/png/png_encoder.h"
 #include "measured.h"
 #include "photograph.h"
@@ -29,7 +30,7 @@ void makePlainMaps(benchmark::State& state) {
 void makeStrips(benchmark::State& state, std::int64_t target, unsigned threads) {
     const PixelImage& source = largePhotograph();
     const NormalGeneratorSettings settings;
-    const RowStrips strips = PngEncoder(source.width, source.height).strips();
+    const RowStrips strips = PngEncoder::stripsOf(source.width, source.height);
     hwy::SetSupportedTargetsForTest(target);
     hwy::GetChosenTarget().Update(hwy::SupportedTargets());
     for (auto _ : state) {

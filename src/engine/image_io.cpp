@@ -1,5 +1,6 @@
 #include "engine/rendered_texture.h"
 #include "engine/texture_processor.h"
+#include "imaging/base/parallel.h"
 #include "imaging/pixels/image_view.h"
 #include "imaging/png/png_file.h"
 

@@ -2,6 +2,7 @@
 
 #include "engine/generator/generated_maps.h"
 #include "engine/texture_processor_error.h"
+#include "imaging/base/image_size.h"
 #include "imaging/pixels/pixel_image.h"
 #include "model/conversion_settings.h"
 #include "model/export_result.h"
@@ -31,14 +32,6 @@ namespace quarlin {
 using TextureMap = std::map<TextureSlotKind, TextureAsset>;
 using OutputPreviews = std::map<OutputPreviewKind, QImage>;
 using NormalPreviews = std::map<NormalPreviewKind, QImage>;
-
-/// Width and height in pixels.
-struct PixelSize {
-    std::int64_t width = 0;
-    std::int64_t height = 0;
-
-    bool operator==(const PixelSize&) const = default;
-};
 
 /// A height field: one value in 0...1 per pixel, row by row from the top; larger is higher.
 using HeightField = std::vector<double, UninitializedAllocator<double>>;

@@ -2,6 +2,7 @@
 #include "engine/generator/generated_strips.h"
 #include "engine/rendered_texture.h"
 #include "engine/texture_processor.h"
+#include "imaging/base/parallel.h"
 #include "imaging/png/png_file.h"
 
 #include <functional>

@@ -1,5 +1,6 @@
 #include "engine/generator/generated_strips.h"
 
+#include "imaging/base/parallel.h"
 #include "imaging/pixels/pixel_image.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "engine/generator/generated_maps.h"
 #include "engine/generator/generator_rows.h"
-#include "imaging/base/parallel.h"
+#include "imaging/base/row_strips.h"
 #include "imaging/pixels/image_view.h"
 
 namespace quarlin {

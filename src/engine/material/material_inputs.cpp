@@ -2,6 +2,7 @@
 
 #include "engine/material/orm_packing.h"
 #include "engine/rendered_texture.h"
+#include "imaging/base/parallel.h"
 
 #include <algorithm>
 
@@ -11,7 +12,7 @@ MaterialInputs::MaterialInputs(const TextureMap& textures, const std::vector<Tex
                                PixelSize size)
     : m_size(size) {
     std::vector<const TextureAsset*> assets;
-    std::vector<Rendered*> places;
+    std::vector<Outcome<QImage>*> places;
     for (const TextureSlotKind slot : slots) {
         if (const auto texture = textures.find(slot); texture != textures.end()) {
             assets.push_back(&texture->second);
@@ -20,23 +21,14 @@ MaterialInputs::MaterialInputs(const TextureMap& textures, const std::vector<Tex
     }
     forEachInParallel(static_cast<std::int64_t>(assets.size()), [&](std::int64_t index) {
         const auto place = static_cast<std::size_t>(index);
-        try {
-            places[place]->image = renderTexture(*assets[place], size.width, size.height);
-        } catch (...) {
-            places[place]->failure = std::current_exception();
-        }
+        *places[place] =
+            Outcome<QImage>::of([&] { return renderTexture(*assets[place], size.width, size.height); });
     });
 }
 
 const QImage* MaterialInputs::texture(TextureSlotKind slot) const {
     const auto rendered = m_rendered.find(slot);
-    if (rendered == m_rendered.end()) {
-        return nullptr;
-    }
-    if (rendered->second.failure) {
-        std::rethrow_exception(rendered->second.failure);
-    }
-    return &rendered->second.image;
+    return rendered != m_rendered.end() ? &rendered->second.value() : nullptr;
 }
 
 RowSource ormRows(const MaterialInputs& inputs, const ConversionSettings& settings) {

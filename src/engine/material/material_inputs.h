@@ -1,9 +1,9 @@
 #pragma once
 
 #include "engine/texture_processor.h"
+#include "imaging/base/outcome.h"
 #include "imaging/png/png_file.h"
 
-#include <exception>
 #include <map>
 
 namespace quarlin {
@@ -22,13 +22,8 @@ public:
     PixelSize size() const { return m_size; }
 
 private:
-    struct Rendered {
-        QImage image;
-        std::exception_ptr failure;
-    };
-
     PixelSize m_size;
-    std::map<TextureSlotKind, Rendered> m_rendered;
+    std::map<TextureSlotKind, Outcome<QImage>> m_rendered;
 };
 
 /// The rows of the ORM image that the inputs give, made as they are read. Throws the failure of the first of

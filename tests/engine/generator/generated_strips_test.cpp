@@ -1,6 +1,7 @@
 // The maps as exports compute them, against the plain operations that define them.
 
 #include "engine/generator/generated_strips.h"
+#include "imaging/base/parallel.h"
 #include "byte_comparison.h"
 #include "each_instruction_set.h"
 #include "random_generator_input.h"
