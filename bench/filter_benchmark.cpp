@@ -1,4 +1,4 @@
-// The filters of PNG, and choosing among them, in vectors and byte by byte.
+// The filters of PNG, with vectors and byte by byte, and the choice among them.
 
 #include "imaging/png/filter.h"
 #include "measured.h"

@@ -1,4 +1,4 @@
-// Whole operations of the engine below an export: packing, loading, previews.
+// Operations of the engine that are parts of an export: packing, loading, previews.
 
 #include "engine/material/orm_packing.h"
 #include "engine/texture_processor.h"
@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The photograph as two files, which are deleted in the end.
+/// The photograph as two files, which are deleted at the end.
 struct PhotographFiles {
     QTemporaryDir folder;
     QUrl png = QUrl::fromLocalFile(folder.filePath(u"photograph.png"_s));
@@ -55,7 +55,7 @@ void load(benchmark::State& state, const QUrl PhotographFiles::*file) {
 
 enum class Textures { loaded, changedSince };
 
-/// A texture whose pixels may be used, or one whose file has to be decoded again.
+/// A texture that keeps its pixels, or one whose file has to be decoded again.
 TextureAsset asset(const QUrl& file, Textures textures) {
     TextureAsset made = TextureProcessor().loadAsset(file);
     if (textures == Textures::changedSince) {

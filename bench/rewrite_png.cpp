@@ -1,5 +1,5 @@
-// rewrite_png IN OUT [SAMPLES]: has libpng write a picture anew, at its own settings, with 1, 3 or 4 samples
-// a pixel.
+// rewrite_png IN OUT [SAMPLES]: writes a picture with libpng and its default settings, with 1, 3 or 4 samples
+// per pixel.
 
 #include "engine/texture_processor.h"
 #include "libpng_writer.h"

@@ -1,4 +1,4 @@
-// What the PNG writer writes, read back by the format's reference library.
+// Writes PNG files and reads them with the reference library of the format.
 
 #include "drawn_pixels.h"
 #include "expectation.h"
