@@ -1,4 +1,7 @@
 #include "stores/material_store.h"
+#include "model/previews.h"
+#include "model/texture_asset.h"
+#include "model/texture_map.h"
 
 #include <utility>
 

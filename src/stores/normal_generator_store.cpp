@@ -1,4 +1,6 @@
 #include "stores/normal_generator_store.h"
+#include "model/previews.h"
+#include "model/texture_asset.h"
 
 #include <utility>
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "model/normal_generator_settings.h"
+#include "model/previews.h"
+#include "model/texture_asset.h"
 #include "stores/tool_store.h"
 
 namespace quarlin {

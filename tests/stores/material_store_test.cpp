@@ -1,5 +1,10 @@
 #include "stores/material_store.h"
 
+#include "model/conversion_settings.h"
+#include "model/output_preview_kind.h"
+#include "model/output_resolution.h"
+#include "model/previews.h"
+#include "model/texture_slot_kind.h"
 #include "store_fixture.h"
 
 #include <QFile>

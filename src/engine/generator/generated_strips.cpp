@@ -1,6 +1,7 @@
 #include "engine/generator/generated_strips.h"
 
 #include "imaging/pixels/pixel_image.h"
+#include "model/normal_generator_settings.h"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,7 @@
 // What resampling does to single pixels, to gradients and to the edge of what is transparent.
 
+#include "engine/texture_processor.h"
+#include "imaging/pixels/pixel_image.h"
 #include "picture.h"
 #include "png_files.h"
 #include "rendering.h"
