@@ -1,4 +1,4 @@
-// Exports that fail on the disk, as the log tells them; for both stores.
+// What both stores log when an export fails on the disk.
 
 #include "limited_writing.h"
 #include "model/output_resolution.h"
