@@ -8,6 +8,7 @@
 #include "photograph.h"
 
 #include "imaging/pixels/image_view.h"
+#include "imaging/pixels/pixel_image.h"
 
 #include <QBuffer>
 

@@ -2,6 +2,7 @@
 // libpng or, with `quick`, by the engine.
 
 #include "engine/texture_processor.h"
+#include "imaging/pixels/pixel_image.h"
 #include "libpng_writer.h"
 #include "photograph.h"
 

@@ -3,8 +3,10 @@
 #include "engine/generator/generated_strips.h"
 #include "imaging/base/parallel.h"
 #include "imaging/base/row_strips.h"
+#include "imaging/pixels/pixel_image.h"
 #include "imaging/png/png_encoder.h"
 #include "measured.h"
+#include "model/normal_generator_settings.h"
 #include "photograph.h"
 
 namespace quarlin::bench {

@@ -2,7 +2,9 @@
 // per pixel.
 
 #include "engine/texture_processor.h"
+#include "imaging/pixels/pixel_image.h"
 #include "libpng_writer.h"
+#include "model/texture_asset.h"
 
 #include <QFile>
 

@@ -5,6 +5,7 @@
 #include "imaging/decode/plain_png_decoder.h"
 #include "imaging/decode/vips_decoder.h"
 #include "imaging/pixels/image_view.h"
+#include "imaging/pixels/pixel_image.h"
 #include "memory_fill.h"
 
 #include <QByteArray>

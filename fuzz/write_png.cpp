@@ -2,6 +2,7 @@
 
 #include "drawn_pixels.h"
 #include "expectation.h"
+#include "imaging/pixels/pixel_image.h"
 #include "imaging/png/png_encoder.h"
 
 #include <fuzzer/FuzzedDataProvider.h>

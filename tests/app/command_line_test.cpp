@@ -1,3 +1,4 @@
+#include "model/texture_slot_kind.h"
 #include "painted_textures.h"
 #include "ui/controls/segment.h"
 #include "ui/controls/slider.h"

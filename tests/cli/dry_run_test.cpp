@@ -2,6 +2,13 @@
 
 #include "cli/batch/planned_files.h"
 #include "engine/texture_processor.h"
+#include "model/conversion_settings.h"
+#include "model/export_result.h"
+#include "model/normal_generator_settings.h"
+#include "model/output_resolution.h"
+#include "model/texture_asset.h"
+#include "model/texture_map.h"
+#include "model/texture_slot_kind.h"
 
 #include <functional>
 

@@ -1,5 +1,9 @@
 #include "cli_test.h"
 #include "engine/texture_processor.h"
+#include "model/export_result.h"
+#include "model/normal_generator_settings.h"
+#include "model/output_resolution.h"
+#include "model/texture_asset.h"
 
 #include <QDir>
 

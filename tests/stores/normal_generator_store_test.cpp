@@ -1,5 +1,9 @@
 #include "stores/normal_generator_store.h"
 
+#include "model/normal_generator_settings.h"
+#include "model/normal_preview_kind.h"
+#include "model/output_resolution.h"
+#include "model/previews.h"
 #include "store_fixture.h"
 
 #include <QFile>

@@ -1,5 +1,6 @@
 #include "ui/panels/generator_settings_panel.h"
 
+#include "model/normal_generator_settings.h"
 #include "ui/controls/button.h"
 #include "ui/controls/segment.h"
 #include "ui/controls/slider.h"

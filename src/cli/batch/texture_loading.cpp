@@ -3,6 +3,9 @@
 #include "cli/commands/command_failure.h"
 #include "cli/local_file.h"
 #include "imaging/base/parallel.h"
+#include "model/texture_asset.h"
+#include "model/texture_map.h"
+#include "model/texture_slot_kind.h"
 
 #include <algorithm>
 #include <iterator>

@@ -4,7 +4,9 @@
 #include "cli/batch/texture_loading.h"
 #include "cli/commands/command_failure.h"
 #include "cli/local_file.h"
+#include "engine/texture_processor.h"
 #include "imaging/files/file_names.h"
+#include "model/texture_asset.h"
 
 #include <QFileInfo>
 #include <QSet>

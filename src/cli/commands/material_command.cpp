@@ -5,8 +5,11 @@
 #include "cli/commands/command_failure.h"
 #include "cli/local_file.h"
 #include "cli/options/usage_error.h"
+#include "engine/base/texture_processor_error.h"
+#include "engine/texture_processor.h"
 #include "imaging/files/file_names.h"
 #include "matching/texture_name.h"
+#include "model/texture_map.h"
 
 #include <QSet>
 

@@ -1,7 +1,9 @@
-#include "engine/documents/gltf_material.h"
-#include "engine/texture_processor.h"
+#include "engine/documents/documents.h"
 
+#include "engine/documents/gltf_material.h"
 #include "model/formatters.h"
+#include "model/texture_asset.h"
+#include "model/texture_slot_kind.h"
 
 namespace quarlin {
 
@@ -26,24 +28,22 @@ QString sourceLine(TextureSlotKind slot, const TextureMap& textures) {
 
 }  // namespace
 
-QByteArray TextureProcessor::makeGLTFData(const OutputNames& names, const ConversionSettings& settings,
-                                          bool hasNormal) {
+QByteArray makeGLTFData(const OutputNames& names, const ConversionSettings& settings, bool hasNormal) {
     return gltfMaterial({.materialName = settings.safeMaterialName(),
                          .baseColor = names.baseColor(),
                          .orm = names.orm(),
                          .normal = hasNormal ? std::optional(names.normal()) : std::nullopt});
 }
 
-QByteArray TextureProcessor::makeGeneratedGLTFData(const NormalOutputNames& names,
-                                                   const NormalGeneratorSettings& settings) {
+QByteArray makeGeneratedGLTFData(const NormalOutputNames& names, const NormalGeneratorSettings& settings) {
     return gltfMaterial({.materialName = settings.safeMaterialName(),
                          .baseColor = names.baseColor(),
                          .orm = names.orm(),
                          .normal = names.normal()});
 }
 
-QString TextureProcessor::makeNotes(const OutputNames& names, const ConversionSettings& settings,
-                                    const TextureMap& textures, bool hasNormal) {
+QString makeNotes(const OutputNames& names, const ConversionSettings& settings, const TextureMap& textures,
+                  bool hasNormal) {
     QStringList sources;
     for (const TextureSlotKind slot : allCases<TextureSlotKind>()) {
         sources += sourceLine(slot, textures);
@@ -79,9 +79,8 @@ QString TextureProcessor::makeNotes(const OutputNames& names, const ConversionSe
            "Most Second Life objects are non-metallic unless the surface is real bare metal."_s;
 }
 
-QString TextureProcessor::makeNormalNotes(const NormalOutputNames& names,
-                                          const NormalGeneratorSettings& settings,
-                                          const TextureAsset& source) {
+QString makeNormalNotes(const NormalOutputNames& names, const NormalGeneratorSettings& settings,
+                        const TextureAsset& source) {
     return u"VOREK TECH Quarlin - Generated PBR Map Set\n\nMaterial name:\n"_s + settings.safeMaterialName() +
            u"\n\nOutput files:\nBase Color: "_s + names.baseColor() + u"\nNormal map: "_s + names.normal() +
            u'\n' + fileLine(u"Height helper"_s, names.height(), settings.exportHeight) + u'\n' +

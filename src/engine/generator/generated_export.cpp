@@ -1,9 +1,18 @@
-#include "engine/export_folder.h"
+#include "engine/base/export_folder.h"
+#include "engine/base/output_size.h"
+#include "engine/base/rendered_texture.h"
+#include "engine/base/texture_processor_error.h"
+#include "engine/documents/documents.h"
+#include "engine/generator/generated_set.h"
 #include "engine/generator/generated_strips.h"
-#include "engine/rendered_texture.h"
-#include "engine/texture_processor.h"
 #include "imaging/base/parallel.h"
+#include "imaging/base/pixel_size.h"
+#include "imaging/pixels/pixel_image.h"
 #include "imaging/png/png_file.h"
+#include "model/export_result.h"
+#include "model/normal_generator_settings.h"
+#include "model/normal_output_names.h"
+#include "model/texture_asset.h"
 
 #include <functional>
 #include <vector>
@@ -64,15 +73,8 @@ void encodeMaps(const ImageView& source, const NormalOutputNames& names,
 
 }  // namespace
 
-NormalOutputs TextureProcessor::makeGeneratedNormalOutputs(const QUrl& sourceURL,
-                                                           const NormalGeneratorSettings& settings,
-                                                           std::int64_t width, std::int64_t height) const {
-    return generateOutputs(ImageView(renderFile(sourceURL, width, height)), settings);
-}
-
-ExportResult TextureProcessor::exportGeneratedNormalSet(const std::optional<TextureAsset>& source,
-                                                        const NormalGeneratorSettings& settings,
-                                                        const QUrl& parentDirectory) const {
+ExportResult exportGeneratedSet(const std::optional<TextureAsset>& source,
+                                const NormalGeneratorSettings& settings, const QUrl& parentDirectory) {
     if (!source) {
         throw TextureProcessorError::missingNormalSource();
     }

@@ -2,6 +2,7 @@
 
 #include "imaging/base/parallel.h"
 #include "imaging/pixels/pixel_image.h"
+#include "model/normal_generator_settings.h"
 
 #include <algorithm>
 #include <array>

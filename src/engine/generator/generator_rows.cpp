@@ -1,5 +1,7 @@
 #include "engine/generator/generator_rows.h"
 
+#include "engine/base/formulas.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -10,6 +12,7 @@
 #include <hwy/highway.h>
 
 #include "imaging/pixels/color_lanes-inl.h"
+#include "imaging/pixels/pixel_image.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace quarlin::HWY_NAMESPACE {
@@ -32,8 +35,9 @@ HWY_INLINE HWY_ATTR Integer byteFromSignedUnit(Double value) {
     return byteFromUnit(hn::Add(hn::Mul(value, number(0.5)), number(0.5)));
 }
 
-HWY_INLINE HWY_ATTR Double smoothStep(double edge0, double edge1, Double value) {
-    const Double t = clamped(hn::Div(hn::Sub(value, number(edge0)), number(edge1 - edge0)), 0.0, 1.0);
+HWY_INLINE HWY_ATTR Double smoothStep(formulas::StepEdges edges, Double value) {
+    const Double t =
+        clamped(hn::Div(hn::Sub(value, number(edges.edge0)), number(edges.edge1 - edges.edge0)), 0.0, 1.0);
     return hn::Mul(hn::Mul(t, t), hn::Sub(number(3.0), hn::Mul(number(2.0), t)));
 }
 
@@ -140,7 +144,7 @@ HWY_INLINE HWY_ATTR Integer normals(const double* above, const double* row, cons
     const Double y = hn::Neg(dy);
     const Double z = number(1.0);
     const Double length = hn::Sqrt(hn::Add(hn::Add(hn::Mul(x, x), hn::Mul(y, y)), hn::Mul(z, z)));
-    const Double divisor = hn::Max(number(0.0001), length);
+    const Double divisor = hn::Max(number(formulas::leastNormalLength), length);
     const Integer red = byteFromSignedUnit(hn::Div(x, divisor));
     const Integer green = byteFromSignedUnit(hn::Div(y, divisor));
     const Integer blue = byteFromSignedUnit(hn::Div(z, divisor));
@@ -156,7 +160,7 @@ HWY_INLINE HWY_ATTR Double localHeightContrast(const double* above, const double
             largest = hn::Max(largest, hn::Abs(hn::Sub(center, hn::LoadU(doubles, line + step))));
         }
     }
-    return clamped(hn::Mul(largest, number(6.0)), 0.0, 1.0);
+    return clamped(hn::Mul(largest, number(formulas::contrastGain)), 0.0, 1.0);
 }
 
 HWY_ATTR void mapRow(const std::uint8_t* pixels, const double* above, const double* row, const double* below,
@@ -178,15 +182,17 @@ HWY_ATTR void mapRow(const std::uint8_t* pixels, const double* above, const doub
                                                          hn::Div(hn::Sub(largest, smallest), largest));
             const Double light = luminance(color);
             const Double contrast = localHeightContrast(above + x, row + x, below + x);
-            const Double brightness = smoothStep(0.42, 0.92, light);
-            const Double cavity =
-                clamped(hn::Mul(hn::Sub(hn::LoadU(doubles, blurred + x), height), number(3.0)), 0.0, 1.0);
-            const Double smoothness =
-                clamped(hn::Add(hn::Mul(brightness, number(0.75)), hn::Mul(contrast, number(1.6))), 0.0, 1.0);
+            const Double brightness = smoothStep(formulas::brightnessEdges, light);
+            const Double cavity = clamped(
+                hn::Mul(hn::Sub(hn::LoadU(doubles, blurred + x), height), number(formulas::cavityGain)), 0.0,
+                1.0);
+            const Double smoothness = clamped(hn::Add(hn::Mul(brightness, number(formulas::brightnessWeight)),
+                                                      hn::Mul(contrast, number(formulas::contrastWeight))),
+                                              0.0, 1.0);
             const Double roughness =
                 clamped(hn::Sub(number(factors.high), hn::Mul(smoothness, number(factors.span))), factors.low,
                         factors.high);
-            const Double metalTone = smoothStep(0.18, 0.78, light);
+            const Double metalTone = smoothStep(formulas::metalEdges, light);
             const Double metallic = clamped(
                 hn::Mul(hn::Mul(hn::Sub(one, saturation), metalTone), number(factors.metallicStrength)), 0.0,
                 1.0);
@@ -236,15 +242,6 @@ namespace quarlin {
 HWY_EXPORT(heightRow);
 HWY_EXPORT(blurRow);
 HWY_EXPORT(mapRow);
-
-GeneratorFactors::GeneratorFactors(const NormalGeneratorSettings& settings)
-    : strength(std::max(0.05, settings.strength)),
-      flipGreen(settings.flipGreen),
-      low(std::min(settings.roughnessMin, settings.roughnessMax)),
-      high(std::max(settings.roughnessMin, settings.roughnessMax)),
-      span(std::max(0.02, high - low)),
-      metallicStrength(settings.metallicStrength),
-      aoStrength(settings.aoStrength) {}
 
 void heightRow(const std::uint8_t* pixels, std::int64_t width, bool inverted, double* heights) {
     HWY_DYNAMIC_DISPATCH(heightRow)(pixels, width, inverted, heights);

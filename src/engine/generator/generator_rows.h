@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/normal_generator_settings.h"
+#include "engine/base/generator_factors.h"
 
 #include <cstdint>
 #include <span>
@@ -8,7 +8,7 @@
 namespace quarlin {
 
 // The generator's arithmetic, a row at a time, in vectors of doubles. Every lane does what the plain
-// operations of `TextureProcessor` do for its pixel, operation by operation and in their order, so that the
+// operations of engine/reference do for its pixel, operation by operation and in their order, so that the
 // bytes are the same on every instruction set; the best one that the machine has is chosen at run time.
 //
 // A row of heights is padded: `row[-1]` repeats `row[0]`, `row[width]` repeats `row[width - 1]`, and
@@ -16,19 +16,6 @@ namespace quarlin {
 
 /// The elements that a row of heights needs to spare at either end.
 inline constexpr std::int64_t rowSlack = 64;
-
-/// Settings as the formulas use them.
-struct GeneratorFactors {
-    explicit GeneratorFactors(const NormalGeneratorSettings& settings);
-
-    double strength;
-    bool flipGreen;
-    double low;
-    double high;
-    double span;
-    double metallicStrength;
-    double aoStrength;
-};
 
 /// Where the maps of a row go: `width` bytes each, and `width * 4` for `normal` and `orm`.
 struct GeneratedRow {

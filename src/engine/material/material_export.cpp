@@ -1,7 +1,16 @@
-#include "engine/export_folder.h"
+#include "engine/base/export_folder.h"
+#include "engine/base/output_size.h"
+#include "engine/base/texture_processor_error.h"
+#include "engine/documents/documents.h"
 #include "engine/material/material_inputs.h"
-#include "engine/texture_processor.h"
+#include "engine/material/material_set.h"
+#include "imaging/base/pixel_size.h"
 #include "imaging/png/png_file.h"
+#include "model/conversion_settings.h"
+#include "model/export_result.h"
+#include "model/output_names.h"
+#include "model/texture_map.h"
+#include "model/texture_slot_kind.h"
 
 #include <exception>
 #include <vector>
@@ -38,9 +47,8 @@ void writeImages(const MaterialInputs& inputs, const ConversionSettings& setting
 
 }  // namespace
 
-ExportResult TextureProcessor::exportMaterialSet(const TextureMap& textures,
-                                                 const ConversionSettings& settings,
-                                                 const QUrl& parentDirectory) const {
+ExportResult exportMaterialSet(const TextureMap& textures, const ConversionSettings& settings,
+                               const QUrl& parentDirectory) {
     const auto base = textures.find(TextureSlotKind::baseColor);
     if (base == textures.end()) {
         throw TextureProcessorError::missingBaseColor();

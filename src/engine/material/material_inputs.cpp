@@ -1,8 +1,14 @@
 #include "engine/material/material_inputs.h"
 
+#include "engine/base/channels.h"
+#include "engine/base/rendered_texture.h"
+#include "engine/base/texture_processor_error.h"
+#include "engine/material/normal_conditioning.h"
 #include "engine/material/orm_packing.h"
-#include "engine/rendered_texture.h"
 #include "imaging/base/parallel.h"
+#include "imaging/pixels/pixel_image.h"
+#include "model/texture_asset.h"
+#include "model/texture_slot_kind.h"
 
 #include <algorithm>
 
@@ -35,7 +41,7 @@ RowSource ormRows(const MaterialInputs& inputs, const ConversionSettings& settin
     const auto channel = [&](TextureSlotKind slot, double defaultValue, bool inverted) {
         const QImage* texture = inputs.texture(slot);
         return OrmChannel{.pixels = texture != nullptr ? texture->constBits() : nullptr,
-                          .fallback = TextureProcessor::byteFromUnit(defaultValue),
+                          .fallback = byteFromUnit(defaultValue),
                           .inverted = inverted};
     };
     // A braced list is evaluated from left to right, which is the order in which failures are reported.
@@ -54,9 +60,9 @@ RowSource conditionedNormalRows(const QImage& normal, const ConversionSettings& 
     return [view = ImageView(normal), flip = settings.flipNormalGreen](RowRange rows, PixelBuffer& scratch) {
         PixelImage strip{view.width, rows.count, std::move(scratch)};
         strip.pixels.assign(view.row(rows.first), view.row(rows.end()));
-        TextureProcessor::normalizeAlpha(strip);
+        normalizeAlpha(strip);
         if (flip) {
-            TextureProcessor::flipGreenChannel(strip);
+            flipGreenChannel(strip);
         }
         scratch = std::move(strip.pixels);
         return scratch.data();

@@ -1,8 +1,11 @@
 #pragma once
 
-#include "engine/texture_processor.h"
 #include "imaging/base/outcome.h"
+#include "imaging/base/pixel_size.h"
 #include "imaging/png/png_file.h"
+#include "model/conversion_settings.h"
+#include "model/texture_map.h"
+#include "model/texture_slot_kind.h"
 
 #include <map>
 

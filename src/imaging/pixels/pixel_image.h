@@ -1,6 +1,6 @@
 #pragma once
 
-#include "imaging/base/image_size.h"
+#include "imaging/base/pixel_size.h"
 
 #include <cstddef>
 #include <cstdint>

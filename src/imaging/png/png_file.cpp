@@ -1,6 +1,6 @@
 #include "imaging/png/png_file.h"
 
-#include "engine/texture_processor_error.h"
+#include "engine/base/texture_processor_error.h"
 #include "imaging/base/parallel.h"
 #include "imaging/files/file_names.h"
 

@@ -1,6 +1,7 @@
 #include "ui/panels/generator_settings_panel.h"
 
 #include "model/formatters.h"
+#include "model/normal_generator_settings.h"
 #include "model/setting_range.h"
 #include "ui/controls/button.h"
 

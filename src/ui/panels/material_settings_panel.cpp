@@ -1,5 +1,6 @@
 #include "ui/panels/material_settings_panel.h"
 
+#include "model/conversion_settings.h"
 #include "ui/controls/button.h"
 
 namespace quarlin {

@@ -1,8 +1,13 @@
 #include "export_kind.h"
 
-#include "engine/texture_processor_error.h"
+#include "engine/base/texture_processor_error.h"
+#include "model/conversion_settings.h"
+#include "model/export_result.h"
+#include "model/normal_generator_settings.h"
 #include "model/normal_output_names.h"
 #include "model/output_names.h"
+#include "model/output_resolution.h"
+#include "model/texture_slot_kind.h"
 
 namespace quarlin {
 

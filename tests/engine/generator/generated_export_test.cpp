@@ -1,10 +1,22 @@
+#include "engine/base/generated_maps.h"
+#include "engine/base/texture_processor_error.h"
+#include "engine/reference/height_field.h"
+#include "engine/reference/normal_synthesis.h"
+#include "engine/reference/surface_maps.h"
+#include "engine/texture_processor.h"
 #include "engine_errors.h"
 #include "golden_text.h"
+#include "imaging/pixels/pixel_image.h"
+#include "independent_generator.h"
 #include "limited_writing.h"
+#include "model/export_result.h"
+#include "model/normal_generator_settings.h"
+#include "model/normal_output_names.h"
+#include "model/output_resolution.h"
+#include "model/texture_asset.h"
 #include "picture.h"
 #include "png_files.h"
 #include "png_inspection.h"
-#include "reference_generator.h"
 #include "rendering.h"
 #include "temporary_folder.h"
 
@@ -119,11 +131,11 @@ TEST_F(GeneratedExport, EveryImageAgreesWithASecondDerivation) {
         const Picture picture = noisePicture(one.width, one.height, one.seed, one.withAlpha);
         exported(load(picture));
 
-        const reference::Bytes source = premultiplied(picture);
-        const reference::Heights heights =
-            reference::heights(source, one.width, one.height, settings.invertHeight, settings.smoothing);
-        const reference::SurfaceMaps maps =
-            reference::surfaceMaps(source, heights, one.width, one.height, settings);
+        const independent::Bytes source = premultiplied(picture);
+        const independent::Heights heights =
+            independent::heights(source, one.width, one.height, settings.invertHeight, settings.smoothing);
+        const independent::SurfaceMaps maps =
+            independent::surfaceMaps(source, heights, one.width, one.height, settings);
         const auto written = [&](const char* name) {
             EXPECT_NO_THROW(inspectPng(readFile(output(name)))) << name;
             const Picture image = readPng(output(name));
@@ -133,9 +145,9 @@ TEST_F(GeneratedExport, EveryImageAgreesWithASecondDerivation) {
         };
         EXPECT_TRUE(sameBytes(source, written("Brick_basecolor.png")));
         EXPECT_TRUE(sameBytes(
-            reference::normalMap(heights, one.width, one.height, settings.strength, settings.flipGreen),
+            independent::normalMap(heights, one.width, one.height, settings.strength, settings.flipGreen),
             written("Brick_normal.png")));
-        EXPECT_TRUE(sameBytes(reference::heightMap(heights), written("Brick_height.png")));
+        EXPECT_TRUE(sameBytes(independent::heightMap(heights), written("Brick_height.png")));
         EXPECT_TRUE(sameBytes(maps.roughness, written("Brick_roughness.png")));
         EXPECT_TRUE(sameBytes(maps.gloss, written("Brick_gloss.png")));
         EXPECT_TRUE(sameBytes(maps.metallic, written("Brick_metallic.png")));
@@ -182,11 +194,11 @@ TEST_F(GeneratedExport, OutputsAgreeWithTheSingleOperations) {
         const NormalOutputs outputs =
             processor.makeGeneratedNormalOutputs(sourceFile, settings, width, height);
         const PixelImage source = processor.renderImage(sourceFile, width, height);
-        const HeightField heights = TextureProcessor::smoothedHeightValues(source, settings);
+        const reference::HeightField heights = reference::smoothedHeightValues(source, settings);
         EXPECT_EQ(outputs.source, source);
-        EXPECT_EQ(outputs.height, TextureProcessor::heightImage(heights, width, height));
-        EXPECT_EQ(outputs.normal, TextureProcessor::normalImage(heights, width, height, settings));
-        const GeneratedSurfaceMaps maps = TextureProcessor::generatedSurfaceMaps(source, heights, settings);
+        EXPECT_EQ(outputs.height, reference::heightImage(heights, width, height));
+        EXPECT_EQ(outputs.normal, reference::normalImage(heights, width, height, settings));
+        const GeneratedSurfaceMaps maps = reference::generatedSurfaceMaps(source, heights, settings);
         EXPECT_EQ(outputs.roughness, maps.roughness);
         EXPECT_EQ(outputs.gloss, maps.gloss);
         EXPECT_EQ(outputs.metallic, maps.metallic);

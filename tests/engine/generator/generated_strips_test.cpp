@@ -4,6 +4,12 @@
 #include "imaging/base/parallel.h"
 #include "byte_comparison.h"
 #include "each_instruction_set.h"
+#include "engine/base/generated_maps.h"
+#include "engine/reference/height_field.h"
+#include "engine/reference/normal_synthesis.h"
+#include "engine/reference/surface_maps.h"
+#include "imaging/pixels/pixel_image.h"
+#include "model/normal_generator_settings.h"
 #include "random_generator_input.h"
 
 #include <gtest/gtest.h>
@@ -14,11 +20,11 @@ namespace {
 
 /// Every map from the plain operations, one after the other.
 NormalOutputs plainOutputs(const PixelImage& source, const NormalGeneratorSettings& settings) {
-    const HeightField heights = TextureProcessor::smoothedHeightValues(source, settings);
-    GeneratedSurfaceMaps maps = TextureProcessor::generatedSurfaceMaps(source, heights, settings);
+    const reference::HeightField heights = reference::smoothedHeightValues(source, settings);
+    GeneratedSurfaceMaps maps = reference::generatedSurfaceMaps(source, heights, settings);
     return {.source = source,
-            .height = TextureProcessor::heightImage(heights, source.width, source.height),
-            .normal = TextureProcessor::normalImage(heights, source.width, source.height, settings),
+            .height = reference::heightImage(heights, source.width, source.height),
+            .normal = reference::normalImage(heights, source.width, source.height, settings),
             .roughness = std::move(maps.roughness),
             .gloss = std::move(maps.gloss),
             .metallic = std::move(maps.metallic),

@@ -1,7 +1,13 @@
 // What must hold of the generated maps for any image and any settings.
 
 #include "byte_comparison.h"
-#include "engine/texture_processor.h"
+#include "engine/base/channels.h"
+#include "engine/base/generated_maps.h"
+#include "engine/reference/height_field.h"
+#include "engine/reference/normal_synthesis.h"
+#include "engine/reference/surface_maps.h"
+#include "imaging/pixels/pixel_image.h"
+#include "model/normal_generator_settings.h"
 #include "picture.h"
 
 #include <gtest/gtest.h>
@@ -21,10 +27,10 @@ struct Maps {
 
 Maps mapsOf(const Picture& picture, const NormalGeneratorSettings& settings) {
     const PixelImage source = pixelImage(picture);
-    const HeightField heights = TextureProcessor::smoothedHeightValues(source, settings);
-    return {TextureProcessor::heightImage(heights, source.width, source.height),
-            TextureProcessor::normalImage(heights, source.width, source.height, settings),
-            TextureProcessor::generatedSurfaceMaps(source, heights, settings)};
+    const reference::HeightField heights = reference::smoothedHeightValues(source, settings);
+    return {reference::heightImage(heights, source.width, source.height),
+            reference::normalImage(heights, source.width, source.height, settings),
+            reference::generatedSurfaceMaps(source, heights, settings)};
 }
 
 Picture pictureOf(const PixelImage& image) {
@@ -134,8 +140,8 @@ TEST(GeneratorProperties, RoughnessStaysWithinItsBounds) {
         const auto [low, high] = std::minmax(settings.roughnessMin, settings.roughnessMax);
         const Maps maps = mapsOf(picture, settings);
         for (std::size_t index = 0; index < maps.surface.roughness.pixels.size(); index += 4) {
-            ASSERT_GE(maps.surface.roughness.pixels[index], TextureProcessor::byteFromUnit(low));
-            ASSERT_LE(maps.surface.roughness.pixels[index], TextureProcessor::byteFromUnit(high));
+            ASSERT_GE(maps.surface.roughness.pixels[index], byteFromUnit(low));
+            ASSERT_LE(maps.surface.roughness.pixels[index], byteFromUnit(high));
         }
     });
 }
@@ -154,8 +160,7 @@ TEST(GeneratorProperties, MetallicNeverExceedsItsStrength) {
     forAnyImage([](const Picture& picture, const NormalGeneratorSettings& settings) {
         const Maps maps = mapsOf(picture, settings);
         for (std::size_t index = 0; index < maps.surface.metallic.pixels.size(); index += 4) {
-            ASSERT_LE(maps.surface.metallic.pixels[index],
-                      TextureProcessor::byteFromUnit(settings.metallicStrength));
+            ASSERT_LE(maps.surface.metallic.pixels[index], byteFromUnit(settings.metallicStrength));
         }
     });
 }
@@ -164,8 +169,7 @@ TEST(GeneratorProperties, OcclusionNeverFallsBelowItsStrength) {
     forAnyImage([](const Picture& picture, const NormalGeneratorSettings& settings) {
         const Maps maps = mapsOf(picture, settings);
         for (std::size_t index = 0; index < maps.surface.occlusion.pixels.size(); index += 4) {
-            ASSERT_GE(maps.surface.occlusion.pixels[index],
-                      TextureProcessor::byteFromUnit(1 - settings.aoStrength));
+            ASSERT_GE(maps.surface.occlusion.pixels[index], byteFromUnit(1 - settings.aoStrength));
         }
     });
 }

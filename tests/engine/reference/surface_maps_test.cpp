@@ -1,5 +1,8 @@
+#include "engine/reference/surface_maps.h"
 #include "byte_comparison.h"
-#include "engine/texture_processor.h"
+#include "engine/base/generated_maps.h"
+#include "imaging/pixels/pixel_image.h"
+#include "model/normal_generator_settings.h"
 #include "picture.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +20,7 @@ std::uint8_t unitByte(double value) { return static_cast<std::uint8_t>(std::lrou
 /// The maps of a source with a height field of its own.
 GeneratedSurfaceMaps mapsOf(const Picture& source, const std::vector<double>& heights,
                             const NormalGeneratorSettings& settings = {}) {
-    return TextureProcessor::generatedSurfaceMaps(pixelImage(source), heights, settings);
+    return reference::generatedSurfaceMaps(pixelImage(source), heights, settings);
 }
 
 /// The maps of one color on level ground.
@@ -28,51 +31,51 @@ GeneratedSurfaceMaps mapsOf(Rgba color, const NormalGeneratorSettings& settings 
 Rgba gray(std::uint8_t value) { return {value, value, value, 255}; }
 
 TEST(SmoothStep, RunsFromZeroToOne) {
-    EXPECT_EQ(TextureProcessor::smoothStep(0.2, 0.6, 0.1), 0.0);
-    EXPECT_EQ(TextureProcessor::smoothStep(0.2, 0.6, 0.2), 0.0);
-    EXPECT_DOUBLE_EQ(TextureProcessor::smoothStep(0, 1, 0.5), 0.5);
-    EXPECT_DOUBLE_EQ(TextureProcessor::smoothStep(0, 1, 0.25), 0.15625);
-    EXPECT_EQ(TextureProcessor::smoothStep(0.2, 0.6, 0.6), 1.0);
-    EXPECT_EQ(TextureProcessor::smoothStep(0.2, 0.6, 7), 1.0);
+    EXPECT_EQ(reference::smoothStep(0.2, 0.6, 0.1), 0.0);
+    EXPECT_EQ(reference::smoothStep(0.2, 0.6, 0.2), 0.0);
+    EXPECT_DOUBLE_EQ(reference::smoothStep(0, 1, 0.5), 0.5);
+    EXPECT_DOUBLE_EQ(reference::smoothStep(0, 1, 0.25), 0.15625);
+    EXPECT_EQ(reference::smoothStep(0.2, 0.6, 0.6), 1.0);
+    EXPECT_EQ(reference::smoothStep(0.2, 0.6, 7), 1.0);
 }
 
 TEST(SmoothStep, HalfGrayIsBarelyBright) {
-    EXPECT_NEAR(TextureProcessor::smoothStep(0.42, 0.92, 0.5), 0.068608, 1e-15);
+    EXPECT_NEAR(reference::smoothStep(0.42, 0.92, 0.5), 0.068608, 1e-15);
 }
 
 TEST(SmoothStep, OfEqualEdgesIsAHardStep) {
-    EXPECT_EQ(TextureProcessor::smoothStep(0.5, 0.5, 0.5), 1.0);
-    EXPECT_EQ(TextureProcessor::smoothStep(0.5, 0.5, std::nextafter(0.5, 0.0)), 0.0);
-    EXPECT_EQ(TextureProcessor::smoothStep(0.5, 0.5, 2), 1.0);
+    EXPECT_EQ(reference::smoothStep(0.5, 0.5, 0.5), 1.0);
+    EXPECT_EQ(reference::smoothStep(0.5, 0.5, std::nextafter(0.5, 0.0)), 0.0);
+    EXPECT_EQ(reference::smoothStep(0.5, 0.5, 2), 1.0);
 }
 
 TEST(SmoothStep, OfCrossedEdgesRunsBackwards) {
-    EXPECT_EQ(TextureProcessor::smoothStep(0.6, 0.2, 0.1), 1.0);
-    EXPECT_EQ(TextureProcessor::smoothStep(0.6, 0.2, 0.7), 0.0);
+    EXPECT_EQ(reference::smoothStep(0.6, 0.2, 0.1), 1.0);
+    EXPECT_EQ(reference::smoothStep(0.6, 0.2, 0.7), 0.0);
 }
 
 TEST(LocalHeightContrast, IsSixTimesTheLargestDifferenceToANeighbor) {
     const std::vector<double> values{0.50, 0.52, 0.50, 0.50, 0.50, 0.45, 0.50, 0.50, 0.50};
-    EXPECT_EQ(TextureProcessor::localHeightContrast(values, 3, 3, 1, 1), (0.50 - 0.45) * 6.0);
-    EXPECT_EQ(TextureProcessor::localHeightContrast(values, 3, 3, 0, 0), (0.52 - 0.50) * 6.0);
-    EXPECT_EQ(TextureProcessor::localHeightContrast(values, 3, 3, 0, 2), 0.0);
+    EXPECT_EQ(reference::localHeightContrast(values, 3, 3, 1, 1), (0.50 - 0.45) * 6.0);
+    EXPECT_EQ(reference::localHeightContrast(values, 3, 3, 0, 0), (0.52 - 0.50) * 6.0);
+    EXPECT_EQ(reference::localHeightContrast(values, 3, 3, 0, 2), 0.0);
 }
 
 TEST(LocalHeightContrast, IsAtMostOne) {
     const std::vector<double> values{0, 1};
-    EXPECT_EQ(TextureProcessor::localHeightContrast(values, 2, 1, 0, 0), 1.0);
-    EXPECT_EQ(TextureProcessor::localHeightContrast(values, 1, 2, 0, 1), 1.0);
+    EXPECT_EQ(reference::localHeightContrast(values, 2, 1, 0, 0), 1.0);
+    EXPECT_EQ(reference::localHeightContrast(values, 1, 2, 0, 1), 1.0);
 }
 
 TEST(LocalHeightContrast, OfASinglePixelIsZero) {
     const std::vector<double> values{0.7};
-    EXPECT_EQ(TextureProcessor::localHeightContrast(values, 1, 1, 0, 0), 0.0);
+    EXPECT_EQ(reference::localHeightContrast(values, 1, 1, 0, 0), 0.0);
 }
 
 TEST(LocalHeightContrast, DoesNotWrapAround) {
     const std::vector<double> values{0.5, 0.5, 0.5, 0.9};
-    EXPECT_EQ(TextureProcessor::localHeightContrast(values, 4, 1, 0, 0), 0.0);
-    EXPECT_EQ(TextureProcessor::localHeightContrast(values, 1, 4, 0, 0), 0.0);
+    EXPECT_EQ(reference::localHeightContrast(values, 4, 1, 0, 0), 0.0);
+    EXPECT_EQ(reference::localHeightContrast(values, 1, 4, 0, 0), 0.0);
 }
 
 TEST(SurfaceMaps, HaveTheSourcesSizeAndAreOpaque) {
@@ -177,8 +180,8 @@ TEST(SurfaceMaps, SourceAlphaIsIgnored) {
     for (std::size_t index = 3; index < clear.pixels.size(); index += 4) {
         clear.pixels[index] = 128;
     }
-    EXPECT_EQ(TextureProcessor::generatedSurfaceMaps(opaque, heights, {}),
-              TextureProcessor::generatedSurfaceMaps(clear, heights, {}));
+    EXPECT_EQ(reference::generatedSurfaceMaps(opaque, heights, {}),
+              reference::generatedSurfaceMaps(clear, heights, {}));
 }
 
 TEST(SurfaceMaps, SwappedRoughnessBoundsAreAccepted) {

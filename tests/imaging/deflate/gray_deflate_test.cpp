@@ -2,6 +2,7 @@
 
 #include "imaging/deflate/gray_deflate.h"
 #include "byte_comparison.h"
+#include "imaging/pixels/pixel_image.h"
 #include "picture.h"
 #include "raw_inflate.h"
 

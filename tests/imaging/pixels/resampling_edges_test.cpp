@@ -1,5 +1,7 @@
 // Resampling of single pixels, of gradients and of the edges of transparent areas.
 
+#include "engine/texture_processor.h"
+#include "imaging/pixels/pixel_image.h"
 #include "picture.h"
 #include "png_files.h"
 #include "rendering.h"

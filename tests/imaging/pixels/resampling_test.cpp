@@ -1,3 +1,5 @@
+#include "engine/texture_processor.h"
+#include "imaging/pixels/pixel_image.h"
 #include "picture.h"
 #include "png_files.h"
 #include "rendering.h"

@@ -1,4 +1,5 @@
 #include "imaging/png/png_file.h"
+#include "engine/base/texture_processor_error.h"
 #include "engine_errors.h"
 #include "limited_writing.h"
 #include "picture.h"

@@ -8,9 +8,8 @@
 
 namespace quarlin {
 
-/// Makes the folder `name` in `parent`, with the folders above it that are missing, and returns its location.
-/// A folder that exists is used as it is, but for drafts that killed exports left long ago. Throws
-/// `FileSystemError`.
+/// Creates the folder `name` in `parent`, with any missing folders above it, and returns its location. In a
+/// folder that exists, only abandoned drafts of killed exports are removed. Throws `FileSystemError`.
 QUrl createExportFolder(const QUrl& parent, const QString& name);
 
 /// Writes a text file into the folder of `result`, whole or not at all, and adds its name there. Throws

@@ -1,6 +1,6 @@
-#include "engine/export_folder.h"
+#include "engine/base/export_folder.h"
 
-#include "engine/texture_processor_error.h"
+#include "engine/base/texture_processor_error.h"
 #include "imaging/files/atomic_file.h"
 #include "imaging/files/file_names.h"
 

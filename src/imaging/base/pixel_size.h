@@ -5,7 +5,7 @@
 
 namespace quarlin {
 
-/// The size of an image in pixels.
+/// Width and height in pixels.
 struct PixelSize {
     std::int64_t width = 0;
     std::int64_t height = 0;

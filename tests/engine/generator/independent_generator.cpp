@@ -1,10 +1,10 @@
-#include "reference_generator.h"
+#include "independent_generator.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 
-namespace quarlin::reference {
+namespace quarlin::independent {
 
 namespace {
 
@@ -195,4 +195,4 @@ Bytes packedOrm(const Bytes* occlusion, const Bytes* roughness, const Bytes* met
     return result;
 }
 
-}  // namespace quarlin::reference
+}  // namespace quarlin::independent

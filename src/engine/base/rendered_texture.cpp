@@ -1,6 +1,6 @@
-#include "engine/rendered_texture.h"
+#include "engine/base/rendered_texture.h"
 
-#include "engine/texture_processor_error.h"
+#include "engine/base/texture_processor_error.h"
 #include "imaging/decode/image_decoder.h"
 #include "imaging/files/file_bytes.h"
 #include "imaging/pixels/resample.h"

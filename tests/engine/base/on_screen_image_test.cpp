@@ -1,9 +1,13 @@
+#include "engine/base/texture_processor_error.h"
+#include "engine/texture_processor.h"
 #include "engine_errors.h"
+#include "imaging/pixels/pixel_image.h"
 #include "picture.h"
 #include "qstring_printing.h"
 #include "rendering.h"
 
 #include <gtest/gtest.h>
+#include <QImage>
 
 using namespace Qt::StringLiterals;
 

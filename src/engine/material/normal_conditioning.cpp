@@ -1,14 +1,14 @@
-#include "engine/texture_processor.h"
+#include "engine/material/normal_conditioning.h"
 
 namespace quarlin {
 
-void TextureProcessor::normalizeAlpha(PixelImage& image) {
+void normalizeAlpha(PixelImage& image) {
     for (std::size_t index = 3; index < image.pixels.size(); index += 4) {
         image.pixels[index] = 255;
     }
 }
 
-void TextureProcessor::flipGreenChannel(PixelImage& image) {
+void flipGreenChannel(PixelImage& image) {
     for (std::size_t index = 1; index < image.pixels.size(); index += 4) {
         image.pixels[index] = static_cast<std::uint8_t>(255 - image.pixels[index]);
     }

@@ -1,3 +1,4 @@
+#include "engine/base/texture_processor_error.h"
 #include "engine_errors.h"
 #include "qstring_printing.h"
 

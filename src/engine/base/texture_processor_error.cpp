@@ -1,4 +1,4 @@
-#include "engine/texture_processor_error.h"
+#include "engine/base/texture_processor_error.h"
 
 #include "imaging/files/file_names.h"
 

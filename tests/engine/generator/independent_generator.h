@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace quarlin::reference {
+namespace quarlin::independent {
 
 // The map generator derived a second time, straight from its formulas and with nothing of the engine: one
 // loop per formula, no sharing, no cleverness. The engine's results are compared with these byte for byte.
@@ -33,4 +33,4 @@ SurfaceMaps surfaceMaps(const Bytes& rgba, const Heights& heights, int width, in
 Bytes packedOrm(const Bytes* occlusion, const Bytes* roughness, const Bytes* metallic, std::size_t pixels,
                 double defaultOcclusion, double defaultRoughness, double defaultMetallic, bool gloss);
 
-}  // namespace quarlin::reference
+}  // namespace quarlin::independent

@@ -1,4 +1,7 @@
+#include "engine/base/texture_processor_error.h"
+#include "engine/texture_processor.h"
 #include "engine_errors.h"
+#include "imaging/pixels/pixel_image.h"
 #include "limited_writing.h"
 #include "picture.h"
 #include "png_files.h"

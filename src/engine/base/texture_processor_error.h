@@ -8,7 +8,7 @@
 
 namespace quarlin {
 
-/// A failure that the user is told of.
+/// A failure with a text for the user.
 class EngineError : public std::exception {
 public:
     /// The text for the user, naming files by their last path component.
@@ -16,7 +16,7 @@ public:
     const char* what() const noexcept override { return "Quarlin engine error"; }
 };
 
-/// What the engine itself can fail at.
+/// The failures of the engine's own operations.
 class TextureProcessorError : public EngineError {
 public:
     enum class Case {
@@ -55,7 +55,7 @@ private:
     QUrl m_file;
 };
 
-/// A failure of the file system that the engine passes on, such as an export folder that can't be created.
+/// A failure of the file system: an export folder that can't be created.
 class FileSystemError : public EngineError {
 public:
     FileSystemError(QUrl file, std::string reason) : m_file(std::move(file)), m_reason(std::move(reason)) {}

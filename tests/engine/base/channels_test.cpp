@@ -1,6 +1,12 @@
+#include "engine/base/channels.h"
 #include "byte_comparison.h"
-#include "engine/texture_processor.h"
-#include "reference_generator.h"
+#include "engine/base/output_size.h"
+#include "imaging/base/pixel_size.h"
+#include "imaging/pixels/pixel_image.h"
+#include "independent_generator.h"
+#include "model/conversion_settings.h"
+#include "model/output_resolution.h"
+#include "model/texture_asset.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +19,7 @@ namespace {
 
 std::uint8_t grayOf(fixtures::Rgba pixel, bool inverted = false) {
     const PixelImage image{1, 1, PixelBuffer(pixel.begin(), pixel.end())};
-    return TextureProcessor::grayscale(&image, 0, 77, inverted);
+    return grayscale(&image, 0, 77, inverted);
 }
 
 TextureAsset asset(std::int64_t width, std::int64_t height) {
@@ -53,21 +59,21 @@ TEST(Grayscale, IgnoresAlpha) {
 }
 
 TEST(Grayscale, TheFallbackIsNeverInverted) {
-    EXPECT_EQ(TextureProcessor::grayscale(nullptr, 0, 204, false), 204);
-    EXPECT_EQ(TextureProcessor::grayscale(nullptr, 0, 204, true), 204);
-    EXPECT_EQ(TextureProcessor::grayscale(nullptr, 4000, 3, true), 3);
+    EXPECT_EQ(grayscale(nullptr, 0, 204, false), 204);
+    EXPECT_EQ(grayscale(nullptr, 0, 204, true), 204);
+    EXPECT_EQ(grayscale(nullptr, 4000, 3, true), 3);
 }
 
 TEST(Grayscale, ReadsAtTheByteOffset) {
     const PixelImage image{2, 1, PixelBuffer{1, 1, 1, 255, 100, 100, 100, 255}};
-    EXPECT_EQ(TextureProcessor::grayscale(&image, 4, 0, false), 100);
-    EXPECT_EQ(TextureProcessor::grayscale(&image, 4, 0, true), 155);
+    EXPECT_EQ(grayscale(&image, 4, 0, false), 100);
+    EXPECT_EQ(grayscale(&image, 4, 0, true), 155);
 }
 
 TEST(Grayscale, AgreesWithASecondDerivationForEveryGray) {
     for (int gray = 0; gray < 256; ++gray) {
         const auto byte = static_cast<std::uint8_t>(gray);
-        EXPECT_EQ(grayOf({byte, byte, byte, 255}), reference::luminanceByte({byte, byte, byte, 255}, 0));
+        EXPECT_EQ(grayOf({byte, byte, byte, 255}), independent::luminanceByte({byte, byte, byte, 255}, 0));
     }
 }
 
@@ -78,7 +84,7 @@ TEST(Grayscale, AgreesWithASecondDerivationForAnyColor) {
         const fixtures::Rgba pixel{static_cast<std::uint8_t>(bits), static_cast<std::uint8_t>(bits >> 8),
                                    static_cast<std::uint8_t>(bits >> 16),
                                    static_cast<std::uint8_t>(bits >> 24)};
-        const int expected = reference::luminanceByte({pixel.begin(), pixel.end()}, 0);
+        const int expected = independent::luminanceByte({pixel.begin(), pixel.end()}, 0);
         ASSERT_EQ(grayOf(pixel), expected);
         ASSERT_EQ(grayOf(pixel, true), 255 - expected);
     }
@@ -86,35 +92,34 @@ TEST(Grayscale, AgreesWithASecondDerivationForAnyColor) {
 
 TEST(WriteGray, SetsOpaqueGrayAtTheOffsetOnly) {
     std::vector<std::uint8_t> pixels(12, 9);
-    TextureProcessor::writeGray(200, pixels, 4);
+    writeGray(200, pixels, 4);
     EXPECT_EQ(pixels, (std::vector<std::uint8_t>{9, 9, 9, 9, 200, 200, 200, 255, 9, 9, 9, 9}));
 }
 
 TEST(ResolvedOutputSize, AFixedResolutionIsAlwaysSquare) {
     ConversionSettings settings;
     settings.outputResolution = OutputResolution::px1024;
-    EXPECT_EQ(TextureProcessor::resolvedOutputSize(asset(2000, 1000), settings), (PixelSize{1024, 1024}));
+    EXPECT_EQ(resolvedOutputSize(asset(2000, 1000), settings), (PixelSize{1024, 1024}));
     settings.outputResolution = OutputResolution::px512;
-    EXPECT_EQ(TextureProcessor::resolvedOutputSize(asset(1, 9000), settings), (PixelSize{512, 512}));
+    EXPECT_EQ(resolvedOutputSize(asset(1, 9000), settings), (PixelSize{512, 512}));
     settings.outputResolution = OutputResolution::px2048;
-    EXPECT_EQ(TextureProcessor::resolvedOutputSize(asset(1, 1), settings), (PixelSize{2048, 2048}));
+    EXPECT_EQ(resolvedOutputSize(asset(1, 1), settings), (PixelSize{2048, 2048}));
     settings.outputResolution = OutputResolution::px4096;
-    EXPECT_EQ(TextureProcessor::resolvedOutputSize(asset(1, 1), settings), (PixelSize{4096, 4096}));
+    EXPECT_EQ(resolvedOutputSize(asset(1, 1), settings), (PixelSize{4096, 4096}));
 }
 
 TEST(ResolvedOutputSize, BaseSizeIsTheBaseTexturesOwn) {
     ConversionSettings settings;
     settings.outputResolution = OutputResolution::matchBase;
-    EXPECT_EQ(TextureProcessor::resolvedOutputSize(asset(2000, 1000), settings), (PixelSize{2000, 1000}));
-    EXPECT_EQ(TextureProcessor::resolvedOutputSize(asset(1, 1), settings), (PixelSize{1, 1}));
+    EXPECT_EQ(resolvedOutputSize(asset(2000, 1000), settings), (PixelSize{2000, 1000}));
+    EXPECT_EQ(resolvedOutputSize(asset(1, 1), settings), (PixelSize{1, 1}));
 }
 
 TEST(ResolvedOutputSize, IsTheSameRuleOnPlainNumbers) {
     for (const OutputResolution resolution : allCases<OutputResolution>()) {
         ConversionSettings settings;
         settings.outputResolution = resolution;
-        EXPECT_EQ(TextureProcessor::resolvedOutputSize(300, 200, resolution),
-                  TextureProcessor::resolvedOutputSize(asset(300, 200), settings));
+        EXPECT_EQ(resolvedOutputSize(300, 200, resolution), resolvedOutputSize(asset(300, 200), settings));
     }
 }
 
