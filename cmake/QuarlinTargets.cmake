@@ -8,6 +8,7 @@ target_compile_options(
             -Wextra
             -Wconversion
             -Wshadow
+            $<$<BOOL:${QUARLIN_WARNINGS_AS_ERRORS}>:-Werror>
             # The arithmetic is exact by contract: a product is rounded before it is added.
             -ffp-contract=off)
 target_compile_definitions(quarlin_flags INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
