@@ -15,6 +15,9 @@ class QUrl;
 
 namespace quarlin {
 
+enum class GeneratedMap;
+enum class MaterialImage;
+enum class TextureSlotKind;
 struct ConversionSettings;
 struct ExportResult;
 struct NormalGeneratorSettings;
@@ -23,13 +26,10 @@ struct NormalOutputs;
 struct OutputNames;
 struct PixelImage;
 struct TextureAsset;
-enum class NormalPreviewKind;
-enum class OutputPreviewKind;
-enum class TextureSlotKind;
 
 using TextureMap = std::map<TextureSlotKind, TextureAsset>;
-using OutputPreviews = std::map<OutputPreviewKind, QImage>;
-using NormalPreviews = std::map<NormalPreviewKind, QImage>;
+using OutputPreviews = std::map<MaterialImage, QImage>;
+using NormalPreviews = std::map<GeneratedMap, QImage>;
 
 /// The engine of both tools: image files in, pixels, maps and documents, files out.
 ///

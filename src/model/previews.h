@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/normal_preview_kind.h"
-#include "model/output_preview_kind.h"
+#include "model/generated_set.h"
+#include "model/material_set.h"
 
 #include <QImage>
 
@@ -10,7 +10,7 @@
 namespace quarlin {
 
 /// The images of the preview tiles that there are.
-using OutputPreviews = std::map<OutputPreviewKind, QImage>;
-using NormalPreviews = std::map<NormalPreviewKind, QImage>;
+using OutputPreviews = std::map<MaterialImage, QImage>;
+using NormalPreviews = std::map<GeneratedMap, QImage>;
 
 }  // namespace quarlin

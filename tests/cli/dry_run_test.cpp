@@ -106,13 +106,10 @@ TEST_F(PlannedFiles, AreThoseOfAMaterialSet) {
 }
 
 TEST_F(PlannedFiles, AreThoseOfAGeneratedSet) {
-    using Switch = bool NormalGeneratorSettings::*;
-    using S = NormalGeneratorSettings;
-    for (const Switch off : {&S::exportHeight, &S::exportRoughness, &S::exportGloss, &S::exportMetallic,
-                             &S::exportAO, &S::exportORM, &S::exportGLTF, &S::exportNotes}) {
+    for (const auto& file : fixtures::withSwitch(fixtures::generatedFiles())) {
         NormalGeneratorSettings settings;
         settings.outputResolution = OutputResolution::matchBase;
-        settings.*off = false;
+        settings.*file.isExported = false;
         EXPECT_EQ(plannedFiles(settings),
                   processor.exportGeneratedNormalSet(texture, settings, parent).files);
     }

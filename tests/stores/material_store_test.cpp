@@ -1,7 +1,7 @@
 #include "stores/material_store.h"
 
 #include "model/conversion_settings.h"
-#include "model/output_preview_kind.h"
+#include "model/material_set.h"
 #include "model/output_resolution.h"
 #include "model/previews.h"
 #include "model/texture_slot_kind.h"

@@ -1,6 +1,6 @@
 #include "model/conversion_settings.h"
-#include "model/normal_preview_kind.h"
-#include "model/output_preview_kind.h"
+#include "model/generated_set.h"
+#include "model/material_set.h"
 #include "model/output_resolution.h"
 #include "model/texture_slot_kind.h"
 #include "stores/material_store.h"

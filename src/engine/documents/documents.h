@@ -14,7 +14,7 @@ namespace quarlin {
 
 // The glTF 2.0 documents (UTF-8 JSON, keys in ascending order) and the notes of both sets.
 
-/// The glTF document of a material set; `hasNormal` says whether its normal map was exported.
+/// The glTF document of a material set; `hasNormal`: its normal map was exported.
 QByteArray makeGLTFData(const OutputNames& names, const ConversionSettings& settings, bool hasNormal);
 
 /// The notes of a material set.

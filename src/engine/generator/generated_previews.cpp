@@ -5,8 +5,8 @@
 #include "engine/generator/generated_set.h"
 #include "engine/generator/generated_strips.h"
 #include "imaging/base/pixel_size.h"
+#include "model/generated_set.h"
 #include "model/normal_generator_settings.h"
-#include "model/normal_preview_kind.h"
 #include "model/previews.h"
 #include "model/texture_asset.h"
 
@@ -21,14 +21,11 @@ NormalPreviews buildGeneratedPreviews(const std::optional<TextureAsset>& source,
         previewSize(resolvedOutputSize(source->pixelWidth, source->pixelHeight, settings.outputResolution));
     const QImage rendered = renderTexture(*source, size.width, size.height);
     const NormalOutputs outputs = generateOutputs(ImageView(rendered), settings);
-    return {{NormalPreviewKind::source, onScreenImage(outputs.source)},
-            {NormalPreviewKind::height, onScreenImage(outputs.height)},
-            {NormalPreviewKind::normal, onScreenImage(outputs.normal)},
-            {NormalPreviewKind::roughness, onScreenImage(outputs.roughness)},
-            {NormalPreviewKind::gloss, onScreenImage(outputs.gloss)},
-            {NormalPreviewKind::metallic, onScreenImage(outputs.metallic)},
-            {NormalPreviewKind::occlusion, onScreenImage(outputs.occlusion)},
-            {NormalPreviewKind::orm, onScreenImage(outputs.orm)}};
+    NormalPreviews previews;
+    for (const GeneratedMap map : allCases<GeneratedMap>()) {
+        previews.emplace(map, onScreenImage(outputs[map]));
+    }
+    return previews;
 }
 
 }  // namespace quarlin

@@ -11,7 +11,7 @@
 
 namespace quarlin {
 
-// What `TextureProcessor` does with the source of a generated set; it describes each operation.
+// The operations of `TextureProcessor` on the source of a generated set. They are described there.
 
 ExportResult exportGeneratedSet(const std::optional<TextureAsset>& source,
                                 const NormalGeneratorSettings& settings, const QUrl& parentDirectory);

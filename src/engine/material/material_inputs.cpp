@@ -44,7 +44,7 @@ RowSource ormRows(const MaterialInputs& inputs, const ConversionSettings& settin
                           .fallback = byteFromUnit(defaultValue),
                           .inverted = inverted};
     };
-    // A braced list is evaluated from left to right, which is the order in which failures are reported.
+    // A braced list is evaluated from left to right. That is the order in which failures are reported.
     const OrmChannels channels{
         channel(TextureSlotKind::occlusion, settings.defaultOcclusion, false),
         channel(TextureSlotKind::roughness, settings.defaultRoughness, settings.roughnessInputIsGloss),
@@ -67,6 +67,18 @@ RowSource conditionedNormalRows(const QImage& normal, const ConversionSettings& 
         scratch = std::move(strip.pixels);
         return scratch.data();
     };
+}
+
+RowSource imageRows(MaterialImage image, const MaterialInputs& inputs, const ConversionSettings& settings) {
+    switch (image) {
+        case MaterialImage::baseColor:
+            return rowsOf(ImageView(*inputs.texture(TextureSlotKind::baseColor)));
+        case MaterialImage::normal:
+            return conditionedNormalRows(*inputs.texture(TextureSlotKind::normal), settings);
+        case MaterialImage::orm:
+            break;
+    }
+    return ormRows(inputs, settings);
 }
 
 QImage imageOf(PixelSize size, const RowSource& rows) {

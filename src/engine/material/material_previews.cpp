@@ -4,7 +4,7 @@
 #include "engine/texture_processor.h"
 #include "imaging/base/pixel_size.h"
 #include "model/conversion_settings.h"
-#include "model/output_preview_kind.h"
+#include "model/material_set.h"
 #include "model/previews.h"
 #include "model/texture_asset.h"
 #include "model/texture_map.h"

@@ -10,7 +10,7 @@
 
 namespace quarlin {
 
-// What `TextureProcessor` does with the textures of a material; it describes each operation.
+// The operations of `TextureProcessor` on the textures of a material. They are described there.
 
 ExportResult exportMaterialSet(const TextureMap& textures, const ConversionSettings& settings,
                                const QUrl& parentDirectory);

@@ -18,9 +18,10 @@ GeneratedSurfaceMaps generatedSurfaceMaps(const PixelImage& source, std::span<co
     const HeightField blurred = boxBlur(heightValues, width, height);
     const GeneratorFactors factors(settings);
 
-    GeneratedSurfaceMaps maps{opaqueWhite(width, height), opaqueWhite(width, height),
-                              opaqueWhite(width, height), opaqueWhite(width, height),
-                              opaqueWhite(width, height)};
+    GeneratedSurfaceMaps maps;
+    for (const GeneratedMap map : surfaceMaps) {
+        maps[map] = opaqueWhite(width, height);
+    }
     for (std::int64_t y = 0; y < height; ++y) {
         for (std::int64_t x = 0; x < width; ++x) {
             const auto index = static_cast<std::size_t>(y * width + x);
@@ -51,13 +52,13 @@ GeneratedSurfaceMaps generatedSurfaceMaps(const PixelImage& source, std::span<co
             const std::uint8_t glossByte = byteFromUnit(gloss);
             const std::uint8_t metallicByte = byteFromUnit(metallic);
             const std::uint8_t occlusionByte = byteFromUnit(occlusion);
-            writeGray(roughnessByte, maps.roughness.pixels, offset);
-            writeGray(glossByte, maps.gloss.pixels, offset);
-            writeGray(metallicByte, maps.metallic.pixels, offset);
-            writeGray(occlusionByte, maps.occlusion.pixels, offset);
-            maps.orm.pixels[offset] = occlusionByte;
-            maps.orm.pixels[offset + 1] = roughnessByte;
-            maps.orm.pixels[offset + 2] = metallicByte;
+            writeGray(roughnessByte, maps[GeneratedMap::roughness].pixels, offset);
+            writeGray(glossByte, maps[GeneratedMap::gloss].pixels, offset);
+            writeGray(metallicByte, maps[GeneratedMap::metallic].pixels, offset);
+            writeGray(occlusionByte, maps[GeneratedMap::occlusion].pixels, offset);
+            maps[GeneratedMap::orm].pixels[offset] = occlusionByte;
+            maps[GeneratedMap::orm].pixels[offset + 1] = roughnessByte;
+            maps[GeneratedMap::orm].pixels[offset + 2] = metallicByte;
         }
     }
     return maps;

@@ -77,11 +77,18 @@ public:
     void commit(QStringList& written);
 
 private:
+    struct NamedFile {
+        NamedFile(const QString& fileName, std::int64_t width, std::int64_t height, const QUrl& url)
+            : name(fileName), png(width, height, url) {}
+
+        QString name;
+        PngFile png;
+    };
+
     QUrl m_folder;
     std::int64_t m_width;
     std::int64_t m_height;
-    QStringList m_names;
-    std::deque<PngFile> m_files;
+    std::deque<NamedFile> m_files;
 };
 
 }  // namespace quarlin

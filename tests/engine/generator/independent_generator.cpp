@@ -137,15 +137,18 @@ double smoothStep(double from, double to, double value) {
     return t * t * (3.0 - twice);
 }
 
-SurfaceMaps surfaceMaps(const Bytes& rgba, const Heights& heights, int width, int height,
-                        const NormalGeneratorSettings& settings) {
-    const Heights mean = blurred(heights, width, height);
+Maps maps(const Bytes& rgba, int width, int height, const NormalGeneratorSettings& settings) {
+    const Heights field = heights(rgba, width, height, settings.invertHeight, settings.smoothing);
+    const Heights mean = blurred(field, width, height);
     const bool inOrder = settings.roughnessMin <= settings.roughnessMax;
     const double low = inOrder ? settings.roughnessMin : settings.roughnessMax;
     const double high = inOrder ? settings.roughnessMax : settings.roughnessMin;
     const double span = high - low > 0.02 ? high - low : 0.02;
-    const Bytes blank(heights.size() * 4, 255);
-    SurfaceMaps maps{blank, blank, blank, blank, blank};
+    Maps maps;
+    maps.values.fill(Bytes(field.size() * 4, 255));
+    maps[GeneratedMap::source] = rgba;
+    maps[GeneratedMap::height] = heightMap(field);
+    maps[GeneratedMap::normal] = normalMap(field, width, height, settings.strength, settings.flipGreen);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
             const std::size_t pixel = at(width, x, y);
@@ -157,9 +160,9 @@ SurfaceMaps surfaceMaps(const Bytes& rgba, const Heights& heights, int width, in
             const double saturation = largest > 0 ? (largest - smallest) / largest : 0;
             const double luminance = weighted(red, green, blue);
             const double brightness = smoothStep(0.42, 0.92, luminance);
-            const double cavity = limited((mean[pixel] - heights[pixel]) * 3.0, 0, 1);
+            const double cavity = limited((mean[pixel] - field[pixel]) * 3.0, 0, 1);
             volatile const double fromBrightness = brightness * 0.75;
-            volatile const double fromDetail = contrast(heights, width, height, x, y) * 1.6;
+            volatile const double fromDetail = contrast(field, width, height, x, y) * 1.6;
             const double smoothness = limited(fromBrightness + fromDetail, 0, 1);
             volatile const double drop = smoothness * span;
             const double roughness = limited(high - drop, low, high);
@@ -168,13 +171,13 @@ SurfaceMaps surfaceMaps(const Bytes& rgba, const Heights& heights, int width, in
             volatile const double shade = cavity * settings.aoStrength;
             const double occlusion = limited(1.0 - shade, 0, 1);
 
-            setGray(maps.roughness, pixel, unitByte(roughness));
-            setGray(maps.gloss, pixel, unitByte(1.0 - roughness));
-            setGray(maps.metallic, pixel, unitByte(metallic));
-            setGray(maps.occlusion, pixel, unitByte(occlusion));
-            maps.orm[pixel * 4] = unitByte(occlusion);
-            maps.orm[pixel * 4 + 1] = unitByte(roughness);
-            maps.orm[pixel * 4 + 2] = unitByte(metallic);
+            setGray(maps[GeneratedMap::roughness], pixel, unitByte(roughness));
+            setGray(maps[GeneratedMap::gloss], pixel, unitByte(1.0 - roughness));
+            setGray(maps[GeneratedMap::metallic], pixel, unitByte(metallic));
+            setGray(maps[GeneratedMap::occlusion], pixel, unitByte(occlusion));
+            maps[GeneratedMap::orm][pixel * 4] = unitByte(occlusion);
+            maps[GeneratedMap::orm][pixel * 4 + 1] = unitByte(roughness);
+            maps[GeneratedMap::orm][pixel * 4 + 2] = unitByte(metallic);
         }
     }
     return maps;

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "model/normal_generator_settings.h"
+#include "model/generated_set.h"
+#include "model/per_case.h"
 
 #include <cstdint>
 #include <vector>
@@ -23,11 +24,9 @@ Bytes normalMap(const Heights& heights, int width, int height, double strength, 
 double contrast(const Heights& heights, int width, int height, int x, int y);
 double smoothStep(double from, double to, double value);
 
-struct SurfaceMaps {
-    Bytes roughness, gloss, metallic, occlusion, orm;
-};
-SurfaceMaps surfaceMaps(const Bytes& rgba, const Heights& heights, int width, int height,
-                        const NormalGeneratorSettings& settings);
+/// Every map of a set as RGBA.
+using Maps = PerCase<GeneratedMap, Bytes>;
+Maps maps(const Bytes& rgba, int width, int height, const NormalGeneratorSettings& settings);
 
 /// The packed map of three images (each null where its slot is empty) of one size, with defaults for those.
 Bytes packedOrm(const Bytes* occlusion, const Bytes* roughness, const Bytes* metallic, std::size_t pixels,

@@ -3,7 +3,7 @@
 #include "imaging/base/pixel_size.h"
 #include "independent_generator.h"
 #include "material_fixture.h"
-#include "model/output_preview_kind.h"
+#include "model/material_set.h"
 #include "model/output_resolution.h"
 #include "model/previews.h"
 #include "model/texture_slot_kind.h"
