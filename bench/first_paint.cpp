@@ -2,6 +2,7 @@
 // of a start.
 
 #include "app/vorek_quarlin_app.h"
+#include "ui/style/quarlin_style.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -32,7 +33,7 @@ private:
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    QApplication::setStyle(u"Fusion"_s);
+    QApplication::setStyle(new quarlin::QuarlinStyle);
     quarlin::VorekQuarlinApp program;
     FirstPaint firstPaint(program.window());
     QApplication::instance()->installEventFilter(&firstPaint);

@@ -2,7 +2,6 @@
 #include "ui/controls/segment.h"
 #include "ui/controls/slider.h"
 #include "ui/controls/stepper.h"
-#include "ui/controls/toggle.h"
 #include "window_fixture.h"
 
 #include <QDir>
@@ -45,7 +44,7 @@ protected:
         click(child<Button>(page(), u"export"_s));
     }
 
-    void toggle(const char* title) { click(withText<Toggle>(page(), QString::fromLatin1(title))); }
+    void toggle(const char* title) { click(withText<QCheckBox>(page(), QString::fromLatin1(title))); }
 
     void slideToEnd(const char* title) {
         for (Slider* slider : page().findChildren<Slider*>()) {

@@ -1,20 +1,20 @@
 #include "ui/controls/button.h"
-#include "ui/controls/overlay_scroll_bar.h"
 #include "ui/controls/picture_view.h"
 #include "ui/controls/segment.h"
 #include "ui/controls/segmented_picker.h"
 #include "ui/controls/slider.h"
 #include "ui/controls/slider_row.h"
 #include "ui/controls/stepper.h"
-#include "ui/controls/toggle.h"
 #include "ui/layout/adaptive_grid.h"
 #include "ui/layout/scroll_panel.h"
 #include "view_fixture.h"
 
 #include <QAccessible>
+#include <QCheckBox>
 #include <QPainter>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QStyleOptionSlider>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -37,42 +37,42 @@ protected:
 TEST_F(SliderTest, FollowsThePointerWithoutSteps) {
     QTest::mousePress(&slider, Qt::LeftButton, {}, at(0.5));
     QTest::mouseMove(&slider, at(0.5) + QPoint(37, 0));
-    const double first = slider.value();
+    const double first = slider.number();
     QTest::mouseMove(&slider, at(0.5) + QPoint(38, 0));
-    EXPECT_GT(slider.value(), first);
-    EXPECT_LT(slider.value() - first, 0.01);
+    EXPECT_GT(slider.number(), first);
+    EXPECT_LT(slider.number() - first, 0.01);
     QTest::mouseRelease(&slider, Qt::LeftButton, {}, at(0.5));
-    const double released = slider.value();
+    const double released = slider.number();
     QTest::mouseMove(&slider, at(0.1));
-    EXPECT_EQ(slider.value(), released);
+    EXPECT_EQ(slider.number(), released);
 }
 
 TEST_F(SliderTest, CannotLeaveItsRange) {
     QTest::mousePress(&slider, Qt::LeftButton, {}, at(0.5));
     QTest::mouseMove(&slider, QPoint(5000, 5));
-    EXPECT_EQ(slider.value(), 1.0);
+    EXPECT_EQ(slider.number(), 1.0);
     QTest::mouseMove(&slider, QPoint(-5000, 5));
-    EXPECT_EQ(slider.value(), 0.0);
+    EXPECT_EQ(slider.number(), 0.0);
     QTest::mouseRelease(&slider, Qt::LeftButton);
     press(slider, Qt::Key_Left);
-    EXPECT_EQ(slider.value(), 0.0);
+    EXPECT_EQ(slider.number(), 0.0);
     press(slider, Qt::Key_End);
     press(slider, Qt::Key_Up);
-    EXPECT_EQ(slider.value(), 1.0);
+    EXPECT_EQ(slider.number(), 1.0);
 }
 
 TEST_F(SliderTest, DoesNotJumpWhenItsKnobIsTakenAside) {
     row.setValue(0.5);
-    QTest::mousePress(&slider, Qt::LeftButton, {}, QPoint(qRound(slider.knobCenter()) + 5, 10));
-    EXPECT_EQ(slider.value(), 0.5);
+    QTest::mousePress(&slider, Qt::LeftButton, {}, slider.handle().center() + QPoint(5, 0));
+    EXPECT_EQ(slider.number(), 0.5);
     QTest::mouseRelease(&slider, Qt::LeftButton);
 }
 
 TEST_F(SliderTest, AlwaysShowsItsOwnValue) {
     for (const double value : {0.0, 0.123, 0.655, 1.0}) {
         row.setValue(value);
-        EXPECT_EQ(slider.value(), value);
-        EXPECT_EQ(row.valueLabel(), slider.valueText());
+        EXPECT_EQ(slider.number(), value);
+        EXPECT_EQ(row.valueLabel(), slider.numberText());
     }
     press(slider, Qt::Key_PageDown);
     EXPECT_EQ(row.valueLabel(), u"90%"_s);
@@ -90,18 +90,18 @@ TEST_F(SliderTest, AnnouncesTheUsersEditsOnly) {
 
 TEST_F(SliderTest, IsLeftAloneByTheOtherMouseButtonsAndTheWheel) {
     QTest::mouseClick(&slider, Qt::RightButton, {}, at(0.9));
-    EXPECT_EQ(slider.value(), 0.0);
+    EXPECT_EQ(slider.number(), 0.0);
     QWheelEvent wheel(at(0.5), at(0.5), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(&slider, &wheel);
-    EXPECT_EQ(slider.value(), 0.0);
+    EXPECT_EQ(slider.number(), 0.0);
 }
 
 TEST_F(SliderTest, RunsTheOtherWayInRightToLeftLayouts) {
     row.setLayoutDirection(Qt::RightToLeft);
     row.setValue(0.0);
-    EXPECT_GT(slider.knobCenter(), slider.width() / 2.0);
+    EXPECT_GT(slider.handle().center().x(), slider.width() / 2.0);
     press(slider, Qt::Key_Left);
-    EXPECT_GT(slider.value(), 0.0);
+    EXPECT_GT(slider.number(), 0.0);
 }
 
 TEST_F(SliderTest, TellsAssistiveTechnologyItsNameRoleAndValue) {
@@ -114,14 +114,14 @@ TEST_F(SliderTest, TellsAssistiveTechnologyItsNameRoleAndValue) {
     ASSERT_NE(accessible->valueInterface(), nullptr);
     EXPECT_EQ(accessible->valueInterface()->maximumValue().toDouble(), 1.0);
     accessible->valueInterface()->setCurrentValue(0.75);
-    EXPECT_EQ(slider.value(), 0.75);
+    EXPECT_EQ(slider.number(), 0.75);
     EXPECT_EQ(edits.size(), 1);
 }
 
 TEST(Stepper, TellsAssistiveTechnologyItsRoleAndValue) {
     Stepper stepper(0, 4);
     stepper.setAccessibleName(u"Smoothing"_s);
-    stepper.setValue(2);
+    stepper.showValue(2);
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&stepper);
     ASSERT_NE(accessible, nullptr);
     EXPECT_EQ(accessible->role(), QAccessible::SpinBox);
@@ -147,8 +147,8 @@ TEST(SegmentedPicker, HasOneChoiceAndTellsItsName) {
     EXPECT_EQ(picker.accessibleName(), u"Size"_s);
 }
 
-TEST(Toggle, TakesAClickAnywhereOnItsTitle) {
-    Toggle toggle(u"Write notes"_s);
+TEST(CheckBox, TakesAClickAnywhereOnItsTitle) {
+    QCheckBox toggle(u"Write notes"_s);
     toggle.resize(toggle.sizeHint());
     click(toggle, QPoint(toggle.width() - 4, 4));
     EXPECT_TRUE(toggle.isChecked());
@@ -168,7 +168,18 @@ class ScrollPanelTest : public testing::Test {
 protected:
     ViewWindow window{new ScrollPanel(0, {}), QSize(200, 100)};
     ScrollPanel& panel = static_cast<ScrollPanel&>(window.view());
-    OverlayScrollBar& bar = *panel.findChild<OverlayScrollBar*>();
+    QScrollBar& bar = *panel.overlayBar();
+
+    QRect handle() const {
+        QStyleOptionSlider option;
+        option.initFrom(&bar);
+        option.orientation = bar.orientation();
+        option.minimum = bar.minimum();
+        option.maximum = bar.maximum();
+        option.pageStep = bar.pageStep();
+        option.sliderPosition = bar.sliderPosition();
+        return bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, &bar);
+    }
 
     void setContentHeight(int height) {
         auto* content = new QWidget;
@@ -188,7 +199,7 @@ TEST_F(ScrollPanelTest, ShowsItsBarOnlyWhenThereIsSomethingToScroll) {
 
 TEST_F(ScrollPanelTest, ScrollsWithItsBar) {
     setContentHeight(400);
-    const QPoint grip = bar.handle().center().toPoint();
+    const QPoint grip = handle().center();
     QTest::mousePress(&bar, Qt::LeftButton, {}, grip);
     QTest::mouseMove(&bar, grip + QPoint(0, 500));
     QTest::mouseRelease(&bar, Qt::LeftButton, {}, grip);

@@ -21,7 +21,7 @@ protected:
     Button& exportButton = child<Button>(view, u"export"_s);
     StepperRow& smoothing = *view.findChild<StepperRow*>();
 
-    Toggle& toggle(const QString& title) const { return withText<Toggle>(view, title); }
+    QCheckBox& toggle(const QString& title) const { return withText<QCheckBox>(view, title); }
     SliderRow& row(const char* title) const {
         for (SliderRow* candidate : view.findChildren<SliderRow*>()) {
             if (candidate->slider()->accessibleName() == QString::fromLatin1(title)) {
@@ -54,7 +54,7 @@ TEST_F(GeneratorSettingsPanelTest, GroupsItsControlsInOrder) {
     EXPECT_EQ(groups, QStringList({QString(), u"Normal / Height"_s, u"Roughness / Gloss"_s, u"Metal / AO"_s,
                                    u"Files"_s}));
     QStringList toggles;
-    for (const Toggle* candidate : view.findChildren<Toggle*>()) {
+    for (const QCheckBox* candidate : view.findChildren<QCheckBox*>()) {
         toggles << candidate->text();
     }
     EXPECT_EQ(toggles,
@@ -165,7 +165,7 @@ TEST_F(GeneratorSettingsPanelTest, EnablesBothButtonsWithASource) {
 
 TEST_F(GeneratorSettingsPanelTest, LeavesTheButtonsEnabledWithEveryFileOff) {
     store.importSourceTexture(folder.texture(u"a.png"_s));
-    for (Toggle* candidate : view.findChildren<Toggle*>()) {
+    for (QCheckBox* candidate : view.findChildren<QCheckBox*>()) {
         if (candidate->isChecked()) {
             click(*candidate);
         }

@@ -17,7 +17,9 @@ protected:
     ViewWindow window{new MaterialSettingsPanel(store), QSize(440, 700)};
     QWidget& view = window.view();
 
-    Toggle& toggle(const char* title) const { return withText<Toggle>(view, QString::fromLatin1(title)); }
+    QCheckBox& toggle(const char* title) const {
+        return withText<QCheckBox>(view, QString::fromLatin1(title));
+    }
     NameField& name() const { return *view.findChild<NameField*>(); }
     Button& previewButton() const { return child<Button>(view, u"preview"_s); }
     Button& exportButton() const { return child<Button>(view, u"export"_s); }

@@ -1,5 +1,7 @@
 #include "test_application.h"
 
+#include "ui/style/quarlin_style.h"
+
 #include <QApplication>
 #include <QColor>
 #include <QFont>
@@ -54,7 +56,7 @@ int runTestsInApplication(int argc, char** argv) {
     qputenv("FONTCONFIG_FILE", QUARLIN_TEST_FONTS);
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QApplication application(argc, argv);
-    QApplication::setStyle(u"Fusion"_s);
+    QApplication::setStyle(new QuarlinStyle);
     QLocale::setDefault(QLocale::c());
     QFont font(u"DejaVu Sans"_s);
     font.setPixelSize(13);

@@ -16,7 +16,6 @@ public:
 
 protected:
     bool event(QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 };
 
 }  // namespace quarlin

@@ -5,11 +5,11 @@
 #include "ui/controls/segmented_picker.h"
 #include "ui/controls/slider_row.h"
 #include "ui/controls/stepper_row.h"
-#include "ui/controls/toggle.h"
 #include "ui/layout/group_box.h"
 #include "ui/layout/scroll_panel.h"
 #include "ui/panels/store_observer.h"
 
+#include <QCheckBox>
 #include <QVBoxLayout>
 
 #include <functional>
@@ -79,9 +79,10 @@ protected:
     }
 
     void addToggle(GroupBox& group, const QString& title, bool Settings::*field) {
-        auto* control = new Toggle(title);
-        group.rows()->addWidget(control);
-        bind(control, field, &Toggle::clicked, &Toggle::setChecked);
+        auto* control = new QCheckBox(title);
+        // Not stretched: a click behind the title does nothing.
+        group.rows()->addWidget(control, 0, Qt::AlignLeft);
+        bind(control, field, &QCheckBox::clicked, &QCheckBox::setChecked);
     }
 
     void addSlider(GroupBox& group, SliderRow* control, double Settings::*field) {
