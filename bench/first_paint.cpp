@@ -1,4 +1,4 @@
-// Starts the window and ends as soon as it has been painted once, so that the time this program takes is that
+// Starts the window and ends when it has been painted once, so that the running time of this program is that
 // of a start.
 
 #include "app/vorek_quarlin_app.h"
@@ -9,8 +9,6 @@
 
 #include <cstdlib>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class FirstPaint : public QObject {
@@ -19,7 +17,7 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (watched == &m_window && event->type() == QEvent::Paint) {
-            // What the window holds is painted and shown before control is back in the event loop.
+            // The contents of the window are painted before control is back in the event loop.
             QTimer::singleShot(0, [] { std::_Exit(0); });
         }
         return false;

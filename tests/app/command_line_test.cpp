@@ -14,7 +14,7 @@ using namespace quarlin::fixtures;
 
 namespace {
 
-/// What is in the files of a folder, by name.
+/// The contents of the files of a folder, by name.
 std::map<QString, QByteArray> contents(const QString& folder) {
     std::map<QString, QByteArray> files;
     for (const QFileInfo& info : QDir(folder).entryInfoList(QDir::Files)) {

@@ -262,7 +262,7 @@ TEST_F(MainWindowTest, IsWalkedThroughInReadingOrder) {
         press(*focused, Qt::Key_Tab);
     } while (QApplication::focusWidget() != first && places.size() < 60);
     ASSERT_GT(places.size(), 20);
-    // From the bar at the top to the tabs, and then down one column after the other.
+    // First the bar at the top and the tabs, then column after column, each from top to bottom.
     const auto column = [](const QRect& place) {
         return place.top() < 100 ? 0 : place.left() < 320 ? 1 : place.left() < 755 ? 2 : 3;
     };

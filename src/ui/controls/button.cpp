@@ -21,7 +21,7 @@ Button* Button::symbolOnly(const QString& symbol, const QString& help, QWidget* 
 
 void Button::initStyleOption(QStyleOptionButton* option) const {
     QPushButton::initStyleOption(option);
-    // Only the look of a dialog's default button: no key acts on it from elsewhere.
+    // Only the look of a dialog's default button, not its keys.
     option->features.setFlag(QStyleOptionButton::DefaultButton, m_style == ButtonStyle::prominent);
 }
 

@@ -5,7 +5,7 @@
 
 namespace quarlin {
 
-/// How a button stands out: as one of several actions, as the main one, or without a frame until it is
+/// How prominent a button is: one of several actions, the main one, or without a frame until it is
 /// pointed at.
 enum class ButtonStyle { bordered, prominent, borderless };
 

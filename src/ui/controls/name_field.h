@@ -11,7 +11,7 @@ class NameField : public QLineEdit {
 public:
     explicit NameField(QWidget* parent = nullptr);
 
-    /// Shows `name`. A name that is shown already leaves cursor, selection and undo history alone.
+    /// Shows `name`. If it is shown already, cursor, selection and undo history are kept.
     void showName(const QString& name);
 
 protected:

@@ -2,7 +2,7 @@
 
 #include "model/formatters.h"
 #include "ui/controls/slider.h"
-#include "ui/controls/text_label.h"
+#include "ui/display/text_label.h"
 
 #include <QHBoxLayout>
 

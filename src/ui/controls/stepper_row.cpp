@@ -1,7 +1,7 @@
 #include "ui/controls/stepper_row.h"
 
 #include "ui/controls/stepper.h"
-#include "ui/controls/text_label.h"
+#include "ui/display/text_label.h"
 
 #include <QHBoxLayout>
 

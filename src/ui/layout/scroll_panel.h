@@ -2,13 +2,13 @@
 
 #include <QScrollArea>
 
-class QScrollBar;
 class QVBoxLayout;
 
 namespace quarlin {
 
-/// A column of content that scrolls up and down, and is always as wide as the view of it. Its scroll bar is
-/// over the margin at the end of the rows, so that they are as wide with it as without.
+/// A column of content that scrolls up and down, and is always as wide as the view of it. Its scroll bar,
+/// which is visible while there is something to scroll, is over the margin at the end of the rows, so that
+/// they are as wide with it as without.
 class ScrollPanel : public QScrollArea {
     Q_OBJECT
 
@@ -19,19 +19,13 @@ public:
     /// Where the content goes, top to bottom.
     QVBoxLayout* rows() const { return m_rows; }
 
-    /// The scroll bar that the user sees. It is visible while there is something to scroll.
-    QScrollBar* overlayBar() const { return m_overlayBar; }
-
     QSize minimumSizeHint() const override;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    QScrollBar* makeOverlayBar();
-
     QVBoxLayout* m_rows;
-    QScrollBar* m_overlayBar;
 };
 
 }  // namespace quarlin

@@ -121,21 +121,26 @@ double knobPosition(const QStyleOptionSlider& option) {
     return option.upsideDown ? 1 - part : part;
 }
 
-/// The handle of a scroll bar along the bar: where it begins and how long it is.
-struct HandleSpan {
-    double start;
-    double length;
-};
+/// Turns a rectangle of a vertical scroll bar into that of a horizontal one, if `option` is one.
+template <typename Rectangle>
+Rectangle turned(const QStyleOptionSlider& option, const Rectangle& area) {
+    const Rectangle part = option.orientation == Qt::Vertical
+                               ? area
+                               : Rectangle(area.y(), area.x(), area.height(), area.width());
+    return part.translated(option.rect.topLeft());
+}
 
-HandleSpan scrollBarHandle(const QStyleOptionSlider& option) {
-    const int extent = option.orientation == Qt::Vertical ? option.rect.height() : option.rect.width();
-    const double track = extent - 2 * scrollBar::margin;
+/// The handle of a vertical scroll bar, over its whole width.
+QRectF scrollBarHandle(const QStyleOptionSlider& option) {
+    const QRect bar = turned(option, QRect(QPoint(), option.rect.size()));
+    using scrollBar::leastHandleLength;
+    const double track = bar.height() - 2 * scrollBar::margin;
     const double span = std::max(1, option.maximum - option.minimum);
-    const double length =
-        std::clamp(track * option.pageStep / (span + option.pageStep), scrollBar::leastHandleLength,
-                   std::max(scrollBar::leastHandleLength, track));
+    const double length = std::clamp(track * option.pageStep / (span + option.pageStep), leastHandleLength,
+                                     std::max(leastHandleLength, track));
     const double part = (option.sliderPosition - option.minimum) / span;
-    return {scrollBar::margin + (track - length) * (option.upsideDown ? 1 - part : part), length};
+    const double top = scrollBar::margin + (track - length) * (option.upsideDown ? 1 - part : part);
+    return {0.0, top, static_cast<double>(bar.width()), length};
 }
 
 int titleHeight(const QStyleOptionGroupBox& option) {
@@ -239,46 +244,35 @@ QRect sliderHandle(const QStyleOptionSlider& option) {
 }
 
 void paintScrollBar(QPainter& painter, const QStyleOptionSlider& option) {
-    using scrollBar::margin;
-    const QRectF area = option.rect;
-    const bool vertical = option.orientation == Qt::Vertical;
     const bool held =
         isSet(option, QStyle::State_Sunken) && option.activeSubControls.testFlag(QStyle::SC_ScrollBarSlider);
     const bool hovered = isSet(option, QStyle::State_MouseOver);
-    const double thickness = vertical ? area.width() : area.height();
-    const double breadth = held || hovered ? thickness - 2 * margin : scrollBar::restingThickness;
-    const HandleSpan span = scrollBarHandle(option);
-    const double edge = thickness - margin - breadth;
-    const QRectF handle = vertical
-                              ? QRectF(area.left() + edge, area.top() + span.start, breadth, span.length)
-                              : QRectF(area.left() + span.start, area.top() + edge, span.length, breadth);
+    QRectF handle = scrollBarHandle(option);
+    const double breadth =
+        held || hovered ? handle.width() - 2 * scrollBar::margin : scrollBar::restingThickness;
+    handle.setLeft(handle.right() - scrollBar::margin - breadth);
+    handle.setWidth(breadth);
     const double strength = held ? 0.7 : hovered ? 0.55 : 0.35;
-    paintSurface(painter, handle, breadth / 2, withOpacity(secondaryColor(option.palette), strength),
-                 Qt::transparent);
+    paintSurface(painter, turned(option, handle), breadth / 2,
+                 withOpacity(secondaryColor(option.palette), strength), Qt::transparent);
 }
 
 QRect scrollBarPart(const QStyleOptionSlider& option, QStyle::SubControl part) {
-    const bool vertical = option.orientation == Qt::Vertical;
-    const int extent = vertical ? option.rect.height() : option.rect.width();
-    // From `start` to `end` along the bar, over its whole thickness.
-    const auto stretch = [&](int start, int end) {
-        const QRect along = vertical ? QRect(0, start, option.rect.width(), end - start)
-                                     : QRect(start, 0, end - start, option.rect.height());
-        return along.translated(option.rect.topLeft());
-    };
-    const HandleSpan span = scrollBarHandle(option);
-    const int start = qRound(span.start);
-    const int end = start + qRound(span.length);
-    const bool beforeIsSub = !option.upsideDown;
+    const QRect bar = turned(option, QRect(QPoint(), option.rect.size()));
+    const QRect handle = scrollBarHandle(option).toRect();
+    const QRect before(0, 0, bar.width(), handle.top());
+    const QRect behind(0, handle.top() + handle.height(), bar.width(),
+                       bar.height() - handle.top() - handle.height());
+    constexpr int margin = static_cast<int>(scrollBar::margin);
     switch (part) {
         case QStyle::SC_ScrollBarSlider:
-            return stretch(start, end);
+            return turned(option, handle);
         case QStyle::SC_ScrollBarSubPage:
-            return beforeIsSub ? stretch(0, start) : stretch(end, extent);
+            return turned(option, option.upsideDown ? behind : before);
         case QStyle::SC_ScrollBarAddPage:
-            return beforeIsSub ? stretch(end, extent) : stretch(0, start);
+            return turned(option, option.upsideDown ? before : behind);
         case QStyle::SC_ScrollBarGroove:
-            return stretch(qRound(scrollBar::margin), extent - qRound(scrollBar::margin));
+            return turned(option, QRect(0, margin, bar.width(), bar.height() - 2 * margin));
         default:
             // There are no arrows at the ends.
             return {};
