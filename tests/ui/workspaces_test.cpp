@@ -1,3 +1,4 @@
+#include "model/texture_slot_kind.h"
 #include "stores/material_store.h"
 #include "stores/normal_generator_store.h"
 #include "ui/generator/generator_workspace.h"

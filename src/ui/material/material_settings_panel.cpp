@@ -1,5 +1,7 @@
 #include "ui/material/material_settings_panel.h"
 
+#include "model/material_set.h"
+
 namespace quarlin {
 
 using namespace Qt::StringLiterals;
@@ -21,8 +23,7 @@ MaterialSettingsPanel::MaterialSettingsPanel(MaterialStore& store, ToolActions& 
     addPercentage(*defaults, u"Metallic"_s, &ConversionSettings::defaultMetallic);
 
     GroupBox* exported = addGroup(u"Export"_s, 12);
-    addToggle(*exported, u"Write .gltf material"_s, &ConversionSettings::exportGLTF);
-    addToggle(*exported, u"Write notes"_s, &ConversionSettings::exportNotes);
+    addFileToggles<MaterialFile>(*exported);
     addActions(*exported, actions);
     closeColumn();
     showSettings();
