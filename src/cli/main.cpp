@@ -1,6 +1,6 @@
+#include "cli/base/standard_streams.h"
 #include "cli/batch/interruption.h"
 #include "cli/program.h"
-#include "cli/report/standard_streams.h"
 #include "imaging/base/strip_memory.h"
 
 #include <exception>

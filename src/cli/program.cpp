@@ -1,11 +1,12 @@
 #include "cli/program.h"
 
-#include "cli/commands/command_failure.h"
+#include "cli/base/print.h"
+#include "cli/base/program_name.h"
+#include "cli/base/standard_streams.h"
+#include "cli/batch/command_failure.h"
 #include "cli/commands/commands.h"
 #include "cli/options/option_parser.h"
 #include "cli/options/usage_error.h"
-#include "cli/report/print.h"
-#include "cli/report/standard_streams.h"
 #include "cli/shell/help_text.h"
 
 namespace quarlin {

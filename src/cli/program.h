@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/exit_status.h"
+#include "cli/base/exit_status.h"
 
 #include <QStringList>
 

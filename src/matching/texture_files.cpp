@@ -1,7 +1,5 @@
 #include "matching/texture_files.h"
 
-#include "cli/commands/command_failure.h"
-#include "cli/local_file.h"
 #include "imaging/files/file_names.h"
 #include "model/image_file_type.h"
 
@@ -21,8 +19,8 @@ namespace {
 using Entries = std::vector<std::filesystem::directory_entry>;
 
 [[noreturn]] void fail(const QString& what, const QString& folder, const QString& reason = {}) {
-    throw CommandFailure(u"Load"_s, what + u": "_s + lastPathComponent(QUrl::fromLocalFile(folder)) +
-                                        (reason.isEmpty() ? QString() : u" ("_s + reason + u')'));
+    throw TextureSearchError(what + u": "_s + lastPathComponent(QUrl::fromLocalFile(folder)) +
+                             (reason.isEmpty() ? QString() : u" ("_s + reason + u')'));
 }
 
 Entries entriesOf(const QString& folder) {
@@ -81,7 +79,7 @@ void collect(const QString& folder, const TextureSearch& search, std::vector<Tex
     if (search.depth == Depth::withSubfolders) {
         std::sort(below.begin(), below.end());
         for (const QString& path : below) {
-            if (path != localFile(search.output).toLocalFile()) {
+            if (path != search.output) {
                 collect(path, search, found);
             }
         }
@@ -90,11 +88,11 @@ void collect(const QString& folder, const TextureSearch& search, std::vector<Tex
 
 }  // namespace
 
-std::vector<TextureFolder> findTextures(const QString& path, const TextureSearch& search) {
+std::vector<TextureFolder> findTextures(const QString& folder, const TextureSearch& search) {
     std::vector<TextureFolder> found;
-    collect(localFile(path).toLocalFile(), search, found);
+    collect(folder, search, found);
     if (found.empty()) {
-        fail(u"No image files in folder"_s, path);
+        fail(u"No image files in folder"_s, folder);
     }
     return found;
 }

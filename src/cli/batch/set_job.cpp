@@ -1,6 +1,6 @@
 #include "cli/batch/set_job.h"
 
-#include "cli/local_file.h"
+#include "cli/base/local_file.h"
 #include "imaging/files/file_names.h"
 
 #include <QFileInfo>

@@ -1,9 +1,9 @@
 #include "cli/commands/check_command.h"
 
 #include "check/set_check.h"
-#include "cli/local_file.h"
+#include "cli/base/local_file.h"
+#include "cli/base/print.h"
 #include "cli/report/check_report.h"
-#include "cli/report/print.h"
 
 namespace quarlin {
 

@@ -1,10 +1,12 @@
 #include "cli/commands/export_command.h"
 
+#include "cli/base/local_file.h"
+#include "cli/base/print.h"
 #include "cli/batch/batch.h"
+#include "cli/batch/command_failure.h"
 #include "cli/batch/interruption.h"
-#include "cli/local_file.h"
 #include "cli/options/usage_error.h"
-#include "cli/report/print.h"
+#include "cli/report/batch_report.h"
 #include "cli/report/report.h"
 
 namespace quarlin {
@@ -67,14 +69,27 @@ ExitStatus ExportCommand::run() const {
         throw UsageError(u"--name is for one set, and here are "_s + QString::number(plan.sets.size()));
     }
     refuseCollisions(plan);
-    BatchReport report({.isJSON = m_reportsAsJSON, .isRehearsal = m_isDryRun});
-    return m_isDryRun ? rehearseSets(plan, report) : exportSets(plan, m_setsAtOnce, report);
+    BatchReport report({.isJSON = m_reportsAsJSON, .isDryRun = m_isDryRun});
+    report.begin(plan);
+    const auto addSet = [&](const SetJob& job, const SetOutcome& outcome) { report.addSet(job, outcome); };
+    if (m_isDryRun) {
+        dryRunSets(plan, addSet);
+    } else {
+        exportSets(plan, m_setsAtOnce, addSet);
+    }
+    return report.end();
 }
 
 QUrl ExportCommand::parentDirectory() const { return localFile(m_output); }
 
-TextureSearch ExportCommand::search() const {
-    return {m_isRecursive ? Depth::withSubfolders : Depth::folderAlone, m_output};
+std::vector<TextureFolder> ExportCommand::textureFolders(const QString& path, BatchPlan& plan) const {
+    const Depth depth = m_isRecursive ? Depth::withSubfolders : Depth::folderAlone;
+    try {
+        return findTextures(localFile(path).toLocalFile(), {depth, parentDirectory().toLocalFile()});
+    } catch (const TextureSearchError& error) {
+        plan.sets.push_back(refusedJob(path, CommandFailure(u"Load"_s, error.reason()).message()));
+        return {};
+    }
 }
 
 }  // namespace quarlin

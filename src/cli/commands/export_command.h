@@ -8,6 +8,7 @@
 #include <QUrl>
 
 #include <optional>
+#include <vector>
 
 namespace quarlin {
 
@@ -36,8 +37,9 @@ protected:
     QString materialName(const QString& fallback) const { return m_name.value_or(fallback); }
     /// The folder that is to receive the sets' folders, as an absolute location.
     QUrl parentDirectory() const;
-    /// How folders are searched.
-    TextureSearch search() const;
+    /// The folders with images at `path`, as typed. If it can't be searched, `plan` gets a refused set
+    /// instead.
+    std::vector<TextureFolder> textureFolders(const QString& path, BatchPlan& plan) const;
 
 private:
     std::optional<QString> m_name;
@@ -45,7 +47,7 @@ private:
     bool m_isRecursive = false;
     bool m_isDryRun = false;
     bool m_reportsAsJSON = false;
-    int m_setsAtOnce = usualSetsAtOnce;
+    int m_setsAtOnce = defaultSetsAtOnce;
 };
 
 }  // namespace quarlin

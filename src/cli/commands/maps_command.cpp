@@ -1,9 +1,9 @@
 #include "cli/commands/maps_command.h"
 
+#include "cli/base/local_file.h"
+#include "cli/batch/command_failure.h"
 #include "cli/batch/planned_files.h"
 #include "cli/batch/texture_loading.h"
-#include "cli/commands/command_failure.h"
-#include "cli/local_file.h"
 #include "imaging/files/file_names.h"
 
 #include <QFileInfo>
@@ -79,14 +79,10 @@ BatchPlan MapsCommand::severalSets() const {
             add(source);
             continue;
         }
-        try {
-            for (const TextureFolder& folder : findTextures(source, search())) {
-                for (const QString& file : folder.files) {
-                    add(file);
-                }
+        for (const TextureFolder& folder : textureFolders(source, plan)) {
+            for (const QString& file : folder.files) {
+                add(file);
             }
-        } catch (const CommandFailure& failure) {
-            plan.sets.push_back(refusedJob(source, failure.message()));
         }
     }
     return plan;

@@ -1,9 +1,9 @@
 #include "cli/commands/material_command.h"
 
+#include "cli/base/local_file.h"
+#include "cli/batch/command_failure.h"
 #include "cli/batch/planned_files.h"
 #include "cli/batch/texture_loading.h"
-#include "cli/commands/command_failure.h"
-#include "cli/local_file.h"
 #include "cli/options/usage_error.h"
 #include "imaging/files/file_names.h"
 #include "matching/texture_name.h"
@@ -108,20 +108,16 @@ BatchPlan MaterialCommand::severalSets() const {
     BatchPlan plan;
     QSet<QString> known;
     for (const QString& path : m_folders) {
-        try {
-            for (const TextureFolder& folder : findTextures(path, search())) {
-                if (known.contains(folder.path)) {
-                    continue;
-                }
-                known.insert(folder.path);
-                const MatchedTextures matched = matchTextures(folder);
-                plan.leftOut.insert(plan.leftOut.end(), matched.leftOut.begin(), matched.leftOut.end());
-                for (const TextureSet& set : matched.sets) {
-                    plan.sets.push_back(jobFor(set));
-                }
+        for (const TextureFolder& folder : textureFolders(path, plan)) {
+            if (known.contains(folder.path)) {
+                continue;
             }
-        } catch (const CommandFailure& failure) {
-            plan.sets.push_back(refusedJob(path, failure.message()));
+            known.insert(folder.path);
+            const MatchedTextures matched = matchTextures(folder);
+            plan.leftOut.insert(plan.leftOut.end(), matched.leftOut.begin(), matched.leftOut.end());
+            for (const TextureSet& set : matched.sets) {
+                plan.sets.push_back(jobFor(set));
+            }
         }
     }
     return plan;

@@ -1,7 +1,7 @@
 #include "cli/report/batch_report.h"
 
-#include "cli/report/print.h"
-#include "cli/report/standard_streams.h"
+#include "cli/base/print.h"
+#include "cli/base/standard_streams.h"
 
 namespace quarlin {
 
@@ -14,7 +14,7 @@ void BatchReport::begin(const BatchPlan& plan) {
             tell({}, leftOutText(file));
         }
     }
-    if (!m_form.isRehearsal) {
+    if (!m_form.isDryRun) {
         m_progress.emplace(static_cast<int>(plan.sets.size()));
         m_progress->show(0, {});
     }
@@ -35,7 +35,7 @@ void BatchReport::addSet(const SetJob& job, const SetOutcome& outcome) {
 ExitStatus BatchReport::end() {
     m_progress.reset();
     const ExitStatus printed =
-        print(m_form.isJSON ? summaryLine(m_counts) : summaryText(m_counts, m_form.isRehearsal));
+        print(m_form.isJSON ? summaryLine(m_counts) : summaryText(m_counts, m_form.isDryRun));
     if (printed != ExitStatus::done || !m_isWritten) {
         return ExitStatus::workFailed;
     }

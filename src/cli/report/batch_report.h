@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/exit_status.h"
+#include "cli/base/exit_status.h"
 #include "cli/report/batch_text.h"
 #include "cli/report/progress_bar.h"
 
@@ -13,7 +13,7 @@ struct ReportForm {
     /// Lines of JSON, all on the standard output. Otherwise text, and what went wrong on the standard error.
     bool isJSON = false;
     /// Nothing is really done, and no progress is shown.
-    bool isRehearsal = false;
+    bool isDryRun = false;
 };
 
 /// Tells of every set of a run and of the files that went into none, sums up at the end, and in between draws

@@ -124,9 +124,9 @@ int BatchCounts::all() const {
     return sum;
 }
 
-QString summaryText(const BatchCounts& counts, bool isRehearsal) {
-    QString text = isRehearsal ? counted(counts.of(SetStatus::planned), u"set"_s) + u" to export"_s
-                               : counted(counts.of(SetStatus::exported), u"set"_s) + u" exported"_s;
+QString summaryText(const BatchCounts& counts, bool isDryRun) {
+    QString text = isDryRun ? counted(counts.of(SetStatus::planned), u"set"_s) + u" to export"_s
+                            : counted(counts.of(SetStatus::exported), u"set"_s) + u" exported"_s;
     if (const int failed = counts.of(SetStatus::failed); failed > 0) {
         text += u", "_s + QString::number(failed) + u" failed"_s;
     }

@@ -30,8 +30,8 @@ struct BatchCounts {
     int all() const;
 };
 
-/// `isRehearsal`: the sets are only to be exported.
-QString summaryText(const BatchCounts& counts, bool isRehearsal);
+/// `isDryRun`: the sets are only to be exported.
+QString summaryText(const BatchCounts& counts, bool isDryRun);
 QString summaryLine(const BatchCounts& counts);
 
 }  // namespace quarlin

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "check/finding.h"
-#include "cli/exit_status.h"
+#include "cli/base/exit_status.h"
 
 #include <map>
 

@@ -1,6 +1,6 @@
 #include "cli/report/progress_bar.h"
 
-#include "cli/report/standard_streams.h"
+#include "cli/base/standard_streams.h"
 
 #include <algorithm>
 

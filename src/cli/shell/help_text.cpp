@@ -1,5 +1,7 @@
 #include "cli/shell/help_text.h"
 
+#include "cli/base/program_name.h"
+
 #include <algorithm>
 
 namespace quarlin {
@@ -65,8 +67,6 @@ QString commandUsage(Command& command) {
     }
     return usage + u" [OPTION...]"_s;
 }
-
-QString programName() { return u"quarlin-cli"_s; }
 
 QString programHelp(std::span<Command* const> commands) {
     QString text = u"Usage: "_s + programName() + u" COMMAND [OPTION...]\n\nCommands:\n"_s;

@@ -8,9 +8,6 @@
 
 namespace quarlin {
 
-/// The name by which the program is called.
-QString programName();
-
 /// An option with its value, as it is typed.
 QString optionUsage(const CommandOption& option);
 

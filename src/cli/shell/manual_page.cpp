@@ -1,5 +1,6 @@
 #include "cli/shell/manual_page.h"
 
+#include "cli/base/program_name.h"
 #include "cli/shell/help_text.h"
 
 namespace quarlin {

@@ -1,6 +1,6 @@
 #include "cli/shell/shell_completion.h"
 
-#include "cli/shell/help_text.h"
+#include "cli/base/program_name.h"
 
 #include <optional>
 

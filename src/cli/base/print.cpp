@@ -1,7 +1,7 @@
-#include "cli/report/print.h"
+#include "cli/base/print.h"
 
-#include "cli/report/standard_streams.h"
-#include "cli/shell/help_text.h"
+#include "cli/base/program_name.h"
+#include "cli/base/standard_streams.h"
 
 namespace quarlin {
 

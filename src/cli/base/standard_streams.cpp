@@ -1,4 +1,4 @@
-#include "cli/report/standard_streams.h"
+#include "cli/base/standard_streams.h"
 
 #include <QByteArray>
 
