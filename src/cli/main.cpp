@@ -20,10 +20,10 @@ int main(int argumentCount, char* arguments[]) {
     try {
         const ExitStatus status = runProgram(words);
         endIfInterrupted();
-        return status;
+        return number(status);
     } catch (const std::exception& error) {
         // Not foreseen: memory that has run out, above all.
         writeToStandardError(u"quarlin-cli: "_s + QString::fromLocal8Bit(error.what()) + u'\n');
-        return ExitStatus::workFailed;
+        return number(ExitStatus::failed);
     }
 }

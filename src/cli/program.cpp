@@ -17,7 +17,7 @@ namespace {
 
 ExitStatus fail(const QString& message) {
     writeToStandardError(message + u'\n');
-    return ExitStatus::workFailed;
+    return ExitStatus::failed;
 }
 
 /// `helpOf` is the word of the command whose help is to be read, if one was found.
@@ -25,7 +25,7 @@ ExitStatus reject(const UsageError& error, const QString& helpOf) {
     const QString program = helpOf.isEmpty() ? programName() : programName() + u' ' + helpOf;
     writeToStandardError(programName() + u": "_s + error.message() + u"\nTry '"_s + program +
                          u" --help'.\n"_s);
-    return ExitStatus::wordsAreOff;
+    return ExitStatus::usageError;
 }
 
 ExitStatus runCommand(Command& command, const QStringList& words) {

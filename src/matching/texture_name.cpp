@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <vector>
 
 namespace quarlin {
@@ -53,15 +54,14 @@ std::vector<Word> wordsOf(const QString& name) {
     return words;
 }
 
-bool isPowerOfTwo(int value) { return value > 0 && (value & (value - 1)) == 0; }
-
 bool isResolution(const QString& word) {
     static const QRegularExpression shape(u"^([0-9]{1,2}k|[0-9]{2,5}x[0-9]{2,5})$"_s,
                                           QRegularExpression::CaseInsensitiveOption);
     constexpr int smallest = 64;
     bool isNumber = false;
     const int pixels = word.toInt(&isNumber);
-    return (isNumber && pixels >= smallest && isPowerOfTwo(pixels)) || shape.match(word).hasMatch();
+    return (isNumber && pixels >= smallest && std::has_single_bit(static_cast<unsigned>(pixels))) ||
+           shape.match(word).hasMatch();
 }
 
 /// Whether the word says something of the file, and nothing of what it holds.

@@ -3,14 +3,19 @@
 namespace quarlin {
 
 /// What the program ends with.
-enum ExitStatus : int {
+enum class ExitStatus : int {
     done = 0,
-    /// The words were right, but nothing of the work succeeded.
-    workFailed = 1,
-    /// The words of the command line are off.
-    wordsAreOff = 2,
-    /// Some of the work succeeded, some did not.
-    someFailed = 3,
+    /// The arguments were valid, but nothing was exported, or the check found errors.
+    failed = 1,
+    /// The arguments are invalid; nothing was read or written.
+    usageError = 2,
+    /// Some sets were exported, others failed.
+    someSetsFailed = 3,
+    /// The check found warnings, but no errors.
+    onlyWarnings = 3,
 };
+
+/// The number that the shell gets.
+constexpr int number(ExitStatus status) { return static_cast<int>(status); }
 
 }  // namespace quarlin

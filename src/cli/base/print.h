@@ -7,7 +7,7 @@
 namespace quarlin {
 
 /// Writes the result of a command to the standard output. Says so on the standard error, and gives
-/// `workFailed`, where that fails.
+/// `failed`, where that fails.
 ExitStatus print(const QString& text);
 
 }  // namespace quarlin

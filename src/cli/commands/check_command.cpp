@@ -42,9 +42,9 @@ CommandOptions CheckCommand::options() {
 
 std::vector<ExitMeaning> CheckCommand::exitMeanings() const {
     return {{ExitStatus::done, u"nothing worse than a note was found"_s},
-            {ExitStatus::workFailed, u"there are errors"_s},
-            {ExitStatus::wordsAreOff, u"the command line is off; nothing was checked"_s},
-            {ExitStatus::someFailed, u"there are warnings, but no errors"_s}};
+            {ExitStatus::failed, u"there are errors"_s},
+            {ExitStatus::usageError, u"the command line is off; nothing was checked"_s},
+            {ExitStatus::onlyWarnings, u"there are warnings, but no errors"_s}};
 }
 
 ExitStatus CheckCommand::run() const {
@@ -56,7 +56,7 @@ ExitStatus CheckCommand::run() const {
             counts[severity] += count;
         }
         if (print(m_reportsAsJSON ? folderLine(folder) : folderText(folder)) != ExitStatus::done) {
-            return ExitStatus::workFailed;
+            return ExitStatus::failed;
         }
     }
     const int folders = static_cast<int>(m_folders.size());

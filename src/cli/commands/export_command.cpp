@@ -52,9 +52,9 @@ CommandOptions ExportCommand::options() {
 
 std::vector<ExitMeaning> ExportCommand::exitMeanings() const {
     return {{ExitStatus::done, u"every set was exported"_s},
-            {ExitStatus::workFailed, u"no set was exported"_s},
-            {ExitStatus::wordsAreOff, u"the command line is off; nothing was done"_s},
-            {ExitStatus::someFailed, u"some sets were exported, others failed"_s}};
+            {ExitStatus::failed, u"no set was exported"_s},
+            {ExitStatus::usageError, u"the command line is off; nothing was done"_s},
+            {ExitStatus::someSetsFailed, u"some sets were exported, others failed"_s}};
 }
 
 ExitStatus ExportCommand::run() const {

@@ -37,13 +37,13 @@ ExitStatus BatchReport::end() {
     const ExitStatus printed =
         print(m_form.isJSON ? summaryLine(m_counts) : summaryText(m_counts, m_form.isDryRun));
     if (printed != ExitStatus::done || !m_isWritten) {
-        return ExitStatus::workFailed;
+        return ExitStatus::failed;
     }
     const int good = m_counts.of(SetStatus::exported) + m_counts.of(SetStatus::planned);
     if (good == 0) {
-        return ExitStatus::workFailed;
+        return ExitStatus::failed;
     }
-    return good == m_counts.all() ? ExitStatus::done : ExitStatus::someFailed;
+    return good == m_counts.all() ? ExitStatus::done : ExitStatus::someSetsFailed;
 }
 
 void BatchReport::tell(const QString& output, const QString& errors) {

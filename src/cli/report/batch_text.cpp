@@ -1,5 +1,6 @@
 #include "cli/report/batch_text.h"
 
+#include "cli/report/counted.h"
 #include "cli/report/json_line.h"
 #include "cli/report/report.h"
 #include "imaging/files/file_names.h"
@@ -47,10 +48,6 @@ QString plannedText(const SetJob& job, const ExportResult& result) {
         text += (replaced.contains(file) ? u"Would replace "_s : u"Would write "_s) + file + u'\n';
     }
     return text;
-}
-
-QString counted(int count, const QString& noun) {
-    return QString::number(count) + u' ' + noun + (count == 1 ? QString() : u"s"_s);
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ QString folderLine(const CheckedFolder& folder);
 QString checkSummaryText(int folders, const SeverityCounts& counts);
 QString checkSummaryLine(int folders, const SeverityCounts& counts);
 
-/// What the findings are worth: `workFailed` for an error, `someFailed` for a warning.
+/// What the findings are worth: `failed` for an error, `someFailed` for a warning.
 ExitStatus exitStatus(const SeverityCounts& counts);
 
 }  // namespace quarlin

@@ -36,7 +36,7 @@ QString wrapped(const QString& text, qsizetype column, qsizetype indent) {
 QString exitStatuses(const Command& command) {
     QString text = u"\nExit status:\n"_s;
     for (const auto& [status, meaning] : command.exitMeanings()) {
-        text += u"  "_s + QString::number(status) + u"  "_s + meaning + u'\n';
+        text += u"  "_s + QString::number(number(status)) + u"  "_s + meaning + u'\n';
     }
     return text;
 }

@@ -50,7 +50,7 @@ QString commandSection(Command& command) {
     }
     text += paragraph(u"Exit status:"_s);
     for (const auto& [status, meaning] : command.exitMeanings()) {
-        text += entry(bold(QString::number(status)), escaped(meaning));
+        text += entry(bold(QString::number(number(status))), escaped(meaning));
     }
     return text;
 }

@@ -12,8 +12,9 @@ namespace {
 
 const auto origin = u"# Made of the program's own options: write_cli_documents writes this file.\n"_s;
 
-/// The words as one of the shells' strings; a quote inside it ends and begins it again.
-QString quoted(const QString& text) { return u'\'' + QString(text).replace(u'\'', u"'\\''"_s) + u'\''; }
+/// `text` as one word of any of the shells. A quote inside it closes the string, is added, and opens it
+/// again.
+QString shellWord(const QString& text) { return u'\'' + QString(text).replace(u'\'', u"'\\''"_s) + u'\''; }
 
 QStringList namesOf(std::span<Command* const> commands) {
     QStringList names;
@@ -42,7 +43,7 @@ QString bashGenerator(ValueKind kind, const QStringList& words) {
         case ValueKind::folder:
             return u"-d"_s;
         case ValueKind::word:
-            return u"-W "_s + quoted(words.join(u' '));
+            return u"-W "_s + shellWord(words.join(u' '));
         case ValueKind::other:
             break;
     }
@@ -71,7 +72,7 @@ QString bashCommand(Command& command) {
     if (const auto kind = kindOfOperands(options)) {
         text += u"            [[ $word == -* ]] || { "_s + bashReply(bashGenerator(*kind, {})) + u"; }\n"_s;
     }
-    return text + u"            _quarlin_cli_reply -W "_s + quoted(words.join(u' ')) +
+    return text + u"            _quarlin_cli_reply -W "_s + shellWord(words.join(u' ')) +
            u"\n            ;;\n"_s;
 }
 
@@ -93,13 +94,13 @@ QString zshAction(const CommandOption& option) {
 QString zshArgument(const CommandOption& option) {
     const QString star = option.repeatable ? u"*"_s : QString();
     if (option.name.isEmpty()) {
-        return quoted(star + u':' + option.valueName + u':' + zshAction(option));
+        return shellWord(star + u':' + option.valueName + u':' + zshAction(option));
     }
     QString description = option.description;
     description.replace(u']', u"\\]"_s).replace(u'[', u"\\["_s);
     const QString value =
         option.valueName.isEmpty() ? QString() : u':' + option.valueName + u':' + zshAction(option);
-    return quoted(star + u"--"_s + option.name + u'[' + description + u']' + value);
+    return shellWord(star + u"--"_s + option.name + u'[' + description + u']' + value);
 }
 
 QString fishValue(const CommandOption& option) {
@@ -113,7 +114,7 @@ QString fishValue(const CommandOption& option) {
         case ValueKind::folder:
             return u" -x -a '(__fish_complete_directories)'"_s;
         case ValueKind::word:
-            return u" -x -a "_s + quoted(option.words.join(u' '));
+            return u" -x -a "_s + shellWord(option.words.join(u' '));
         case ValueKind::other:
             break;
     }
@@ -135,7 +136,7 @@ _quarlin_cli() {
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
         _quarlin_cli_reply -W )") +
-                   quoted((namesOf(commands) + QStringList{u"--help"_s, u"--version"_s}).join(u' ')) +
+                   shellWord((namesOf(commands) + QStringList{u"--help"_s, u"--version"_s}).join(u' ')) +
                    u"\n        return\n    fi\n    case ${COMP_WORDS[1]} in\n"_s;
     for (Command* command : commands) {
         text += bashCommand(*command);
@@ -147,7 +148,7 @@ QString zshCompletion(std::span<Command* const> commands) {
     QString text = u"#compdef "_s + programName() + u"\n# Completion of quarlin-cli for zsh.\n"_s + origin +
                    u"\nif ((CURRENT == 2)); then\n    local -a commands=(\n"_s;
     for (const Command* command : commands) {
-        text += u"        "_s + quoted(command->name() + u':' + command->summary()) + u'\n';
+        text += u"        "_s + shellWord(command->name() + u':' + command->summary()) + u'\n';
     }
     text +=
         u"    )\n    _describe command commands\n    compadd -- --help --version\n    return\nfi\n"
@@ -170,14 +171,14 @@ QString fishCompletion(std::span<Command* const> commands) {
                    u" -n __fish_use_subcommand -l version -d 'print the version'\n"_s;
     for (Command* command : commands) {
         text += u'\n' + complete + u" -n __fish_use_subcommand -a "_s + command->name() + u" -d "_s +
-                quoted(command->summary()) + u'\n';
+                shellWord(command->summary()) + u'\n';
         const QString inCommand = complete + u" -n '__fish_seen_subcommand_from "_s + command->name() + u'\'';
         for (const CommandOption& option : command->options()) {
             if (option.name.isEmpty()) {
                 text += inCommand + u" -a '(__fish_complete_directories)'\n"_s;
             } else {
                 text += inCommand + u" -l "_s + option.name + fishValue(option) + u" -d "_s +
-                        quoted(option.description) + u'\n';
+                        shellWord(option.description) + u'\n';
             }
         }
     }

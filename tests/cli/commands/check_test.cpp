@@ -129,12 +129,12 @@ TEST_F(Check, FindsAFolderThatIsAFile) {
 TEST_F(Check, FindsThatThereIsNoSet) {
     ASSERT_TRUE(QDir().mkpath(set));
     expectFinding(
-        "error: There is neither a .gltf document nor an image with the name of an exported one. [no-set]");
+        "error: The folder contains neither a .gltf nor images with the names of an exported set. [no-set]");
 }
 
 TEST_F(Check, FindsADocumentThatCannotBeRead) {
     ASSERT_TRUE(QDir().mkpath(file(".gltf")));
-    expectFinding("error: Brick.gltf: The document can't be read. [unreadable-document]");
+    expectFinding("error: Brick.gltf: The .gltf can't be read. [unreadable-document]");
 }
 
 TEST_F(Check, FindsADocumentThatIsNoJson) {
@@ -142,28 +142,34 @@ TEST_F(Check, FindsADocumentThatIsNoJson) {
     writeDocument("{ \"asset\": ");
     const Outcome outcome = check();
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.output, HasSubstr("  error: Brick.gltf: The document is no JSON: "));
+    EXPECT_THAT(outcome.output, HasSubstr("  error: Brick.gltf: The .gltf is not valid JSON: "));
     EXPECT_THAT(outcome.output, HasSubstr(" [invalid-json]\n"));
 }
 
 TEST_F(Check, FindsADocumentOfAnotherVersion) {
     exportGoodSet();
     edit("\"2.0\"", "\"1.0\"");
-    expectFinding("error: Brick.gltf: This is no glTF 2.0 document. [invalid-gltf]");
+    expectFinding(
+        "error: Brick.gltf: The .gltf does not describe a glTF 2.0 material: its version is not 2. "
+        "[invalid-gltf]");
 }
 
 TEST_F(Check, FindsJsonThatIsNoDocument) {
     exportGoodSet();
     for (const char* text : {"[]", "[1]", "{}", "{\"asset\": 2}", "{\"asset\": {\"version\": 2.0}}"}) {
         writeDocument(text);
-        expectFinding("error: Brick.gltf: This is no glTF 2.0 document. [invalid-gltf]");
+        expectFinding(
+            "error: Brick.gltf: The .gltf does not describe a glTF 2.0 material: its version is not 2. "
+            "[invalid-gltf]");
     }
 }
 
 TEST_F(Check, FindsADocumentWithoutMaterial) {
     exportGoodSet();
     writeDocument("{\"asset\": {\"version\": \"2.0\"}}");
-    expectFinding("error: Brick.gltf: The document has no material. [invalid-gltf]");
+    expectFinding(
+        "error: Brick.gltf: The .gltf does not describe a glTF 2.0 material: it lists no materials. "
+        "[invalid-gltf]");
 }
 
 TEST_F(Check, FindsAReferenceToWhatIsNotThere) {
@@ -172,7 +178,9 @@ TEST_F(Check, FindsAReferenceToWhatIsNotThere) {
         edit("\"normalTexture\" : {\n        \"index\" : 2",
              QByteArray("\"normalTexture\" : {\n        \"index\" : ") + index);
         expectFinding(
-            "error: Brick.gltf: normalTexture refers to an image that the document does not have. "
+            "error: Brick.gltf: The .gltf does not describe a glTF 2.0 material: normalTexture refers to an "
+            "image that it "
+            "does not have. "
             "[invalid-gltf]");
     }
 }
@@ -182,8 +190,10 @@ TEST_F(Check, FindsAReferenceThatLeavesTheFolder) {
                             "https://example.com/a.png", "%2e%2e/a.png", "a/../../b.png"}) {
         exportGoodSet();
         edit("\"Brick_Normal.png\"", QByteArray("\"") + uri + '"');
-        expectFinding(std::string("error: Brick.gltf: normalTexture refers to ") + uri +
-                      ", which is outside the folder. [outside-reference]");
+        expectFinding(
+            std::string(
+                "error: Brick.gltf: The .gltf refers to an image outside the folder: normalTexture is ") +
+            uri + ". [outside-reference]");
     }
 }
 
@@ -216,7 +226,8 @@ TEST_F(Check, FindsAnImageThatIsCutOff) {
     exportGoodSet();
     const QByteArray whole = bytesOf(file("_BaseColor.png"));
     write(file("_BaseColor.png"), whole.left(whole.size() / 2));
-    expectFinding("error: Brick_BaseColor.png: The file is no whole, intact image. [undecodable-image]");
+    expectFinding(
+        "error: Brick_BaseColor.png: The file is not a complete, undamaged image. [undecodable-image]");
 }
 
 TEST_F(Check, FindsAFormatThatGltfDoesNotHave) {
@@ -229,14 +240,15 @@ TEST_F(Check, FindsAFormatThatTheNameDoesNotTell) {
     exportGoodSet();
     ASSERT_TRUE(QImage(file("_BaseColor.png")).save(file("_BaseColor.png"), "JPG"));
     expectFinding(
-        "error: Brick_BaseColor.png: The image is a JPEG, which its name does not say. [wrong-format]");
+        "error: Brick_BaseColor.png: The image is a JPEG, but its name says otherwise. [wrong-format]");
 }
 
 TEST_F(Check, FindsAGrayImageWhereChannelsAreToDiffer) {
     exportGoodSet();
     redraw("_ORM.png", inGray);
     expectFinding(
-        "error: Brick_ORM.png: The image is gray: red, green and blue are the same. [wrong-channels]");
+        "error: Brick_ORM.png: The ORM or normal map is gray: red, green and blue are the same. "
+        "[wrong-channels]");
 }
 
 TEST_F(Check, TakesAGrayBaseColor) {
@@ -248,7 +260,8 @@ TEST_F(Check, TakesAGrayBaseColor) {
 TEST_F(Check, FindsSixteenBits) {
     exportGoodSet();
     redraw("_Normal.png", [](const QImage& image) { return image.convertToFormat(QImage::Format_RGBX64); });
-    expectFinding("warning: Brick_Normal.png: The image has 16 bits per channel; 8 are used. [wrong-depth]");
+    expectFinding(
+        "warning: Brick_Normal.png: The image does not have 8 bits per channel: it has 16. [wrong-depth]");
 }
 
 TEST_F(Check, FindsAPalette) {
@@ -256,7 +269,8 @@ TEST_F(Check, FindsAPalette) {
     redraw("_BaseColor.png",
            [](const QImage& image) { return image.convertToFormat(QImage::Format_Indexed8); });
     expectFinding(
-        "warning: Brick_BaseColor.png: The image has a palette of at most 256 colors. [indexed-color]");
+        "warning: Brick_BaseColor.png: The image has a palette of at most 256 colors instead of channels. "
+        "[indexed-color]");
 }
 
 TEST_F(Check, FindsSidesThatAreNoPowersOfTwo) {
@@ -267,8 +281,8 @@ TEST_F(Check, FindsSidesThatAreNoPowersOfTwo) {
     for (const std::string name : {"BaseColor", "ORM", "Normal"}) {
         EXPECT_THAT(outcome.output,
                     HasSubstr("  warning: Brick_" + name +
-                              ".png: The image is 64x63: a side is no power of two, so it is rescaled on "
-                              "upload. [not-power-of-two]\n"));
+                              ".png: A side is not a power of two, so the image is rescaled on upload: it is "
+                              "64x63. [not-power-of-two]\n"));
     }
     EXPECT_THAT(outcome.output, HasSubstr("1 folder checked: 0 errors, 3 warnings, 0 notes\n"));
 }
@@ -280,8 +294,8 @@ TEST_F(Check, FindsSidesThatAreTooLong) {
     EXPECT_EQ(outcome.status, 3);
     EXPECT_THAT(
         outcome.output,
-        HasSubstr("  warning: Brick_ORM.png: The image is 4096x2: a side is longer than 2048 pixels, so "
-                  "it is scaled down on upload. [too-large]\n"));
+        HasSubstr("  warning: Brick_ORM.png: A side is longer than 2048 pixels, so the image is scaled "
+                  "down on upload: it is 4096x2. [too-large]\n"));
     EXPECT_THAT(outcome.output, HasSubstr("1 folder checked: 0 errors, 3 warnings, 0 notes\n"));
 }
 
@@ -289,7 +303,8 @@ TEST_F(Check, FindsMapsOfDifferentSizes) {
     exportGoodSet();
     redraw("_ORM.png", [](const QImage& image) { return image.scaled(side / 2, side / 2); });
     expectFinding(
-        "warning: Brick_ORM.png: The image is of another size than Brick_BaseColor.png. [different-sizes]");
+        "warning: Brick_ORM.png: The images of the material have different sizes: Brick_BaseColor.png has "
+        "another size. [different-sizes]");
 }
 
 TEST_F(Check, FindsAnOcclusionTextureOfItsOwn) {
@@ -301,8 +316,8 @@ TEST_F(Check, FindsAnOcclusionTextureOfItsOwn) {
             "materials": [{"name": "Brick", "occlusionTexture": {"index": 2}, "pbrMetallicRoughness":
             {"baseColorTexture": {"index": 0}, "metallicRoughnessTexture": {"index": 1}}}]})");
     expectFinding(
-        "error: Brick.gltf: Occlusion comes from Brick_AO.png, and not from the image of metallic and "
-        "roughness: its red channel is what is uploaded. [occlusion-not-orm]");
+        "error: Brick.gltf: Occlusion has an image of its own, but only the red channel of the ORM image is "
+        "uploaded: Brick_AO.png. [occlusion-not-orm]");
 }
 
 TEST_F(Check, FindsAlphaThatAnOpaqueMaterialIgnores) {
@@ -315,8 +330,9 @@ TEST_F(Check, FindsAlphaThatAnOpaqueMaterialIgnores) {
         return holed;
     });
     expectFinding(
-        "warning: Brick_BaseColor.png: 2% of the pixels are transparent, but the material is opaque and "
-        "ignores alpha. [ignored-alpha]");
+        "warning: Brick_BaseColor.png: The base color is transparent in places, but the material is opaque "
+        "and "
+        "ignores alpha: 2% of the pixels. [ignored-alpha]");
     edit("\"doubleSided\"", "\"alphaMode\" : \"BLEND\", \"doubleSided\"");
     expectNothing(check());
 }
@@ -324,7 +340,7 @@ TEST_F(Check, FindsAlphaThatAnOpaqueMaterialIgnores) {
 TEST_F(Check, FindsAnInvertedNormalMap) {
     exportGoodSet({word("--flip-normal-green")});
     expectFinding(
-        "warning: Brick_Normal.png: Green looks inverted: the map fits a surface only if green points "
+        "warning: Brick_Normal.png: Green looks inverted: the normal map fits a surface only if green points "
         "down (DirectX), and in glTF it points up. [normal-inverted]");
 }
 
@@ -336,8 +352,8 @@ TEST_F(Check, FindsANormalMapThatIsAPicture) {
         return gray;
     });
     expectFinding(
-        "warning: Brick_Normal.png: 100% of the normals are not of length 1: this may be no normal map, "
-        "or one that was edited as a picture. [normal-not-unit]");
+        "warning: Brick_Normal.png: Many normals do not have length 1, so this may not be a normal map, "
+        "or it was edited as a picture: 100% of them. [normal-not-unit]");
 }
 
 TEST_F(Check, FindsNormalsThatPointInward) {
@@ -350,7 +366,7 @@ TEST_F(Check, FindsNormalsThatPointInward) {
         return turned;
     });
     expectFinding(
-        "warning: Brick_Normal.png: 2% of the normals point into the surface: their blue is below 128. "
+        "warning: Brick_Normal.png: Normals point into the surface (their blue is below 128): 2% of them. "
         "[normal-inward]");
 }
 
@@ -360,8 +376,9 @@ TEST_F(Check, FindsANameThatIsCut) {
     expectNothing(check());
     edit("\"name\" : \"", "\"name\" : \"x");
     expectFinding(
-        "warning: Brick.gltf: The material's name is 64 bytes long; an inventory name keeps 63. "
-        "[name-cut]");
+        "warning: Brick.gltf: The material's name is longer than the 63 bytes of an inventory name, and is "
+        "cut: it "
+        "has 64. [name-cut]");
 }
 
 TEST_F(Check, NotesANameOfAFileThatIsCut) {
@@ -370,14 +387,16 @@ TEST_F(Check, NotesANameOfAFileThatIsCut) {
     ASSERT_TRUE(QFile::rename(file("_Normal.png"), set + u'/' + QString::fromLatin1(longName)));
     edit("Brick_Normal.png", longName);
     expectFinding("note: " + longName.toStdString() +
-                  ": Uploaded alone, the image keeps 63 of the 64 bytes of its name. [file-name-cut]");
+                  ": The image's name is longer than the 63 bytes of an inventory name, and is cut if the "
+                  "image is uploaded "
+                  "alone: it has 64. [file-name-cut]");
 }
 
 TEST_F(Check, NotesAnImageInTheDocument) {
     exportGoodSet();
     edit("\"uri\" : \"Brick_Normal.png\"", "\"uri\" : \"data:image/png;base64,AAAA\"");
     expectFinding(
-        "note: Brick.gltf: The image of normalTexture is part of the document, and not checked. "
+        "note: Brick.gltf: An image is part of the .gltf and is not checked: that of normalTexture. "
         "[embedded-image]");
 }
 
@@ -472,7 +491,7 @@ TEST_P(CheckOfSamples, NotesTheORMThatIsNotNeededWithoutDocument) {
     const Outcome outcome =
         checked(maps() + QStringList{word("--flip-green"), word("--no-orm"), word("--no-gltf")});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.output, HasSubstr("\n  note: The set has no ORM image. [no-orm]\n"));
+    EXPECT_THAT(outcome.output, HasSubstr("\n  note: The material has no ORM image. [no-orm]\n"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, CheckOfSamples, testing::Values("512", "2048"),
