@@ -90,21 +90,21 @@ struct EnumerationTable<FindingKind> {
         Row{"ignored-alpha"_L1, Severity::warning,
             "the base color is transparent in places, but the material is opaque and ignores alpha"_L1},
         Row{"normal-inverted"_L1, Severity::warning,
-            "green looks inverted: the normal map fits a surface only if green points down (DirectX), and in "
+            "green looks inverted: the normal map fits a surface if green points down, as in DirectX, but in "
             "glTF it points up"_L1},
         Row{"normal-not-unit"_L1, Severity::warning,
             "many normals do not have length 1, so this may not be a normal map, or it was edited as a "
             "picture"_L1},
         Row{"normal-inward"_L1, Severity::warning,
-            "normals point into the surface (their blue is below 128)"_L1},
+            "normals point into the surface, as their blue is below 128"_L1},
         Row{"name-cut"_L1, Severity::warning,
             "the material's name is longer than the 63 bytes of an inventory name, and is cut"_L1},
         Row{"file-name-cut"_L1, Severity::note,
             "the image's name is longer than the 63 bytes of an inventory name, and is cut if the image is "
             "uploaded alone"_L1},
         Row{"normal-green-down"_L1, Severity::note,
-            "green points down in the generated normal map; if light seems to come from below, export it "
-            "with Flip Green"_L1},
+            "green points down in the generated normal map, so export it with Flip Green if light seems to "
+            "come from below"_L1},
         Row{"no-base-color"_L1, Severity::note, "the material has no base color image"_L1},
         Row{"no-orm"_L1, Severity::note, "the material has no ORM image"_L1},
         Row{"embedded-image"_L1, Severity::note, "an image is part of the .gltf and is not checked"_L1},

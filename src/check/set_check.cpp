@@ -24,7 +24,7 @@ void checkOcclusion(const CheckedMaterial& material, Findings& findings) {
     }
 }
 
-/// Whether the material is of a set that Quarlin generated from a single texture.
+/// Whether the material belongs to a set that Quarlin generated from a single texture.
 bool isGenerated(const CheckedMaterial& material) {
     return material.normal == NormalOutputNames{material.name}.normal();
 }

@@ -22,7 +22,7 @@ QStringList namesIn(const QUrl& folder) {
     return names;
 }
 
-/// The names of the materials of which a file with the ending of `ofNothing` is there.
+/// The materials that have a file with the ending `ofNothing`, the file name of a material without a name.
 std::set<QString> materialsWith(const QStringList& names, const QString& ofNothing) {
     std::set<QString> materials;
     for (const QString& name : names) {
@@ -37,7 +37,7 @@ std::optional<QString> nameIfThere(const QStringList& names, const QString& name
     return names.contains(name) ? std::optional(name) : std::nullopt;
 }
 
-/// The sets that the names of the files tell. A material set always has a base color and an ORM image, a
+/// The sets that the file names belong to. A material set always has a base color and an ORM image, a
 /// generated one a base color and a normal map.
 std::vector<CheckedMaterial> materialsByNames(const QStringList& names) {
     std::vector<CheckedMaterial> materials;

@@ -6,7 +6,7 @@
 
 namespace quarlin {
 
-/// Does what `words`, the command line without the program's name, ask for.
-ExitStatus runProgram(const QStringList& words);
+/// Runs the command that `arguments`, the command line without the program's name, ask for.
+ExitStatus runProgram(const QStringList& arguments);
 
 }  // namespace quarlin

@@ -6,8 +6,8 @@
 
 namespace quarlin {
 
-/// Writes the result of a command to the standard output. Says so on the standard error, and gives
-/// `failed`, where that fails.
+/// Writes the result of a command to the standard output. Reports on the standard error if that fails, and
+/// returns `ExitStatus::failed`.
 ExitStatus print(const QString& text);
 
 }  // namespace quarlin

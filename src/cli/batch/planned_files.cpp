@@ -10,7 +10,7 @@ namespace quarlin {
 
 namespace {
 
-/// The names beside which true stands.
+/// The names whose second value is true.
 QStringList chosen(const std::vector<std::pair<QString, bool>>& names) {
     QStringList files;
     for (const auto& [name, isWritten] : names) {

@@ -21,7 +21,7 @@ TextureMap loadTextures(const TextureProcessor& processor, const std::map<Textur
                                        [&processor, file = path] { return loadTexture(processor, file); });
         }
     }
-    // A failure that is met here waits for the slots behind it as `loading` is destroyed.
+    // If a slot fails, destroying `loading` waits for the slots after it.
     TextureMap textures;
     for (auto& [slot, texture] : loading) {
         textures.emplace(slot, texture.get());

@@ -15,45 +15,48 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Enough for the largest machines, and few enough that a slip of the hand does not exhaust the memory.
+/// Enough for the largest machines, and few enough that a typing error does not exhaust the memory.
 constexpr SettingRange<int> setsAtOnceRange{1, 64};
 
 }  // namespace
 
 QStringList ExportCommand::remarks() const {
-    return ownRemarks() +
-           QStringList{
-               u"Several sets are exported side by side and reported one after the other, with a summary "
-               "at the end. A set that fails stops no other. Two that would write into the same folder "
-               "are both refused. Interrupted (Ctrl-C), the sets at work are completed and no other is "
-               "begun; a second interruption ends the program at once."_s,
-               u"With --json a single set is reported as one object with \"folder\" and \"files\". "
-               "Several sets are reported as one object per line, told apart by \"type\": \"leftOut\" "
-               "for a file that goes into no set, \"set\", and at the end \"summary\"."_s,
-           };
+    return ownRemarks() + QStringList{
+                              u"Several sets are exported at the same time and reported one after the other, "
+                              u"with a summary at the "
+                              "end. A set that fails does not stop the others. Two sets that would go to the "
+                              "same folder are both "
+                              "refused. After an interruption (Ctrl-C), the sets in progress are finished "
+                              "and no more are started; "
+                              "a second interruption ends the program at once."_s,
+                              u"With --json, a single set is reported as one object with \"folder\" and "
+                              u"\"files\". Several sets are "
+                              "reported as one object per line, whose \"type\" is \"leftOut\" for a file "
+                              "that belongs to no set, "
+                              "\"set\", and at the end \"summary\"."_s,
+                          };
 }
 
 CommandOptions ExportCommand::options() {
     CommandOptions all = ownOptions();
     all.push_back(
-        required(pathOption(u"output"_s, u"DIR"_s, u"folder in which the set's own folder is made"_s,
+        required(pathOption(u"output"_s, u"DIR"_s, u"the folder in which each set's own folder is made"_s,
                             ValueKind::folder, m_output)));
     all.push_back(switchOption(u"recursive"_s,
-                               u"search the folders inside a folder too, but not that of --output"_s,
+                               u"also search the folders inside a folder, except that of --output"_s,
                                m_isRecursive, true));
+    all.push_back(countOption(u"jobs"_s, u"number of sets that are exported at the same time"_s, m_setsAtOnce,
+                              setsAtOnceRange));
     all.push_back(
-        countOption(u"jobs"_s, u"sets that are worked on at the same time"_s, m_setsAtOnce, setsAtOnceRange));
-    all.push_back(switchOption(u"dry-run"_s, u"tell what would be read and written, and do nothing"_s,
-                               m_isDryRun, true));
-    all.push_back(
-        switchOption(u"json"_s, u"report folder and files as one JSON object"_s, m_reportsAsJSON, true));
+        switchOption(u"dry-run"_s, u"only report what would be read and written"_s, m_isDryRun, true));
+    all.push_back(switchOption(u"json"_s, u"print the report as JSON"_s, m_reportsAsJSON, true));
     return all;
 }
 
 std::vector<ExitMeaning> ExportCommand::exitMeanings() const {
     return {{ExitStatus::done, u"every set was exported"_s},
             {ExitStatus::failed, u"no set was exported"_s},
-            {ExitStatus::usageError, u"the command line is off; nothing was done"_s},
+            {ExitStatus::usageError, u"usage error; nothing was done"_s},
             {ExitStatus::someSetsFailed, u"some sets were exported, others failed"_s}};
 }
 
@@ -66,7 +69,7 @@ ExitStatus ExportCommand::run() const {
     }
     BatchPlan plan = single ? BatchPlan{{*single}, {}} : severalSets();
     if (m_name && plan.sets.size() > 1) {
-        throw UsageError(u"--name is for one set, and here are "_s + QString::number(plan.sets.size()));
+        throw UsageError(u"--name is for a single set, but there are "_s + QString::number(plan.sets.size()));
     }
     refuseCollisions(plan);
     BatchReport report({.isJSON = m_reportsAsJSON, .isDryRun = m_isDryRun});

@@ -9,9 +9,9 @@ void BatchReport::begin(const BatchPlan& plan) {
     m_counts.leftOut = static_cast<std::int64_t>(plan.leftOut.size());
     for (const LeftOutFile& file : plan.leftOut) {
         if (m_form.isJSON) {
-            tell(leftOutLine(file), {});
+            write(leftOutLine(file), {});
         } else {
-            tell({}, leftOutText(file));
+            write({}, leftOutText(file));
         }
     }
     if (!m_form.isDryRun) {
@@ -23,9 +23,9 @@ void BatchReport::begin(const BatchPlan& plan) {
 void BatchReport::addSet(const SetJob& job, const SetOutcome& outcome) {
     ++m_counts.sets[outcome.status];
     if (m_form.isJSON) {
-        tell(setLine(job, outcome), {});
+        write(setLine(job, outcome), {});
     } else {
-        tell(setText(job, outcome), failureText(job, outcome));
+        write(setText(job, outcome), failureText(job, outcome));
     }
     if (m_progress) {
         m_progress->show(m_counts.all(), job.name);
@@ -46,7 +46,7 @@ ExitStatus BatchReport::end() {
     return good == m_counts.all() ? ExitStatus::done : ExitStatus::someSetsFailed;
 }
 
-void BatchReport::tell(const QString& output, const QString& errors) {
+void BatchReport::write(const QString& output, const QString& errors) {
     if (m_progress) {
         m_progress->clear();
     }

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString statusWord(SetStatus status) {
+QString statusName(SetStatus status) {
     switch (status) {
         case SetStatus::exported:
             return u"exported"_s;
@@ -27,7 +27,7 @@ QString statusWord(SetStatus status) {
     return {};
 }
 
-/// The files of the set that are there already.
+/// The files of the set that exist already.
 QStringList replacedFiles(const ExportResult& result) {
     QStringList files;
     for (const QString& file : result.files) {
@@ -79,7 +79,7 @@ QString setLine(const SetJob& job, const SetOutcome& outcome) {
     JsonLine line;
     line.add(u"type"_s, u"set"_s)
         .add(u"name"_s, job.name)
-        .add(u"status"_s, statusWord(outcome.status))
+        .add(u"status"_s, statusName(outcome.status))
         .add(u"inputs"_s, inputs);
     if (!job.decisions.isEmpty()) {
         line.add(u"decisions"_s, job.decisions);
@@ -141,7 +141,7 @@ QString summaryLine(const BatchCounts& counts) {
     line.add(u"type"_s, u"summary"_s).add(u"sets"_s, static_cast<std::int64_t>(counts.all()));
     for (const SetStatus status :
          {SetStatus::exported, SetStatus::planned, SetStatus::failed, SetStatus::notStarted}) {
-        line.add(statusWord(status), static_cast<std::int64_t>(counts.of(status)));
+        line.add(statusName(status), static_cast<std::int64_t>(counts.of(status)));
     }
     return line.add(u"leftOut"_s, counts.leftOut).text() + u'\n';
 }

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto origin = u"# Made of the program's own options: write_cli_documents writes this file.\n"_s;
+const auto origin = u"# Generated from the program's options by write_cli_documents.\n"_s;
 
 /// `text` as one word of any of the shells. A quote inside it closes the string, is added, and opens it
 /// again.
@@ -24,8 +24,8 @@ QStringList namesOf(std::span<Command* const> commands) {
     return names;
 }
 
-/// The kind of the words that stand alone; nothing where the command takes none.
-std::optional<ValueKind> kindOfOperands(const CommandOptions& options) {
+/// The kind of the positional arguments; nothing if the command takes none.
+std::optional<ValueKind> positionalKind(const CommandOptions& options) {
     for (const CommandOption& option : options) {
         if (option.name.isEmpty()) {
             return option.kind;
@@ -34,16 +34,16 @@ std::optional<ValueKind> kindOfOperands(const CommandOptions& options) {
     return std::nullopt;
 }
 
-/// How bash completes a value: the arguments of compgen; empty where it can't help.
-QString bashGenerator(ValueKind kind, const QStringList& words) {
+/// How bash completes a value: the arguments of compgen; empty if it can't.
+QString bashGenerator(ValueKind kind, const QStringList& choices) {
     switch (kind) {
         case ValueKind::file:
         case ValueKind::fileOrFolder:
             return u"-f"_s;
         case ValueKind::folder:
             return u"-d"_s;
-        case ValueKind::word:
-            return u"-W "_s + shellWord(words.join(u' '));
+        case ValueKind::choice:
+            return u"-W "_s + shellWord(choices.join(u' '));
         case ValueKind::other:
             break;
     }
@@ -65,11 +65,11 @@ QString bashCommand(Command& command) {
         words += u"--"_s + option.name;
         if (!option.valueName.isEmpty()) {
             text += u"                --"_s + option.name + u") "_s +
-                    bashReply(bashGenerator(option.kind, option.words)) + u" ;;\n"_s;
+                    bashReply(bashGenerator(option.kind, option.choices)) + u" ;;\n"_s;
         }
     }
     text += u"            esac\n"_s;
-    if (const auto kind = kindOfOperands(options)) {
+    if (const auto kind = positionalKind(options)) {
         text += u"            [[ $word == -* ]] || { "_s + bashReply(bashGenerator(*kind, {})) + u"; }\n"_s;
     }
     return text + u"            _quarlin_cli_reply -W "_s + shellWord(words.join(u' ')) +
@@ -83,8 +83,8 @@ QString zshAction(const CommandOption& option) {
             return u"_files"_s;
         case ValueKind::folder:
             return u"_files -/"_s;
-        case ValueKind::word:
-            return u'(' + option.words.join(u' ') + u')';
+        case ValueKind::choice:
+            return u'(' + option.choices.join(u' ') + u')';
         case ValueKind::other:
             break;
     }
@@ -113,8 +113,8 @@ QString fishValue(const CommandOption& option) {
             return u" -r -F"_s;
         case ValueKind::folder:
             return u" -x -a '(__fish_complete_directories)'"_s;
-        case ValueKind::word:
-            return u" -x -a "_s + shellWord(option.words.join(u' '));
+        case ValueKind::choice:
+            return u" -x -a "_s + shellWord(option.choices.join(u' '));
         case ValueKind::other:
             break;
     }
@@ -125,7 +125,7 @@ QString fishValue(const CommandOption& option) {
 
 QString bashCompletion(std::span<Command* const> commands) {
     QString text = u"# Completion of quarlin-cli for bash.\n"_s + origin + QStringLiteral(R"(
-# Completes the word at the cursor with what compgen makes of the arguments.
+# Completes the word at the cursor by compgen with the given arguments.
 _quarlin_cli_reply() {
     [[ $1 == -W ]] || compopt -o filenames 2>/dev/null
     mapfile -t COMPREPLY < <(compgen "$@" -- "${COMP_WORDS[COMP_CWORD]}")

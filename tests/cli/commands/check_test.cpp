@@ -340,8 +340,8 @@ TEST_F(Check, FindsAlphaThatAnOpaqueMaterialIgnores) {
 TEST_F(Check, FindsAnInvertedNormalMap) {
     exportGoodSet({word("--flip-normal-green")});
     expectFinding(
-        "warning: Brick_Normal.png: Green looks inverted: the normal map fits a surface only if green points "
-        "down (DirectX), and in glTF it points up. [normal-inverted]");
+        "warning: Brick_Normal.png: Green looks inverted: the normal map fits a surface if green points "
+        "down, as in DirectX, but in glTF it points up. [normal-inverted]");
 }
 
 TEST_F(Check, FindsANormalMapThatIsAPicture) {
@@ -366,7 +366,7 @@ TEST_F(Check, FindsNormalsThatPointInward) {
         return turned;
     });
     expectFinding(
-        "warning: Brick_Normal.png: Normals point into the surface (their blue is below 128): 2% of them. "
+        "warning: Brick_Normal.png: Normals point into the surface, as their blue is below 128: 2% of them. "
         "[normal-inward]");
 }
 

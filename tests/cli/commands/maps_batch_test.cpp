@@ -121,8 +121,8 @@ TEST_F(MapsBatch, RefusesTwoSourcesForOneFolder) {
         runMaps({word("--source"), sources() + word("/a"), word("--source"), sources() + word("/b")});
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.errors,
-              "wood: Export failed: The set of Wood.png has the same folder\n"
-              "Wood: Export failed: The set of wood.png has the same folder\n");
+              "wood: Export failed: The set of Wood.png goes to the same folder\n"
+              "Wood: Export failed: The set of wood.png goes to the same folder\n");
     EXPECT_EQ(outcome.output, mapsReport("brick") + "1 set exported, 2 failed\n");
     EXPECT_EQ(exportedSets(), QStringList{word("brick")});
 }
@@ -144,7 +144,7 @@ TEST_F(MapsBatch, RefusesASourceThatAnotherSetWrites) {
         runMaps({word("--source"), wood, word("--source"), output() + word("/wood/wood_basecolor.png")});
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.errors,
-              "wood_basecolor: Export failed: The set wood writes its source wood_basecolor.png\n");
+              "wood_basecolor: Export failed: The set wood overwrites its source wood_basecolor.png\n");
     expectSame(contentsOf(output() + word("/wood")), before);
 }
 
@@ -211,7 +211,7 @@ TEST_F(MapsBatch, RejectsOneNameForSeveralSets) {
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.output, "");
     EXPECT_EQ(outcome.errors,
-              "quarlin-cli: --name is for one set, and here are 2\nTry 'quarlin-cli maps --help'.\n");
+              "quarlin-cli: --name is for a single set, but there are 2\nTry 'quarlin-cli maps --help'.\n");
 }
 
 TEST_F(MapsBatch, ReportsLinesOfJson) {

@@ -46,9 +46,10 @@ TEST_F(MaterialFolder, InvertsGlossForItsMaterialAlone) {
     const QString roughness = writeSource(word("wood_roughness.png"), 4);
     const Outcome outcome = runMaterial(folder());
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.output, materialReport("brick") +
-                                  "Note: the roughness texture is gloss by its name, and inverted\n" +
-                                  materialReport("wood") + "2 sets exported\n");
+    EXPECT_EQ(outcome.output,
+              materialReport("brick") +
+                  "Note: the roughness texture is a gloss map by its name, so it is inverted\n" +
+                  materialReport("wood") + "2 sets exported\n");
     expectSame(
         contentsOf(output() + word("/brick")),
         named(word("brick"), {word("--base-color"), brick, word("--roughness"), gloss, word("--gloss")}));
@@ -62,7 +63,7 @@ TEST_F(MaterialFolder, FlipsTheGreenOfADirectXNormalMap) {
     const Outcome outcome = runMaterial(folder());
     EXPECT_EQ(outcome.output,
               materialReport("brick", true) +
-                  "Note: the normal map is of the DirectX kind by its name; its green is inverted\n"
+                  "Note: the normal map is for DirectX by its name, so its green is inverted\n"
                   "1 set exported\n");
     expectSame(contentsOf(output() + word("/brick")),
                named(word("brick"),
@@ -76,7 +77,7 @@ TEST_F(MaterialFolder, TakesTheOpenGLMapOfTwoNormalMaps) {
     const Outcome outcome = runMaterial(folder());
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "Left out: " + directX.toStdString() +
-                                  " (brick_NormalGL.png is taken, which is of the OpenGL kind)\n");
+                                  " (brick_NormalGL.png is used instead, which is for OpenGL)\n");
     EXPECT_EQ(outcome.output, materialReport("brick", true) + "1 set exported, 1 file left out\n");
     expectSame(contentsOf(output() + word("/brick")),
                named(word("brick"), {word("--base-color"), color, word("--normal"), openGL}));
@@ -88,7 +89,7 @@ TEST_F(MaterialFolder, ReportsFilesThatNoSlotTakes) {
     writeBrokenSource(word("license.txt"));
     const Outcome outcome = runMaterial(folder());
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.errors, "Left out: " + height.toStdString() + " (its name tells no slot)\n");
+    EXPECT_EQ(outcome.errors, "Left out: " + height.toStdString() + " (its name matches no slot)\n");
     EXPECT_EQ(outcome.output, materialReport("brick") + "1 set exported, 1 file left out\n");
 }
 
@@ -156,7 +157,7 @@ TEST_F(MaterialFolder, ExportsASetOntoItself) {
     const Outcome outcome = runMaterial({word("--folder"), output() + word("/brick")});
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
     EXPECT_EQ(outcome.errors,
-              "Left out: " + output().toStdString() + "/brick/brick_ORM.png (its name tells no slot)\n");
+              "Left out: " + output().toStdString() + "/brick/brick_ORM.png (its name matches no slot)\n");
     EXPECT_EQ(contentsOf(output() + word("/brick")).value(word("brick_BaseColor.png")),
               before.value(word("brick_BaseColor.png")));
 }
@@ -176,19 +177,20 @@ TEST_F(MaterialFolder, TellsEverythingInLinesOfJson) {
     const Outcome outcome = runMaterial(folder() + QStringList{word("--json")});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
-    EXPECT_EQ(outcome.output,
-              "{\"type\": \"leftOut\", \"file\": \"" + height.toStdString() +
-                  "\", \"reason\": \"its name tells no slot\"}\n"
-                  "{\"type\": \"set\", \"name\": \"brick\", \"status\": \"exported\", \"inputs\": "
-                  "{\"baseColor\": \"" +
-                  color.toStdString() + "\", \"roughness\": \"" + gloss.toStdString() +
-                  "\"}, \"decisions\": [\"the roughness texture is gloss by its name, and inverted\"], "
-                  "\"folder\": \"" +
-                  output().toStdString() +
-                  "/brick\", \"files\": [\"brick_BaseColor.png\", \"brick_ORM.png\", \"brick.gltf\", "
-                  "\"brick_SL_PBR_notes.txt\"]}\n"
-                  "{\"type\": \"summary\", \"sets\": 1, \"exported\": 1, \"planned\": 0, \"failed\": 0, "
-                  "\"notStarted\": 0, \"leftOut\": 1}\n");
+    EXPECT_EQ(
+        outcome.output,
+        "{\"type\": \"leftOut\", \"file\": \"" + height.toStdString() +
+            "\", \"reason\": \"its name matches no slot\"}\n"
+            "{\"type\": \"set\", \"name\": \"brick\", \"status\": \"exported\", \"inputs\": "
+            "{\"baseColor\": \"" +
+            color.toStdString() + "\", \"roughness\": \"" + gloss.toStdString() +
+            "\"}, \"decisions\": [\"the roughness texture is a gloss map by its name, so it is inverted\"], "
+            "\"folder\": \"" +
+            output().toStdString() +
+            "/brick\", \"files\": [\"brick_BaseColor.png\", \"brick_ORM.png\", \"brick.gltf\", "
+            "\"brick_SL_PBR_notes.txt\"]}\n"
+            "{\"type\": \"summary\", \"sets\": 1, \"exported\": 1, \"planned\": 0, \"failed\": 0, "
+            "\"notStarted\": 0, \"leftOut\": 1}\n");
 }
 
 TEST_F(MaterialFolder, DoesNotGoTogetherWithTheFileOfASlot) {
@@ -197,7 +199,7 @@ TEST_F(MaterialFolder, DoesNotGoTogetherWithTheFileOfASlot) {
         const Outcome outcome = runMaterial(folder() + QStringList{word(slot), color});
         EXPECT_EQ(outcome.status, 2);
         EXPECT_EQ(outcome.errors,
-                  "quarlin-cli: --folder can't be given together with the file of a slot\n"
+                  "quarlin-cli: --folder can't be combined with the file of a slot\n"
                   "Try 'quarlin-cli material --help'.\n");
     }
     EXPECT_FALSE(QDir(output()).exists());

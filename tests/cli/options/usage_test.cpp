@@ -121,7 +121,7 @@ INSTANTIATE_TEST_SUITE_P(
                  "Unknown option 'sharpness'", "maps "},
         BadWords{"OptionOfTheOtherCommand", "material --base-color in.png --output out --strength 3",
                  "Unknown option 'strength'", "material "},
-        BadWords{"StrayWord", "material --base-color in.png --output out more", "Unexpected word 'more'",
+        BadWords{"StrayWord", "material --base-color in.png --output out more", "Unexpected argument 'more'",
                  "material "},
         BadWords{"MissingValue", "maps --source in.png --output", "Missing value after '--output'", "maps "},
         BadWords{"ValueOfASwitch", "maps --source in.png --output out --no-orm=yes",
