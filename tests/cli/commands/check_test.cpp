@@ -10,23 +10,23 @@
 #include <cmath>
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin::tests;
 using testing::HasSubstr;
 
 namespace {
 
-QString word(const char* text) { return QString::fromUtf8(text); }
-
 constexpr int side = 64;
 
 QImage inGray(const QImage& image) {
     QImage gray = image.convertToFormat(QImage::Format_Grayscale8);
-    // The profile that was read with the image is one of RGB.
+    // The profile that was read with the image is for RGB.
     gray.setColorSpace({});
     return gray;
 }
 
-/// The normal map, with green up, of round bumps.
+/// A normal map of round bumps, with green pointing up.
 QImage bumpyNormals() {
     QImage image(side, side, QImage::Format_RGB32);
     const auto byteOf = [](double component) {
@@ -45,26 +45,26 @@ QImage bumpyNormals() {
 
 class Check : public CliTest {
 protected:
-    const QString set = output() + word("/Brick");
+    const QString set = output() + u"/Brick"_s;
 
-    /// The path of a file of the set by what follows the set's name.
-    QString file(const char* suffix) const { return set + word("/Brick") + word(suffix); }
+    /// The path of a file of the set, given the end of its name.
+    QString file(const char* suffix) const { return set + u"/Brick"_s + QString::fromUtf8(suffix); }
 
-    /// Exports a set in which there is nothing to find.
-    void exportGoodSet(const QStringList& words = {}) const {
-        const QString color = writeImage(word("color.png"), patternedImage(side, side, 1));
-        const QString normal = writeImage(word("normal.png"), bumpyNormals());
-        const Outcome outcome = runCli(QStringList{word("material"), word("--base-color"), color,
-                                                   word("--normal"), normal, word("--name"), word("Brick"),
-                                                   word("--size"), word("base"), word("--output"), output()} +
-                                       words);
+    /// Exports a set without any findings.
+    void exportGoodSet(const QStringList& arguments = {}) const {
+        const QString color = writeImage(u"color.png"_s, patternedImage(side, side, 1));
+        const QString normal = writeImage(u"normal.png"_s, bumpyNormals());
+        const Outcome outcome =
+            runCli(QStringList{u"material"_s, u"--base-color"_s, color, u"--normal"_s, normal, u"--name"_s,
+                               u"Brick"_s, u"--size"_s, u"base"_s, u"--output"_s, output()} +
+                   arguments);
         ASSERT_EQ(outcome.status, 0) << outcome.errors;
     }
 
-    Outcome check(const QStringList& words = {}) const {
-        return runCli(QStringList{word("check"), set} + words);
+    Outcome check(const QStringList& arguments = {}) const {
+        return runCli(QStringList{u"check"_s, set} + arguments);
     }
-    /// What the check says of the set; it may find nothing else.
+    /// Expects that the check of the set finds this and nothing else.
     void expectFinding(const std::string& finding) const {
         const Outcome outcome = check();
         EXPECT_EQ(outcome.errors, "");
@@ -82,7 +82,7 @@ protected:
         EXPECT_EQ(outcome.output, set.toStdString() + "\n1 folder checked: 0 errors, 0 warnings, 0 notes\n");
     }
 
-    /// Changes the document of the set.
+    /// Replaces a part of the set's .gltf.
     void edit(const QByteArray& before, const QByteArray& after) const {
         QByteArray text = bytesOf(file(".gltf"));
         ASSERT_TRUE(text.contains(before));
@@ -94,7 +94,7 @@ protected:
         ASSERT_TRUE(device.open(QIODevice::WriteOnly));
         ASSERT_EQ(device.write(bytes), bytes.size());
     }
-    /// Replaces an image of the set by what `change` makes of it.
+    /// Applies `change` to an image of the set.
     void redraw(const char* suffix, const std::function<QImage(const QImage&)>& change) const {
         ASSERT_TRUE(change(QImage(file(suffix))).save(file(suffix), "PNG"));
     }
@@ -111,7 +111,7 @@ TEST_F(Check, FindsNothingInAGoodSet) {
 }
 
 TEST_F(Check, FindsNothingInAGoodSetWithoutDocument) {
-    exportGoodSet({word("--no-gltf")});
+    exportGoodSet({u"--no-gltf"_s});
     expectNothing(check());
 }
 
@@ -121,7 +121,7 @@ TEST_F(Check, FindsAFolderThatIsMissing) {
 
 TEST_F(Check, FindsAFolderThatIsAFile) {
     exportGoodSet();
-    const Outcome outcome = runCli({word("check"), file(".gltf")});
+    const Outcome outcome = runCli({u"check"_s, file(".gltf")});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.output, HasSubstr("[unreadable-folder]"));
 }
@@ -137,7 +137,7 @@ TEST_F(Check, FindsADocumentThatCannotBeRead) {
     expectFinding("error: Brick.gltf: The .gltf can't be read. [unreadable-document]");
 }
 
-TEST_F(Check, FindsADocumentThatIsNoJson) {
+TEST_F(Check, FindsADocumentThatIsNotJson) {
     exportGoodSet();
     writeDocument("{ \"asset\": ");
     const Outcome outcome = check();
@@ -154,7 +154,7 @@ TEST_F(Check, FindsADocumentOfAnotherVersion) {
         "[invalid-gltf]");
 }
 
-TEST_F(Check, FindsJsonThatIsNoDocument) {
+TEST_F(Check, FindsJsonThatIsNotGltf) {
     exportGoodSet();
     for (const char* text : {"[]", "[1]", "{}", "{\"asset\": 2}", "{\"asset\": {\"version\": 2.0}}"}) {
         writeDocument(text);
@@ -172,7 +172,7 @@ TEST_F(Check, FindsADocumentWithoutMaterial) {
         "[invalid-gltf]");
 }
 
-TEST_F(Check, FindsAReferenceToWhatIsNotThere) {
+TEST_F(Check, FindsAReferenceToAMissingElement) {
     for (const char* index : {"9", "-1", "1.5", "\"2\"", "null"}) {
         exportGoodSet();
         edit("\"normalTexture\" : {\n        \"index\" : 2",
@@ -210,7 +210,7 @@ TEST_F(Check, FindsAMissingImage) {
 }
 
 TEST_F(Check, FindsAMissingImageWithoutDocument) {
-    exportGoodSet({word("--no-gltf")});
+    exportGoodSet({u"--no-gltf"_s});
     ASSERT_TRUE(QFile::remove(file("_BaseColor.png")));
     expectFinding("error: Brick_BaseColor.png: The image is missing. [missing-image]");
 }
@@ -222,7 +222,7 @@ TEST_F(Check, FindsAFolderInPlaceOfAnImage) {
     expectFinding("error: Brick_ORM.png: The image can't be read. [missing-image]");
 }
 
-TEST_F(Check, FindsAnImageThatIsCutOff) {
+TEST_F(Check, FindsATruncatedImage) {
     exportGoodSet();
     const QByteArray whole = bytesOf(file("_BaseColor.png"));
     write(file("_BaseColor.png"), whole.left(whole.size() / 2));
@@ -230,20 +230,20 @@ TEST_F(Check, FindsAnImageThatIsCutOff) {
         "error: Brick_BaseColor.png: The file is not a complete, undamaged image. [undecodable-image]");
 }
 
-TEST_F(Check, FindsAFormatThatGltfDoesNotHave) {
+TEST_F(Check, FindsAFormatOutsideGltf) {
     exportGoodSet();
     ASSERT_TRUE(QImage(file("_BaseColor.png")).save(file("_BaseColor.png"), "BMP"));
     expectFinding("error: Brick_BaseColor.png: The image is neither PNG nor JPEG. [wrong-format]");
 }
 
-TEST_F(Check, FindsAFormatThatTheNameDoesNotTell) {
+TEST_F(Check, FindsAFormatThatContradictsTheName) {
     exportGoodSet();
     ASSERT_TRUE(QImage(file("_BaseColor.png")).save(file("_BaseColor.png"), "JPG"));
     expectFinding(
         "error: Brick_BaseColor.png: The image is a JPEG, but its name says otherwise. [wrong-format]");
 }
 
-TEST_F(Check, FindsAGrayImageWhereChannelsAreToDiffer) {
+TEST_F(Check, FindsAGrayImageWhereChannelsMustDiffer) {
     exportGoodSet();
     redraw("_ORM.png", inGray);
     expectFinding(
@@ -251,7 +251,7 @@ TEST_F(Check, FindsAGrayImageWhereChannelsAreToDiffer) {
         "[wrong-channels]");
 }
 
-TEST_F(Check, TakesAGrayBaseColor) {
+TEST_F(Check, AcceptsAGrayBaseColor) {
     exportGoodSet();
     redraw("_BaseColor.png", inGray);
     expectNothing(check());
@@ -273,7 +273,7 @@ TEST_F(Check, FindsAPalette) {
         "[indexed-color]");
 }
 
-TEST_F(Check, FindsSidesThatAreNoPowersOfTwo) {
+TEST_F(Check, FindsSidesThatAreNotPowersOfTwo) {
     exportGoodSet();
     redrawAll([](const QImage& image) { return image.copy(0, 0, side, side - 1); });
     const Outcome outcome = check();
@@ -307,7 +307,7 @@ TEST_F(Check, FindsMapsOfDifferentSizes) {
         "another size. [different-sizes]");
 }
 
-TEST_F(Check, FindsAnOcclusionTextureOfItsOwn) {
+TEST_F(Check, FindsASeparateOcclusionTexture) {
     exportGoodSet();
     ASSERT_TRUE(QFile::copy(file("_ORM.png"), file("_AO.png")));
     writeDocument(
@@ -338,7 +338,7 @@ TEST_F(Check, FindsAlphaThatAnOpaqueMaterialIgnores) {
 }
 
 TEST_F(Check, FindsAnInvertedNormalMap) {
-    exportGoodSet({word("--flip-normal-green")});
+    exportGoodSet({u"--flip-normal-green"_s});
     expectFinding(
         "warning: Brick_Normal.png: Green looks inverted: the normal map fits a surface if green points "
         "down, as in DirectX, but in glTF it points up. [normal-inverted]");
@@ -415,7 +415,7 @@ TEST_F(Check, NotesAMaterialWithoutImages) {
 TEST_F(Check, ReportsLinesOfJson) {
     exportGoodSet();
     ASSERT_TRUE(QFile::remove(file("_ORM.png")));
-    const Outcome outcome = check({output() + word("/none"), word("--json")});
+    const Outcome outcome = check({output() + u"/none"_s, u"--json"_s});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.errors, "");
     EXPECT_EQ(
@@ -433,35 +433,35 @@ TEST_F(Check, ReportsLinesOfJson) {
 
 TEST_F(Check, TakesPathsRelativeToTheWorkingDirectory) {
     exportGoodSet();
-    expectNothing(runCli({word("check"), word("output/Brick/")}, path({})));
+    expectNothing(runCli({u"check"_s, u"output/Brick/"_s}, path({})));
 }
 
 TEST_F(Check, NeedsAFolder) {
-    const Outcome outcome = runCli({word("check")});
+    const Outcome outcome = runCli({u"check"_s});
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.errors, "quarlin-cli: FOLDER is required\nTry 'quarlin-cli check --help'.\n");
-    EXPECT_EQ(runCli({word("check"), QString()}).errors,
+    EXPECT_EQ(runCli({u"check"_s, QString()}).errors,
               "quarlin-cli: The command takes a path, not ''\nTry 'quarlin-cli check --help'.\n");
 }
 
 /// Sets that Quarlin exports from the sample textures.
 class CheckOfSamples : public CliTest, public testing::WithParamInterface<const char*> {
 protected:
-    const QStringList size{word("--size"), word(GetParam()), word("--output"), output()};
+    const QStringList size{u"--size"_s, QString::fromUtf8(GetParam()), u"--output"_s, output()};
 
-    Outcome checked(const QStringList& words) const {
-        EXPECT_EQ(runCli(words + size).status, 0);
+    Outcome checked(const QStringList& arguments) const {
+        EXPECT_EQ(runCli(arguments + size).status, 0);
         const QString set =
             output() + u'/' + QDir(output()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).value(0);
-        return runCli({word("check"), set});
+        return runCli({u"check"_s, set});
     }
     QStringList maps() const {
-        return {word("maps"), word("--source"), word(SAMPLES_PATH "/brick_wall_basecolor.jpg")};
+        return {u"maps"_s, u"--source"_s, QString::fromUtf8(SAMPLES_PATH "/brick_wall_basecolor.jpg")};
     }
 };
 
 TEST_P(CheckOfSamples, FindsNothingInTheMaterialSet) {
-    const Outcome outcome = checked({word("material"), word("--folder"), word(SAMPLES_PATH)});
+    const Outcome outcome = checked({u"material"_s, u"--folder"_s, QString::fromUtf8(SAMPLES_PATH)});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, HasSubstr("\n1 folder checked: 0 errors, 0 warnings, 0 notes\n"));
 }
@@ -474,13 +474,13 @@ TEST_P(CheckOfSamples, FindsThatTheGreenOfTheGeneratedNormalMapPointsDown) {
 }
 
 TEST_P(CheckOfSamples, FindsNothingInTheGeneratedSetOnceItsGreenIsFlipped) {
-    const Outcome outcome = checked(maps() + QStringList{word("--flip-green")});
+    const Outcome outcome = checked(maps() + QStringList{u"--flip-green"_s});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, HasSubstr("\n1 folder checked: 0 errors, 0 warnings, 0 notes\n"));
 }
 
 TEST_P(CheckOfSamples, FindsTheORMThatWasNotExported) {
-    const Outcome outcome = checked(maps() + QStringList{word("--flip-green"), word("--no-orm")});
+    const Outcome outcome = checked(maps() + QStringList{u"--flip-green"_s, u"--no-orm"_s});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(
         outcome.output,
@@ -488,8 +488,7 @@ TEST_P(CheckOfSamples, FindsTheORMThatWasNotExported) {
 }
 
 TEST_P(CheckOfSamples, NotesTheORMThatIsNotNeededWithoutDocument) {
-    const Outcome outcome =
-        checked(maps() + QStringList{word("--flip-green"), word("--no-orm"), word("--no-gltf")});
+    const Outcome outcome = checked(maps() + QStringList{u"--flip-green"_s, u"--no-orm"_s, u"--no-gltf"_s});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, HasSubstr("\n  note: The material has no ORM image. [no-orm]\n"));
 }

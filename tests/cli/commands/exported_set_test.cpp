@@ -1,4 +1,4 @@
-// What an exported set is to the programs of others.
+// Exported sets are read by other programs.
 
 #include "cli_test.h"
 
@@ -16,7 +16,7 @@ using testing::HasSubstr;
 
 namespace {
 
-/// The name that a set is exported under.
+/// The name of an exported set.
 struct SetName {
     const char* name;
     const char* typed;
@@ -43,7 +43,7 @@ protected:
     QString documentIn(const QString& folder) const { return folder + u'/' + name + u".gltf"_s; }
 };
 
-/// The validator's report names every issue; it ends with success only when none is an error or a warning.
+/// Runs the validator, which lists every issue and succeeds only if none of them is an error or a warning.
 void expectValid(const QString& document) {
     const Outcome outcome = run(QStringLiteral(NODE_PATH), {QStringLiteral(VALIDATE_SCRIPT), document});
     EXPECT_EQ(outcome.status, 0) << outcome.output << outcome.errors;
@@ -95,7 +95,7 @@ TEST_P(ExportedSet, LoadsWithItsImages) {
     }
 }
 
-TEST_P(ExportedSet, HoldsPngFilesThatOthersAccept) {
+TEST_P(ExportedSet, ContainsPngFilesThatOtherProgramsAccept) {
     int count = 0;
     for (const QString& folder : {materialSet(), generatedSet()}) {
         for (const QString& file : QDir(folder).entryList({u"*.png"_s}, QDir::Files)) {

@@ -4,37 +4,37 @@
 
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin::tests;
 using testing::HasSubstr;
 
 namespace {
 
-QString word(const char* text) { return QString::fromUtf8(text); }
-
 class MapsBatch : public BatchTest {
 protected:
-    QStringList fromFolder() const { return {word("--source"), sources()}; }
+    QStringList fromFolder() const { return {u"--source"_s, sources()}; }
 };
 
 TEST_F(MapsBatch, ReportsTheSetsOfAFolderByName) {
-    writeSource(word("wood.png"));
-    writeSource(word("Brick.PNG"));
+    writeSource(u"wood.png"_s);
+    writeSource(u"Brick.PNG"_s);
     const Outcome outcome = runMaps(fromFolder());
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
     EXPECT_EQ(outcome.output, mapsReport("Brick") + mapsReport("wood") + "2 sets exported\n");
-    EXPECT_EQ(exportedSets(), (QStringList{word("Brick"), word("wood")}));
+    EXPECT_EQ(exportedSets(), (QStringList{u"Brick"_s, u"wood"_s}));
 }
 
-TEST_F(MapsBatch, GivesTheBytesOfSingleRuns) {
+TEST_F(MapsBatch, WritesTheBytesOfSingleRuns) {
     QMap<QString, FolderContents> single;
     for (int index = 0; index < 6; ++index) {
-        const QString name = word("texture") + QString::number(index);
-        const QString file = writeSource(name + word(".png"), index);
-        ASSERT_EQ(runMaps({word("--source"), file}).status, 0);
+        const QString name = u"texture"_s + QString::number(index);
+        const QString file = writeSource(name + u".png"_s, index);
+        ASSERT_EQ(runMaps({u"--source"_s, file}).status, 0);
         single[name] = takenFrom(output() + u'/' + name);
     }
-    const Outcome outcome = runMaps(fromFolder() + QStringList{word("--jobs"), word("5")});
+    const Outcome outcome = runMaps(fromFolder() + QStringList{u"--jobs"_s, u"5"_s});
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
     std::string wanted;
     for (auto set = single.begin(); set != single.end(); ++set) {
@@ -44,42 +44,42 @@ TEST_F(MapsBatch, GivesTheBytesOfSingleRuns) {
     EXPECT_EQ(outcome.output, wanted + "6 sets exported\n");
 }
 
-TEST_F(MapsBatch, ReportsSourcesInTheOrderOfTheWords) {
-    const QString wood = writeSource(word("wood.png"));
-    const QString brick = writeSource(word("brick.png"));
-    const Outcome outcome = runMaps({word("--source"), wood, word("--source"), brick});
+TEST_F(MapsBatch, ReportsSourcesInTheOrderOfTheArguments) {
+    const QString wood = writeSource(u"wood.png"_s);
+    const QString brick = writeSource(u"brick.png"_s);
+    const Outcome outcome = runMaps({u"--source"_s, wood, u"--source"_s, brick});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output, mapsReport("wood") + mapsReport("brick") + "2 sets exported\n");
 }
 
-TEST_F(MapsBatch, TakesAFileThatIsNamedTwiceOnce) {
-    const QString wood = writeSource(word("wood.png"));
-    const Outcome outcome = runMaps({word("--source"), wood, word("--source"), sources()});
+TEST_F(MapsBatch, ExportsAFileThatIsGivenTwiceOnce) {
+    const QString wood = writeSource(u"wood.png"_s);
+    const Outcome outcome = runMaps({u"--source"_s, wood, u"--source"_s, sources()});
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
     EXPECT_EQ(outcome.output, mapsReport("wood") + "1 set exported\n");
 }
 
-TEST_F(MapsBatch, GoesOnAfterABrokenTexture) {
-    writeSource(word("a.png"));
-    writeBrokenSource(word("b.png"));
-    writeSource(word("c.png"));
+TEST_F(MapsBatch, ContinuesAfterABrokenTexture) {
+    writeSource(u"a.png"_s);
+    writeBrokenSource(u"b.png"_s);
+    writeSource(u"c.png"_s);
     const Outcome outcome = runMaps(fromFolder());
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.errors, "b: Load failed: Could not read image: b.png\n");
     EXPECT_EQ(outcome.output, mapsReport("a") + mapsReport("c") + "2 sets exported, 1 failed\n");
-    EXPECT_EQ(exportedSets(), (QStringList{word("a"), word("c")}));
+    EXPECT_EQ(exportedSets(), (QStringList{u"a"_s, u"c"_s}));
 }
 
 TEST_F(MapsBatch, FailsWhenEveryTextureIsBroken) {
-    writeBrokenSource(word("a.png"));
-    writeBrokenSource(word("b.png"));
+    writeBrokenSource(u"a.png"_s);
+    writeBrokenSource(u"b.png"_s);
     const Outcome outcome = runMaps(fromFolder());
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, "0 sets exported, 2 failed\n");
 }
 
 TEST_F(MapsBatch, FailsForAFolderWithoutImages) {
-    writeBrokenSource(word("readme.txt"));
+    writeBrokenSource(u"readme.txt"_s);
     const Outcome outcome = runMaps(fromFolder());
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.errors, "sources: Load failed: No image files in folder: sources\n");
@@ -87,49 +87,46 @@ TEST_F(MapsBatch, FailsForAFolderWithoutImages) {
     EXPECT_FALSE(QDir(output()).exists());
 }
 
-TEST_F(MapsBatch, GoesOnAfterASourceThatIsMissing) {
-    const QString wood = writeSource(word("wood.png"));
-    const Outcome outcome = runMaps({word("--source"), path(word("none")), word("--source"), wood});
+TEST_F(MapsBatch, ContinuesAfterAMissingSource) {
+    const QString wood = writeSource(u"wood.png"_s);
+    const Outcome outcome = runMaps({u"--source"_s, path(u"none"_s), u"--source"_s, wood});
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.errors, "none: Load failed: Could not read image: none\n");
     EXPECT_EQ(outcome.output, mapsReport("wood") + "1 set exported, 1 failed\n");
 }
 
-TEST_F(MapsBatch, GoesOnAfterAFolderThatCannotBeRead) {
-    const QString wood = writeSource(word("wood.png"));
-    ASSERT_TRUE(QDir(path({})).mkdir(word("locked")));
-    const QString locked = path(word("locked"));
+TEST_F(MapsBatch, ContinuesAfterAnUnreadableFolder) {
+    const QString wood = writeSource(u"wood.png"_s);
+    ASSERT_TRUE(QDir(path({})).mkdir(u"locked"_s));
+    const QString locked = path(u"locked"_s);
     ASSERT_TRUE(QFile::setPermissions(locked, {}));
-    // Root reads everything, unless that capability is taken away.
-    const QString prefix = geteuid() == 0
-                               ? word("setpriv --bounding-set=-dac_override,-dac_read_search \"$@\"")
-                               : word("\"$@\"");
-    const Outcome outcome =
-        runCliThroughShell(prefix, {word("maps"), word("--source"), locked, word("--source"), wood,
-                                    word("--size"), word("base"), word("--output"), output()});
+    // Root can read everything unless this capability is removed.
+    const QString prefix =
+        geteuid() == 0 ? u"setpriv --bounding-set=-dac_override,-dac_read_search \"$@\""_s : u"\"$@\""_s;
+    const Outcome outcome = runCliThroughShell(prefix, {u"maps"_s, u"--source"_s, locked, u"--source"_s, wood,
+                                                        u"--size"_s, u"base"_s, u"--output"_s, output()});
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.errors, "locked: Load failed: Could not read folder: locked (Permission denied)\n");
     EXPECT_EQ(outcome.output, mapsReport("wood") + "1 set exported, 1 failed\n");
     ASSERT_TRUE(QFile::setPermissions(locked, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
 }
 
-TEST_F(MapsBatch, RefusesTwoSourcesForOneFolder) {
-    writeSource(word("a/wood.png"));
-    writeSource(word("b/Wood.png"));
-    writeSource(word("b/brick.png"));
-    const Outcome outcome =
-        runMaps({word("--source"), sources() + word("/a"), word("--source"), sources() + word("/b")});
+TEST_F(MapsBatch, RefusesTwoSetsForOneFolder) {
+    writeSource(u"a/wood.png"_s);
+    writeSource(u"b/Wood.png"_s);
+    writeSource(u"b/brick.png"_s);
+    const Outcome outcome = runMaps({u"--source"_s, sources() + u"/a"_s, u"--source"_s, sources() + u"/b"_s});
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.errors,
               "wood: Export failed: The set of Wood.png goes to the same folder\n"
               "Wood: Export failed: The set of wood.png goes to the same folder\n");
     EXPECT_EQ(outcome.output, mapsReport("brick") + "1 set exported, 2 failed\n");
-    EXPECT_EQ(exportedSets(), QStringList{word("brick")});
+    EXPECT_EQ(exportedSets(), QStringList{u"brick"_s});
 }
 
-TEST_F(MapsBatch, RefusesNamesThatAreTheSameOnceTheyAreCleaned) {
-    writeSource(word("wood wall.png"));
-    writeSource(word("wood_wall.png"));
+TEST_F(MapsBatch, RefusesNamesThatAreEqualOnceTheyAreSafe) {
+    writeSource(u"wood wall.png"_s);
+    writeSource(u"wood_wall.png"_s);
     const Outcome outcome = runMaps(fromFolder());
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, "0 sets exported, 2 failed\n");
@@ -137,77 +134,77 @@ TEST_F(MapsBatch, RefusesNamesThatAreTheSameOnceTheyAreCleaned) {
 }
 
 TEST_F(MapsBatch, RefusesASourceThatAnotherSetWrites) {
-    const QString wood = writeSource(word("wood.png"));
-    ASSERT_EQ(runMaps({word("--source"), wood}).status, 0);
-    const FolderContents before = contentsOf(output() + word("/wood"));
+    const QString wood = writeSource(u"wood.png"_s);
+    ASSERT_EQ(runMaps({u"--source"_s, wood}).status, 0);
+    const FolderContents before = contentsOf(output() + u"/wood"_s);
     const Outcome outcome =
-        runMaps({word("--source"), wood, word("--source"), output() + word("/wood/wood_basecolor.png")});
+        runMaps({u"--source"_s, wood, u"--source"_s, output() + u"/wood/wood_basecolor.png"_s});
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.errors,
               "wood_basecolor: Export failed: The set wood overwrites its source wood_basecolor.png\n");
-    expectSame(contentsOf(output() + word("/wood")), before);
+    expectSame(contentsOf(output() + u"/wood"_s), before);
 }
 
-TEST_F(MapsBatch, LeavesSubfoldersAloneUnlessTold) {
-    writeSource(word("wood.png"));
-    writeSource(word("deep/er/brick.png"));
+TEST_F(MapsBatch, SkipsSubfoldersByDefault) {
+    writeSource(u"wood.png"_s);
+    writeSource(u"deep/er/brick.png"_s);
     EXPECT_EQ(runMaps(fromFolder()).output, mapsReport("wood") + "1 set exported\n");
-    EXPECT_EQ(runMaps(fromFolder() + QStringList{word("--recursive")}).output,
+    EXPECT_EQ(runMaps(fromFolder() + QStringList{u"--recursive"_s}).output,
               mapsReport("wood") + mapsReport("brick") + "2 sets exported\n");
 }
 
-TEST_F(MapsBatch, IsNoSourceOfItselfWhenExportedIntoTheFolderThatIsRead) {
-    writeSource(word("wood.png"));
-    const QStringList into{word("maps"),   word("--source"), sources(),        word("--recursive"),
-                           word("--size"), word("base"),     word("--output"), sources() + word("/out")};
+TEST_F(MapsBatch, DoesNotReadItsOwnOutputBelowTheSource) {
+    writeSource(u"wood.png"_s);
+    const QStringList into{u"maps"_s,   u"--source"_s, sources(),     u"--recursive"_s,
+                           u"--size"_s, u"base"_s,     u"--output"_s, sources() + u"/out"_s};
     for (int run = 0; run < 2; ++run) {
         const Outcome outcome = runCli(into);
         EXPECT_EQ(outcome.status, 0) << outcome.errors;
         EXPECT_THAT(outcome.output, HasSubstr("\n1 set exported\n"));
     }
-    EXPECT_EQ(QDir(sources() + word("/out")).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
-              QStringList{word("wood")});
+    EXPECT_EQ(QDir(sources() + u"/out"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
+              QStringList{u"wood"_s});
 }
 
 TEST_F(MapsBatch, FollowsLinksToFilesButNotToFolders) {
-    const QString wood = writeSource(word("wood.png"));
-    ASSERT_TRUE(QDir().mkdir(path(word("linked"))));
-    ASSERT_TRUE(QFile::link(wood, path(word("linked/oak.png"))));
-    ASSERT_TRUE(QFile::link(path(word("nowhere")), path(word("linked/lost.png"))));
-    ASSERT_TRUE(QFile::link(path(word("linked")), path(word("linked/round"))));
-    const Outcome outcome = runMaps({word("--source"), path(word("linked")), word("--recursive")});
+    const QString wood = writeSource(u"wood.png"_s);
+    ASSERT_TRUE(QDir().mkdir(path(u"linked"_s)));
+    ASSERT_TRUE(QFile::link(wood, path(u"linked/oak.png"_s)));
+    ASSERT_TRUE(QFile::link(path(u"nowhere"_s), path(u"linked/lost.png"_s)));
+    ASSERT_TRUE(QFile::link(path(u"linked"_s), path(u"linked/round"_s)));
+    const Outcome outcome = runMaps({u"--source"_s, path(u"linked"_s), u"--recursive"_s});
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.errors, "lost: Load failed: Could not read image: lost.png\n");
     EXPECT_EQ(outcome.output, mapsReport("oak") + "1 set exported, 1 failed\n");
 }
 
-TEST_F(MapsBatch, LeavesHiddenFilesAndOtherFilesAlone) {
-    writeSource(word("wood.png"));
-    writeSource(word("._wood.png"));
-    writeBrokenSource(word("wood.blend"));
-    writeBrokenSource(word("png"));
+TEST_F(MapsBatch, SkipsHiddenFilesAndOtherFiles) {
+    writeSource(u"wood.png"_s);
+    writeSource(u"._wood.png"_s);
+    writeBrokenSource(u"wood.blend"_s);
+    writeBrokenSource(u"png"_s);
     const Outcome outcome = runMaps(fromFolder());
     EXPECT_EQ(outcome.errors, "");
     EXPECT_EQ(outcome.output, mapsReport("wood") + "1 set exported\n");
 }
 
 TEST_F(MapsBatch, KeepsNamesOutsideAscii) {
-    writeSource(word("Größe 壁.png"));
+    writeSource(u"Größe 壁.png"_s);
     const Outcome outcome = runMaps(fromFolder());
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output, mapsReport("Größe_壁") + "1 set exported\n");
 }
 
-TEST_F(MapsBatch, GivesATypedNameToTheOnlySet) {
-    writeSource(word("wood.png"));
-    EXPECT_EQ(runMaps(fromFolder() + QStringList{word("--name"), word("Oak")}).output,
+TEST_F(MapsBatch, GivesTheNameToTheOnlySet) {
+    writeSource(u"wood.png"_s);
+    EXPECT_EQ(runMaps(fromFolder() + QStringList{u"--name"_s, u"Oak"_s}).output,
               mapsReport("Oak") + "1 set exported\n");
 }
 
 TEST_F(MapsBatch, RejectsOneNameForSeveralSets) {
-    writeSource(word("a.png"));
-    writeSource(word("b.png"));
-    const Outcome outcome = runMaps(fromFolder() + QStringList{word("--name"), word("Oak")});
+    writeSource(u"a.png"_s);
+    writeSource(u"b.png"_s);
+    const Outcome outcome = runMaps(fromFolder() + QStringList{u"--name"_s, u"Oak"_s});
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.output, "");
     EXPECT_EQ(outcome.errors,
@@ -215,12 +212,12 @@ TEST_F(MapsBatch, RejectsOneNameForSeveralSets) {
 }
 
 TEST_F(MapsBatch, ReportsLinesOfJson) {
-    writeSource(word("a.png"));
-    writeBrokenSource(word("b.png"));
+    writeSource(u"a.png"_s);
+    writeBrokenSource(u"b.png"_s);
     const Outcome outcome =
-        runMaps(fromFolder() + QStringList{word("--json"), word("--no-height"), word("--no-roughness"),
-                                           word("--no-gloss"), word("--no-metallic"), word("--no-ao"),
-                                           word("--no-orm"), word("--no-gltf"), word("--no-notes")});
+        runMaps(fromFolder() + QStringList{u"--json"_s, u"--no-height"_s, u"--no-roughness"_s,
+                                           u"--no-gloss"_s, u"--no-metallic"_s, u"--no-ao"_s, u"--no-orm"_s,
+                                           u"--no-gltf"_s, u"--no-notes"_s});
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.errors, "");
     const std::string folder = path({}).toStdString() + "/";
@@ -237,20 +234,20 @@ TEST_F(MapsBatch, ReportsLinesOfJson) {
 }
 
 TEST_F(MapsBatch, FailsWhenItsReportCannotBeWritten) {
-    writeSource(word("a.png"));
-    const Outcome outcome = runCliThroughShell(word("exec \"$@\" >/dev/full"),
-                                               {word("maps"), word("--source"), sources(), word("--size"),
-                                                word("base"), word("--output"), output()});
+    writeSource(u"a.png"_s);
+    const Outcome outcome = runCliThroughShell(
+        u"exec \"$@\" >/dev/full"_s,
+        {u"maps"_s, u"--source"_s, sources(), u"--size"_s, u"base"_s, u"--output"_s, output()});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.errors, "quarlin-cli: Could not write to the standard output\n");
-    EXPECT_EQ(exportedSets(), QStringList{word("a")});
+    EXPECT_EQ(exportedSets(), QStringList{u"a"_s});
 }
 
 TEST_F(MapsBatch, ExportsManySets) {
     for (int index = 0; index < 100; ++index) {
-        writeSource(word("t") + QString::number(index) + word(".png"), index);
+        writeSource(u"t"_s + QString::number(index) + u".png"_s, index);
     }
-    const Outcome outcome = runMaps(fromFolder() + QStringList{word("--jobs"), word("8")});
+    const Outcome outcome = runMaps(fromFolder() + QStringList{u"--jobs"_s, u"8"_s});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, testing::EndsWith("\n100 sets exported\n"));
     EXPECT_EQ(exportedSets().size(), 100);

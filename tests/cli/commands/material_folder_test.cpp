@@ -2,91 +2,87 @@
 
 #include <gmock/gmock.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin::tests;
 
 namespace {
 
-QString word(const char* text) { return QString::fromUtf8(text); }
-
 class MaterialFolder : public BatchTest {
 protected:
-    QStringList folder() const { return {word("--folder"), sources()}; }
+    QStringList folder() const { return {u"--folder"_s, sources()}; }
 
-    /// What a run that names the files gives for `name`.
-    FolderContents named(const QString& name, const QStringList& words) const {
-        const Outcome outcome =
-            runCli(QStringList{word("material"), word("--size"), word("base"), word("--name"), name,
-                               word("--output"), path(word("expected"))} +
-                   words);
+    /// The set `name` as exported by a run that is given its files.
+    FolderContents named(const QString& name, const QStringList& arguments) const {
+        const Outcome outcome = runCli(QStringList{u"material"_s, u"--size"_s, u"base"_s, u"--name"_s, name,
+                                                   u"--output"_s, path(u"expected"_s)} +
+                                       arguments);
         EXPECT_EQ(outcome.status, 0) << outcome.errors;
-        return takenFrom(path(word("expected/")) + name);
+        return takenFrom(path(u"expected/"_s) + name);
     }
 };
 
-TEST_F(MaterialFolder, GivesTheBytesOfARunThatNamesTheFiles) {
-    const QString color = writeSource(word("Brick_BaseColor_2k.png"), 1);
-    const QString normal = writeSource(word("brick-normal.png"), 2);
-    const QString occlusion = writeSource(word("BrickAO.png"), 3);
-    const QString roughness = writeSource(word("brick_rough.png"), 4);
-    const QString metallic = writeSource(word("brick metalness.png"), 5);
+TEST_F(MaterialFolder, WritesTheBytesOfARunThatNamesTheFiles) {
+    const QString color = writeSource(u"Brick_BaseColor_2k.png"_s, 1);
+    const QString normal = writeSource(u"brick-normal.png"_s, 2);
+    const QString occlusion = writeSource(u"BrickAO.png"_s, 3);
+    const QString roughness = writeSource(u"brick_rough.png"_s, 4);
+    const QString metallic = writeSource(u"brick metalness.png"_s, 5);
     const Outcome outcome = runMaterial(folder());
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
     EXPECT_EQ(outcome.output, materialReport("Brick", true) + "1 set exported\n");
-    expectSame(
-        contentsOf(output() + word("/Brick")),
-        named(word("Brick"), {word("--base-color"), color, word("--normal"), normal, word("--occlusion"),
-                              occlusion, word("--roughness"), roughness, word("--metallic"), metallic}));
+    expectSame(contentsOf(output() + u"/Brick"_s),
+               named(u"Brick"_s, {u"--base-color"_s, color, u"--normal"_s, normal, u"--occlusion"_s,
+                                  occlusion, u"--roughness"_s, roughness, u"--metallic"_s, metallic}));
 }
 
 TEST_F(MaterialFolder, InvertsGlossForItsMaterialAlone) {
-    const QString brick = writeSource(word("brick_color.png"), 1);
-    const QString gloss = writeSource(word("brick_gloss.png"), 2);
-    const QString wood = writeSource(word("wood_color.png"), 3);
-    const QString roughness = writeSource(word("wood_roughness.png"), 4);
+    const QString brick = writeSource(u"brick_color.png"_s, 1);
+    const QString gloss = writeSource(u"brick_gloss.png"_s, 2);
+    const QString wood = writeSource(u"wood_color.png"_s, 3);
+    const QString roughness = writeSource(u"wood_roughness.png"_s, 4);
     const Outcome outcome = runMaterial(folder());
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output,
               materialReport("brick") +
                   "Note: the roughness texture is a gloss map by its name, so it is inverted\n" +
                   materialReport("wood") + "2 sets exported\n");
-    expectSame(
-        contentsOf(output() + word("/brick")),
-        named(word("brick"), {word("--base-color"), brick, word("--roughness"), gloss, word("--gloss")}));
-    expectSame(contentsOf(output() + word("/wood")),
-               named(word("wood"), {word("--base-color"), wood, word("--roughness"), roughness}));
+    expectSame(contentsOf(output() + u"/brick"_s),
+               named(u"brick"_s, {u"--base-color"_s, brick, u"--roughness"_s, gloss, u"--gloss"_s}));
+    expectSame(contentsOf(output() + u"/wood"_s),
+               named(u"wood"_s, {u"--base-color"_s, wood, u"--roughness"_s, roughness}));
 }
 
 TEST_F(MaterialFolder, FlipsTheGreenOfADirectXNormalMap) {
-    const QString color = writeSource(word("brick_color.png"), 1);
-    const QString normal = writeSource(word("brick_NormalDX.png"), 2);
+    const QString color = writeSource(u"brick_color.png"_s, 1);
+    const QString normal = writeSource(u"brick_NormalDX.png"_s, 2);
     const Outcome outcome = runMaterial(folder());
     EXPECT_EQ(outcome.output,
               materialReport("brick", true) +
                   "Note: the normal map is for DirectX by its name, so its green is inverted\n"
                   "1 set exported\n");
-    expectSame(contentsOf(output() + word("/brick")),
-               named(word("brick"),
-                     {word("--base-color"), color, word("--normal"), normal, word("--flip-normal-green")}));
+    expectSame(contentsOf(output() + u"/brick"_s), named(u"brick"_s, {u"--base-color"_s, color, u"--normal"_s,
+                                                                      normal, u"--flip-normal-green"_s}));
 }
 
-TEST_F(MaterialFolder, TakesTheOpenGLMapOfTwoNormalMaps) {
-    const QString color = writeSource(word("brick_Color.png"), 1);
-    const QString openGL = writeSource(word("brick_NormalGL.png"), 2);
-    const QString directX = writeSource(word("brick_NormalDX.png"), 3);
+TEST_F(MaterialFolder, UsesTheOpenGLMapOfTwoNormalMaps) {
+    const QString color = writeSource(u"brick_Color.png"_s, 1);
+    const QString openGL = writeSource(u"brick_NormalGL.png"_s, 2);
+    const QString directX = writeSource(u"brick_NormalDX.png"_s, 3);
     const Outcome outcome = runMaterial(folder());
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "Left out: " + directX.toStdString() +
                                   " (brick_NormalGL.png is used instead, which is for OpenGL)\n");
     EXPECT_EQ(outcome.output, materialReport("brick", true) + "1 set exported, 1 file left out\n");
-    expectSame(contentsOf(output() + word("/brick")),
-               named(word("brick"), {word("--base-color"), color, word("--normal"), openGL}));
+    expectSame(contentsOf(output() + u"/brick"_s),
+               named(u"brick"_s, {u"--base-color"_s, color, u"--normal"_s, openGL}));
 }
 
-TEST_F(MaterialFolder, ReportsFilesThatNoSlotTakes) {
-    writeSource(word("brick_color.png"));
-    const QString height = writeSource(word("brick_height.png"));
-    writeBrokenSource(word("license.txt"));
+TEST_F(MaterialFolder, ReportsFilesThatMatchNoSlot) {
+    writeSource(u"brick_color.png"_s);
+    const QString height = writeSource(u"brick_height.png"_s);
+    writeBrokenSource(u"license.txt"_s);
     const Outcome outcome = runMaterial(folder());
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "Left out: " + height.toStdString() + " (its name matches no slot)\n");
@@ -94,21 +90,21 @@ TEST_F(MaterialFolder, ReportsFilesThatNoSlotTakes) {
 }
 
 TEST_F(MaterialFolder, DoesNotChooseBetweenTwoFilesForOneSlot) {
-    writeSource(word("brick_color.png"));
-    writeSource(word("brick_gloss.png"));
-    writeSource(word("brick_rough.png"));
-    writeSource(word("wood_albedo.png"));
+    writeSource(u"brick_color.png"_s);
+    writeSource(u"brick_gloss.png"_s);
+    writeSource(u"brick_rough.png"_s);
+    writeSource(u"wood_albedo.png"_s);
     const Outcome outcome = runMaterial(folder());
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.errors,
               "brick: Load failed: brick_gloss.png and brick_rough.png are both for Roughness / Gloss\n");
     EXPECT_EQ(outcome.output, materialReport("wood") + "1 set exported, 1 failed\n");
-    EXPECT_EQ(exportedSets(), QStringList{word("wood")});
+    EXPECT_EQ(exportedSets(), QStringList{u"wood"_s});
 }
 
 TEST_F(MaterialFolder, DoesNotChooseBetweenResolutions) {
-    writeSource(word("brick_color_1k.png"));
-    writeSource(word("brick_color_2k.png"));
+    writeSource(u"brick_color_1k.png"_s);
+    writeSource(u"brick_color_2k.png"_s);
     const Outcome outcome = runMaterial(folder());
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.errors,
@@ -116,8 +112,8 @@ TEST_F(MaterialFolder, DoesNotChooseBetweenResolutions) {
 }
 
 TEST_F(MaterialFolder, FailsAMaterialWithoutBaseColor) {
-    writeSource(word("brick_normal.png"));
-    writeSource(word("wood_color.png"));
+    writeSource(u"brick_normal.png"_s);
+    writeSource(u"wood_color.png"_s);
     const Outcome outcome = runMaterial(folder());
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.errors, "brick: Export failed: Base Color texture is required.\n");
@@ -125,56 +121,56 @@ TEST_F(MaterialFolder, FailsAMaterialWithoutBaseColor) {
 }
 
 TEST_F(MaterialFolder, NamesAMaterialAfterItsFolderWhenTheFilesDoNot) {
-    writeSource(word("Red Brick/basecolor.png"));
-    writeSource(word("Red Brick/normal.png"));
-    const Outcome outcome = runMaterial({word("--folder"), sources() + word("/Red Brick")});
+    writeSource(u"Red Brick/basecolor.png"_s);
+    writeSource(u"Red Brick/normal.png"_s);
+    const Outcome outcome = runMaterial({u"--folder"_s, sources() + u"/Red Brick"_s});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output, materialReport("Red_Brick", true) + "1 set exported\n");
 }
 
 TEST_F(MaterialFolder, KeepsTheMaterialsOfSubfoldersApart) {
-    writeSource(word("brick/color.png"));
-    writeSource(word("wood/color.png"));
+    writeSource(u"brick/color.png"_s);
+    writeSource(u"wood/color.png"_s);
     EXPECT_EQ(runMaterial(folder()).errors, "sources: Load failed: No image files in folder: sources\n");
-    const Outcome outcome = runMaterial(folder() + QStringList{word("--recursive")});
+    const Outcome outcome = runMaterial(folder() + QStringList{u"--recursive"_s});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output, materialReport("brick") + materialReport("wood") + "2 sets exported\n");
 }
 
 TEST_F(MaterialFolder, TakesSeveralFolders) {
-    writeSource(word("a/brick_color.png"));
-    writeSource(word("b/wood_color.png"));
-    const Outcome outcome = runMaterial({word("--folder"), sources() + word("/b"), word("--folder"),
-                                         sources() + word("/a"), word("--folder"), sources() + word("/b/")});
+    writeSource(u"a/brick_color.png"_s);
+    writeSource(u"b/wood_color.png"_s);
+    const Outcome outcome = runMaterial({u"--folder"_s, sources() + u"/b"_s, u"--folder"_s,
+                                         sources() + u"/a"_s, u"--folder"_s, sources() + u"/b/"_s});
     EXPECT_EQ(outcome.output, materialReport("wood") + materialReport("brick") + "2 sets exported\n");
 }
 
 TEST_F(MaterialFolder, ExportsASetOntoItself) {
-    writeSource(word("brick_color.png"));
-    writeSource(word("brick_normal.png"));
+    writeSource(u"brick_color.png"_s);
+    writeSource(u"brick_normal.png"_s);
     ASSERT_EQ(runMaterial(folder()).status, 0);
-    const FolderContents before = contentsOf(output() + word("/brick"));
-    const Outcome outcome = runMaterial({word("--folder"), output() + word("/brick")});
+    const FolderContents before = contentsOf(output() + u"/brick"_s);
+    const Outcome outcome = runMaterial({u"--folder"_s, output() + u"/brick"_s});
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
     EXPECT_EQ(outcome.errors,
               "Left out: " + output().toStdString() + "/brick/brick_ORM.png (its name matches no slot)\n");
-    EXPECT_EQ(contentsOf(output() + word("/brick")).value(word("brick_BaseColor.png")),
-              before.value(word("brick_BaseColor.png")));
+    EXPECT_EQ(contentsOf(output() + u"/brick"_s).value(u"brick_BaseColor.png"_s),
+              before.value(u"brick_BaseColor.png"_s));
 }
 
-TEST_F(MaterialFolder, IsNoFile) {
-    const QString file = writeSource(word("brick_color.png"));
-    const Outcome outcome = runMaterial({word("--folder"), file});
+TEST_F(MaterialFolder, IsNotAFile) {
+    const QString file = writeSource(u"brick_color.png"_s);
+    const Outcome outcome = runMaterial({u"--folder"_s, file});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.errors,
               "brick_color.png: Load failed: Could not read folder: brick_color.png (Not a directory)\n");
 }
 
-TEST_F(MaterialFolder, TellsEverythingInLinesOfJson) {
-    const QString color = writeSource(word("brick_color.png"));
-    const QString gloss = writeSource(word("brick_gloss.png"));
-    const QString height = writeSource(word("brick_height.png"));
-    const Outcome outcome = runMaterial(folder() + QStringList{word("--json")});
+TEST_F(MaterialFolder, ReportsEverythingInLinesOfJson) {
+    const QString color = writeSource(u"brick_color.png"_s);
+    const QString gloss = writeSource(u"brick_gloss.png"_s);
+    const QString height = writeSource(u"brick_height.png"_s);
+    const Outcome outcome = runMaterial(folder() + QStringList{u"--json"_s});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
     EXPECT_EQ(
@@ -193,10 +189,10 @@ TEST_F(MaterialFolder, TellsEverythingInLinesOfJson) {
             "\"notStarted\": 0, \"leftOut\": 1}\n");
 }
 
-TEST_F(MaterialFolder, DoesNotGoTogetherWithTheFileOfASlot) {
-    const QString color = writeSource(word("brick_color.png"));
+TEST_F(MaterialFolder, CannotBeCombinedWithTheFileOfASlot) {
+    const QString color = writeSource(u"brick_color.png"_s);
     for (const char* slot : {"--base-color", "--normal", "--occlusion", "--roughness", "--metallic"}) {
-        const Outcome outcome = runMaterial(folder() + QStringList{word(slot), color});
+        const Outcome outcome = runMaterial(folder() + QStringList{QString::fromUtf8(slot), color});
         EXPECT_EQ(outcome.status, 2);
         EXPECT_EQ(outcome.errors,
                   "quarlin-cli: --folder can't be combined with the file of a slot\n"

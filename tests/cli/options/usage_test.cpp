@@ -31,12 +31,12 @@ TEST_F(Usage, HelpNamesTheCommands) {
     EXPECT_THAT(outcome.output, HasSubstr("\n  check "));
 }
 
-struct CommandWords {
+struct CommandOptionNames {
     const char* name;
     std::vector<const char*> options;
 };
 
-class CommandHelp : public testing::TestWithParam<CommandWords> {};
+class CommandHelp : public testing::TestWithParam<CommandOptionNames> {};
 
 TEST_P(CommandHelp, NamesEveryOption) {
     const QString command = QString::fromLatin1(GetParam().name);
@@ -52,28 +52,28 @@ TEST_P(CommandHelp, NamesEveryOption) {
 INSTANTIATE_TEST_SUITE_P(
     Commands, CommandHelp,
     testing::Values(
-        CommandWords{"material",
-                     {"base-color FILE",
-                      "normal FILE",
-                      "occlusion FILE",
-                      "roughness FILE",
-                      "metallic FILE",
-                      "name TEXT",
-                      "size SIZE",
-                      "gloss",
-                      "flip-normal-green",
-                      "default-occlusion F",
-                      "default-roughness F",
-                      "default-metallic F",
-                      "no-gltf",
-                      "no-notes",
-                      "output DIR",
-                      "json",
-                      "folder DIR",
-                      "recursive",
-                      "jobs N",
-                      "dry-run"}},
-        CommandWords{
+        CommandOptionNames{"material",
+                           {"base-color FILE",
+                            "normal FILE",
+                            "occlusion FILE",
+                            "roughness FILE",
+                            "metallic FILE",
+                            "name TEXT",
+                            "size SIZE",
+                            "gloss",
+                            "flip-normal-green",
+                            "default-occlusion F",
+                            "default-roughness F",
+                            "default-metallic F",
+                            "no-gltf",
+                            "no-notes",
+                            "output DIR",
+                            "json",
+                            "folder DIR",
+                            "recursive",
+                            "jobs N",
+                            "dry-run"}},
+        CommandOptionNames{
             "maps",
             {"source FILE",   "name TEXT",  "size SIZE",       "strength F",      "smoothing N",
              "invert-height", "flip-green", "roughness-min F", "roughness-max F", "metallic-strength F",
@@ -82,24 +82,24 @@ INSTANTIATE_TEST_SUITE_P(
              "json",          "recursive",  "jobs N",          "dry-run"}}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
-struct BadWords {
+struct InvalidArgument {
     const char* name;
-    const char* words;
+    const char* arguments;
     const char* message;
-    /// The command whose help is pointed to.
+    /// The command whose help the message refers to.
     const char* help;
 };
 
-class WordsThatAreOff : public CliTest, public testing::WithParamInterface<BadWords> {};
+class InvalidArguments : public CliTest, public testing::WithParamInterface<InvalidArgument> {};
 
-TEST_P(WordsThatAreOff, AreRejectedBeforeAnyWork) {
-    const BadWords& bad = GetParam();
+TEST_P(InvalidArguments, AreRejectedBeforeAnyWork) {
+    const InvalidArgument& bad = GetParam();
     writeGray(u"in.png"_s, 128);
-    QStringList words;
-    for (const QString& word : QString::fromLatin1(bad.words).split(u' ', Qt::SkipEmptyParts)) {
-        words += word == u"''"_s ? QString() : word;
+    QStringList arguments;
+    for (const QString& word : QString::fromLatin1(bad.arguments).split(u' ', Qt::SkipEmptyParts)) {
+        arguments += word == u"''"_s ? QString() : word;
     }
-    const Outcome outcome = runCli(words, path({}));
+    const Outcome outcome = runCli(arguments, path({}));
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.output, "");
     EXPECT_EQ(outcome.errors,
@@ -108,69 +108,74 @@ TEST_P(WordsThatAreOff, AreRejectedBeforeAnyWork) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Words, WordsThatAreOff,
+    Arguments, InvalidArguments,
     testing::Values(
-        BadWords{"None", "", "A command is missing", ""},
-        BadWords{"UnknownCommand", "bake", "Unknown command 'bake'", ""},
-        BadWords{"OptionsWithoutCommand", "--json", "Unknown command '--json'", ""},
-        BadWords{"NoBaseColor", "material --output out", "--base-color is required", "material "},
-        BadWords{"NoMaterialOutput", "material --base-color in.png", "--output is required", "material "},
-        BadWords{"NoSource", "maps --output out", "--source is required", "maps "},
-        BadWords{"NoMapsOutput", "maps --source in.png", "--output is required", "maps "},
-        BadWords{"UnknownOption", "maps --source in.png --output out --sharpness 3",
-                 "Unknown option 'sharpness'", "maps "},
-        BadWords{"OptionOfTheOtherCommand", "material --base-color in.png --output out --strength 3",
-                 "Unknown option 'strength'", "material "},
-        BadWords{"StrayWord", "material --base-color in.png --output out more", "Unexpected argument 'more'",
-                 "material "},
-        BadWords{"MissingValue", "maps --source in.png --output", "Missing value after '--output'", "maps "},
-        BadWords{"ValueOfASwitch", "maps --source in.png --output out --no-orm=yes",
-                 "Unexpected value after '--no-orm'", "maps "},
-        BadWords{"TwoValues", "maps --source in.png --output out --strength 3 --strength 4",
-                 "--strength is given more than once", "maps "},
-        BadWords{"EmptyFile", "material --base-color '' --output out", "--base-color takes a path, not ''",
-                 "material "},
-        BadWords{"EmptyOutput", "maps --source in.png --output ''", "--output takes a path, not ''", "maps "},
-        BadWords{"EmptySource", "maps --source in.png --source '' --output out",
-                 "--source takes a path, not ''", "maps "},
-        BadWords{"EmptyFolder", "material --folder '' --output out", "--folder takes a path, not ''",
-                 "material "},
-        BadWords{"NoJobs", "maps --source in.png --output out --jobs 0",
-                 "--jobs takes a whole number from 1 to 64, not '0'", "maps "},
-        BadWords{"TooManyJobs", "maps --source in.png --output out --jobs 65",
-                 "--jobs takes a whole number from 1 to 64, not '65'", "maps "},
-        BadWords{"UnknownSize", "maps --source in.png --output out --size 256",
-                 "--size takes base, 512, 1024, 2048 or 4096, not '256'", "maps "},
-        BadWords{"StrengthTooSmall", "maps --source in.png --output out --strength 0.19",
-                 "--strength takes a number from 0.2 to 10, not '0.19'", "maps "},
-        BadWords{"StrengthTooLarge", "maps --source in.png --output out --strength 10.001",
-                 "--strength takes a number from 0.2 to 10, not '10.001'", "maps "},
-        BadWords{"StrengthNotANumber", "maps --source in.png --output out --strength nan",
-                 "--strength takes a number from 0.2 to 10, not 'nan'", "maps "},
-        BadWords{"StrengthInfinite", "maps --source in.png --output out --strength inf",
-                 "--strength takes a number from 0.2 to 10, not 'inf'", "maps "},
-        BadWords{"StrengthWithComma", "maps --source in.png --output out --strength 1,5",
-                 "--strength takes a number from 0.2 to 10, not '1,5'", "maps "},
-        BadWords{"SmoothingNegative", "maps --source in.png --output out --smoothing -1",
-                 "--smoothing takes a whole number from 0 to 4, not '-1'", "maps "},
-        BadWords{"SmoothingTooLarge", "maps --source in.png --output out --smoothing 5",
-                 "--smoothing takes a whole number from 0 to 4, not '5'", "maps "},
-        BadWords{"SmoothingBroken", "maps --source in.png --output out --smoothing 1.5",
-                 "--smoothing takes a whole number from 0 to 4, not '1.5'", "maps "},
-        BadWords{"RoughnessMin", "maps --source in.png --output out --roughness-min -0.1",
-                 "--roughness-min takes a number from 0 to 1, not '-0.1'", "maps "},
-        BadWords{"RoughnessMax", "maps --source in.png --output out --roughness-max 1.1",
-                 "--roughness-max takes a number from 0 to 1, not '1.1'", "maps "},
-        BadWords{"MetallicStrength", "maps --source in.png --output out --metallic-strength 2",
-                 "--metallic-strength takes a number from 0 to 1, not '2'", "maps "},
-        BadWords{"AoStrength", "maps --source in.png --output out --ao-strength x",
-                 "--ao-strength takes a number from 0 to 1, not 'x'", "maps "},
-        BadWords{"DefaultOcclusion", "material --base-color in.png --output out --default-occlusion 1.01",
-                 "--default-occlusion takes a number from 0 to 1, not '1.01'", "material "},
-        BadWords{"DefaultRoughness", "material --base-color in.png --output out --default-roughness 65%",
-                 "--default-roughness takes a number from 0 to 1, not '65%'", "material "},
-        BadWords{"DefaultMetallic", "material --base-color in.png --output out --default-metallic ''",
-                 "--default-metallic takes a number from 0 to 1, not ''", "material "}),
+        InvalidArgument{"None", "", "A command is missing", ""},
+        InvalidArgument{"UnknownCommand", "bake", "Unknown command 'bake'", ""},
+        InvalidArgument{"OptionsWithoutCommand", "--json", "Unknown command '--json'", ""},
+        InvalidArgument{"NoBaseColor", "material --output out", "--base-color is required", "material "},
+        InvalidArgument{"NoMaterialOutput", "material --base-color in.png", "--output is required",
+                        "material "},
+        InvalidArgument{"NoSource", "maps --output out", "--source is required", "maps "},
+        InvalidArgument{"NoMapsOutput", "maps --source in.png", "--output is required", "maps "},
+        InvalidArgument{"UnknownOption", "maps --source in.png --output out --sharpness 3",
+                        "Unknown option 'sharpness'", "maps "},
+        InvalidArgument{"OptionOfTheOtherCommand", "material --base-color in.png --output out --strength 3",
+                        "Unknown option 'strength'", "material "},
+        InvalidArgument{"StrayArgument", "material --base-color in.png --output out more",
+                        "Unexpected argument 'more'", "material "},
+        InvalidArgument{"MissingValue", "maps --source in.png --output", "Missing value after '--output'",
+                        "maps "},
+        InvalidArgument{"ValueOfASwitch", "maps --source in.png --output out --no-orm=yes",
+                        "Unexpected value after '--no-orm'", "maps "},
+        InvalidArgument{"TwoValues", "maps --source in.png --output out --strength 3 --strength 4",
+                        "--strength is given more than once", "maps "},
+        InvalidArgument{"EmptyFile", "material --base-color '' --output out",
+                        "--base-color takes a path, not ''", "material "},
+        InvalidArgument{"EmptyOutput", "maps --source in.png --output ''", "--output takes a path, not ''",
+                        "maps "},
+        InvalidArgument{"EmptySource", "maps --source in.png --source '' --output out",
+                        "--source takes a path, not ''", "maps "},
+        InvalidArgument{"EmptyFolder", "material --folder '' --output out", "--folder takes a path, not ''",
+                        "material "},
+        InvalidArgument{"NoJobs", "maps --source in.png --output out --jobs 0",
+                        "--jobs takes a whole number from 1 to 64, not '0'", "maps "},
+        InvalidArgument{"TooManyJobs", "maps --source in.png --output out --jobs 65",
+                        "--jobs takes a whole number from 1 to 64, not '65'", "maps "},
+        InvalidArgument{"UnknownSize", "maps --source in.png --output out --size 256",
+                        "--size takes base, 512, 1024, 2048 or 4096, not '256'", "maps "},
+        InvalidArgument{"StrengthTooSmall", "maps --source in.png --output out --strength 0.19",
+                        "--strength takes a number from 0.2 to 10, not '0.19'", "maps "},
+        InvalidArgument{"StrengthTooLarge", "maps --source in.png --output out --strength 10.001",
+                        "--strength takes a number from 0.2 to 10, not '10.001'", "maps "},
+        InvalidArgument{"StrengthNotANumber", "maps --source in.png --output out --strength nan",
+                        "--strength takes a number from 0.2 to 10, not 'nan'", "maps "},
+        InvalidArgument{"StrengthInfinite", "maps --source in.png --output out --strength inf",
+                        "--strength takes a number from 0.2 to 10, not 'inf'", "maps "},
+        InvalidArgument{"StrengthWithComma", "maps --source in.png --output out --strength 1,5",
+                        "--strength takes a number from 0.2 to 10, not '1,5'", "maps "},
+        InvalidArgument{"SmoothingNegative", "maps --source in.png --output out --smoothing -1",
+                        "--smoothing takes a whole number from 0 to 4, not '-1'", "maps "},
+        InvalidArgument{"SmoothingTooLarge", "maps --source in.png --output out --smoothing 5",
+                        "--smoothing takes a whole number from 0 to 4, not '5'", "maps "},
+        InvalidArgument{"SmoothingFraction", "maps --source in.png --output out --smoothing 1.5",
+                        "--smoothing takes a whole number from 0 to 4, not '1.5'", "maps "},
+        InvalidArgument{"RoughnessMin", "maps --source in.png --output out --roughness-min -0.1",
+                        "--roughness-min takes a number from 0 to 1, not '-0.1'", "maps "},
+        InvalidArgument{"RoughnessMax", "maps --source in.png --output out --roughness-max 1.1",
+                        "--roughness-max takes a number from 0 to 1, not '1.1'", "maps "},
+        InvalidArgument{"MetallicStrength", "maps --source in.png --output out --metallic-strength 2",
+                        "--metallic-strength takes a number from 0 to 1, not '2'", "maps "},
+        InvalidArgument{"AoStrength", "maps --source in.png --output out --ao-strength x",
+                        "--ao-strength takes a number from 0 to 1, not 'x'", "maps "},
+        InvalidArgument{"DefaultOcclusion",
+                        "material --base-color in.png --output out --default-occlusion 1.01",
+                        "--default-occlusion takes a number from 0 to 1, not '1.01'", "material "},
+        InvalidArgument{"DefaultRoughness",
+                        "material --base-color in.png --output out --default-roughness 65%",
+                        "--default-roughness takes a number from 0 to 1, not '65%'", "material "},
+        InvalidArgument{"DefaultMetallic", "material --base-color in.png --output out --default-metallic ''",
+                        "--default-metallic takes a number from 0 to 1, not ''", "material "}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
 }  // namespace

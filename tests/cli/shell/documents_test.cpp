@@ -1,4 +1,4 @@
-// The manual page and the completions that come with the program.
+// The generated manual page and completion scripts.
 
 #include "cli_test.h"
 
@@ -8,16 +8,16 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin;
 using namespace quarlin::tests;
 
 namespace {
 
-QString word(const char* text) { return QString::fromUtf8(text); }
+const QString packaging = QString::fromUtf8(PACKAGING_PATH "/");
 
-const QString packaging = word(PACKAGING_PATH "/");
-
-TEST(CliDocuments, AreThoseOfTheOptions) {
+TEST(CliDocuments, MatchTheOptions) {
     for (const auto& [name, text] : cliDocuments()) {
         EXPECT_TRUE(bytesOf(packaging + name) == text)
             << name.toStdString() << " is out of date: build the target cli_documents";
@@ -28,18 +28,18 @@ TEST(CliDocuments, NameEveryOptionOfEveryCommand) {
     const auto documents = cliDocuments();
     int count = 0;
     for (const char* command : {"material", "maps", "check"}) {
-        const Outcome help = runCli({word(command), word("--help")});
+        const Outcome help = runCli({QString::fromUtf8(command), u"--help"_s});
         for (const QString& line : QString::fromStdString(help.output).split(u'\n')) {
-            if (!line.startsWith(word("  --")) || line.startsWith(word("  --help"))) {
+            if (!line.startsWith(u"  --"_s) || line.startsWith(u"  --help"_s)) {
                 continue;
             }
             const QString option = line.mid(4).section(u' ', 0, 0);
             ++count;
             for (const auto& [name, text] : documents) {
-                const bool isFish = name.endsWith(word(".fish"));
-                QString typed = (isFish ? word("-l ") : word("--")) + option;
-                if (name.endsWith(word(".1"))) {
-                    typed.replace(u'-', word("\\-"));
+                const bool isFish = name.endsWith(u".fish"_s);
+                QString typed = (isFish ? u"-l "_s : u"--"_s) + option;
+                if (name.endsWith(u".1"_s)) {
+                    typed.replace(u'-', u"\\-"_s);
                 }
                 EXPECT_TRUE(QString::fromUtf8(text).contains(typed))
                     << name.toStdString() << ' ' << option.toStdString();
@@ -51,16 +51,16 @@ TEST(CliDocuments, NameEveryOptionOfEveryCommand) {
 
 class BashCompletion : public CliTest {
 protected:
-    /// What bash offers for the last of `words`, sorted.
-    QStringList offered(const QStringList& words) const {
-        const QString script = word(
-            ". \"$1\"; shift; COMP_WORDS=(\"$@\"); COMP_CWORD=$(($# - 1)); _quarlin_cli; "
-            "printf '%s\\n' \"${COMPREPLY[@]}\"");
+    /// What bash offers to complete the last of `arguments`, sorted.
+    QStringList offered(const QStringList& arguments) const {
+        const QString script =
+            u". \"$1\"; shift; COMP_WORDS=(\"$@\"); COMP_CWORD=$(($# - 1)); _quarlin_cli; "
+            "printf '%s\\n' \"${COMPREPLY[@]}\""_s;
         const Outcome outcome =
-            run(word("bash"),
-                QStringList{word("-c"), script, word("bash"), packaging + word("completion/bash/quarlin-cli"),
-                            word("quarlin-cli")} +
-                    words,
+            run(u"bash"_s,
+                QStringList{u"-c"_s, script, u"bash"_s, packaging + u"completion/bash/quarlin-cli"_s,
+                            u"quarlin-cli"_s} +
+                    arguments,
                 path({}));
         EXPECT_EQ(outcome.errors, "");
         QStringList lines = QString::fromStdString(outcome.output).split(u'\n', Qt::SkipEmptyParts);
@@ -70,28 +70,28 @@ protected:
 };
 
 TEST_F(BashCompletion, OffersTheCommands) {
-    EXPECT_EQ(offered({word("ma")}), (QStringList{word("maps"), word("material")}));
-    EXPECT_EQ(offered({word("--")}), (QStringList{word("--help"), word("--version")}));
+    EXPECT_EQ(offered({u"ma"_s}), (QStringList{u"maps"_s, u"material"_s}));
+    EXPECT_EQ(offered({u"--"_s}), (QStringList{u"--help"_s, u"--version"_s}));
 }
 
 TEST_F(BashCompletion, OffersTheOptionsOfTheCommand) {
-    EXPECT_EQ(offered({word("maps"), word("--no-g")}), (QStringList{word("--no-gloss"), word("--no-gltf")}));
-    EXPECT_EQ(offered({word("material"), word("--base")}), QStringList{word("--base-color")});
-    EXPECT_EQ(offered({word("check"), word("--j")}), QStringList{word("--json")});
+    EXPECT_EQ(offered({u"maps"_s, u"--no-g"_s}), (QStringList{u"--no-gloss"_s, u"--no-gltf"_s}));
+    EXPECT_EQ(offered({u"material"_s, u"--base"_s}), QStringList{u"--base-color"_s});
+    EXPECT_EQ(offered({u"check"_s, u"--j"_s}), QStringList{u"--json"_s});
 }
 
 TEST_F(BashCompletion, OffersTheValuesOfAnOption) {
-    EXPECT_EQ(offered({word("maps"), word("--size"), word("1")}), QStringList{word("1024")});
-    EXPECT_EQ(offered({word("maps"), word("--strength"), {}}), QStringList());
+    EXPECT_EQ(offered({u"maps"_s, u"--size"_s, u"1"_s}), QStringList{u"1024"_s});
+    EXPECT_EQ(offered({u"maps"_s, u"--strength"_s, {}}), QStringList());
 }
 
-TEST_F(BashCompletion, OffersFilesAndFoldersWhereTheyAreMeant) {
-    writeFile(word("some file.png"), {});
-    ASSERT_TRUE(QDir(path({})).mkdir(word("some folder")));
-    EXPECT_EQ(offered({word("maps"), word("--source"), word("so")}),
-              (QStringList{word("some file.png"), word("some folder")}));
-    EXPECT_EQ(offered({word("maps"), word("--output"), word("so")}), QStringList{word("some folder")});
-    EXPECT_EQ(offered({word("check"), word("so")}), QStringList{word("some folder")});
+TEST_F(BashCompletion, OffersFilesAndFoldersForPaths) {
+    writeFile(u"some file.png"_s, {});
+    ASSERT_TRUE(QDir(path({})).mkdir(u"some folder"_s));
+    EXPECT_EQ(offered({u"maps"_s, u"--source"_s, u"so"_s}),
+              (QStringList{u"some file.png"_s, u"some folder"_s}));
+    EXPECT_EQ(offered({u"maps"_s, u"--output"_s, u"so"_s}), QStringList{u"some folder"_s});
+    EXPECT_EQ(offered({u"check"_s, u"so"_s}), QStringList{u"some folder"_s});
 }
 
 }  // namespace
