@@ -1,4 +1,4 @@
-// Decoding the same PNG files with the decoder for plain ones and with libvips, and a JPEG file.
+// Decodes the same PNG files with our decoder and with libvips, and a JPEG file.
 
 #include "imaging/decode/jpeg_decoder.h"
 #include "imaging/decode/plain_png_decoder.h"
@@ -8,6 +8,7 @@
 #include "photograph.h"
 
 #include "imaging/pixels/image_view.h"
+#include "imaging/pixels/pixel_image.h"
 
 #include <QBuffer>
 
@@ -37,7 +38,7 @@ const QByteArray& pngFile(int samples) {
 void decode(benchmark::State& state, const Decode& decoder, const QByteArray& file) {
     for (auto _ : state) {
         if (decoder(file).isNull()) {
-            state.SkipWithError("the file is refused");
+            state.SkipWithError("the file was rejected");
             break;
         }
     }

@@ -1,10 +1,11 @@
-// The whole way from the bytes of a file to pixels. The corpus decides which format is at work.
+// Decodes the bytes of a file to pixels. The corpus decides which format is tested.
 
 #include "expectation.h"
 #include "imaging/decode/image_decoder.h"
 #include "imaging/decode/plain_png_decoder.h"
 #include "imaging/decode/vips_decoder.h"
 #include "imaging/pixels/image_view.h"
+#include "imaging/pixels/pixel_image.h"
 #include "memory_fill.h"
 
 #include <QByteArray>
@@ -46,13 +47,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         expect(isUsableSize(image.width(), image.height()), "an image is of a usable size");
         expect(isPremultiplied(image), "no color is above its alpha");
     }
-    // Large pictures from small files take the time of thousands of others.
+    // A large picture from a small file takes as long as thousands of others.
     if (image.sizeInBytes() > qsizetype{1} << 20U) {
         return 0;
     }
     expectDecodersAgree(bytes);
-    // Where a damaged HEVC stream leaves a gap, libde265 shows what the memory held, and nobody else can
-    // tell.
+    // Where a damaged HEVC stream leaves a gap, libde265 returns uninitialized pixels without an error.
     if (!bytes.contains("hvc1")) {
         fillNewMemoryWith(255);
         expect(decodeImage(bytes) == image,

@@ -7,6 +7,7 @@
 #include "imaging/files/file_bytes.h"
 #include "imaging/files/file_names.h"
 #include "imaging/pixels/image_view.h"
+#include "imaging/pixels/pixel_image.h"
 
 #include <QFileInfo>
 

@@ -5,6 +5,7 @@
 #include "model/output_names.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <set>
 #include <system_error>
 
@@ -22,12 +23,16 @@ QStringList namesIn(const QUrl& folder) {
     return names;
 }
 
-/// The materials that have a file with the ending `ofNothing`, the file name of a material without a name.
-std::set<QString> materialsWith(const QStringList& names, const QString& ofNothing) {
+/// The materials that have one of `files` in their set.
+template <typename File>
+std::set<QString> materialsWith(const QStringList& names, std::initializer_list<File> files) {
     std::set<QString> materials;
-    for (const QString& name : names) {
-        if (name.endsWith(ofNothing) && name.size() > ofNothing.size()) {
-            materials.insert(name.chopped(ofNothing.size()));
+    for (const File file : files) {
+        const QString suffix = tableRow(file).suffix;
+        for (const QString& name : names) {
+            if (name.endsWith(suffix) && name.size() > suffix.size()) {
+                materials.insert(name.chopped(suffix.size()));
+            }
         }
     }
     return materials;
@@ -41,9 +46,7 @@ std::optional<QString> nameIfThere(const QStringList& names, const QString& name
 /// generated one a base color and a normal map.
 std::vector<CheckedMaterial> materialsByNames(const QStringList& names) {
     std::vector<CheckedMaterial> materials;
-    std::set<QString> found = materialsWith(names, OutputNames{}.baseColor());
-    found.merge(materialsWith(names, OutputNames{}.orm()));
-    for (const QString& material : found) {
+    for (const QString& material : materialsWith(names, {MaterialFile::baseColor, MaterialFile::orm})) {
         const OutputNames files{material};
         materials.push_back({.document = {},
                              .name = material,
@@ -52,9 +55,7 @@ std::vector<CheckedMaterial> materialsByNames(const QStringList& names) {
                              .occlusion = files.orm(),
                              .normal = nameIfThere(names, files.normal())});
     }
-    std::set<QString> generated = materialsWith(names, NormalOutputNames{}.baseColor());
-    generated.merge(materialsWith(names, NormalOutputNames{}.normal()));
-    for (const QString& material : generated) {
+    for (const QString& material : materialsWith(names, {GeneratedFile::baseColor, GeneratedFile::normal})) {
         const NormalOutputNames files{material};
         const auto orm = nameIfThere(names, files.orm());
         materials.push_back({.document = {},

@@ -1,6 +1,8 @@
-// Exports that fail on the disk, as the log tells them; for both stores.
+// What both stores log when an export fails on the disk.
 
 #include "limited_writing.h"
+#include "model/output_resolution.h"
+#include "model/texture_slot_kind.h"
 #include "rename_hook.h"
 #include "store_fixture.h"
 #include "stores/material_store.h"
@@ -53,7 +55,7 @@ protected:
 
     void runExport() { Tool::exportInto(this->store); }
 
-    /// Expects one new line in the log, and that nothing but it has changed.
+    /// Expects one new line in the log, and no other change.
     void expectFailure(const QString& description) {
         EXPECT_EQ(this->newest(), this->stamped(u"Export failed: "_s + description));
         EXPECT_EQ(this->store.logLines().mid(1), before);

@@ -1,5 +1,6 @@
-// Textures that fail while they are loaded, previewed and exported, as the log tells them; for both stores.
+// What both stores log when a texture fails to load, preview or export.
 
+#include "model/texture_slot_kind.h"
 #include "store_fixture.h"
 #include "stores/material_store.h"
 #include "stores/normal_generator_store.h"
@@ -37,7 +38,7 @@ struct MapTool {
 template <typename Tool>
 class FailingTexture : public StoreFixture<typename Tool::Store> {
 protected:
-    /// Expects the file to be refused in one line, by a choice and by a drop, and nothing else to change.
+    /// Expects that choosing or dropping the file adds one line to the log and changes nothing else.
     void expectRefused(const QString& name) {
         const QUrl file = QUrl::fromLocalFile(this->folder.path(name));
         const QString line = this->stamped(u"Load failed: Could not read image: "_s + name);

@@ -1,5 +1,10 @@
 #include "stores/material_store.h"
 
+#include "model/conversion_settings.h"
+#include "model/material_set.h"
+#include "model/output_resolution.h"
+#include "model/previews.h"
+#include "model/texture_slot_kind.h"
 #include "store_fixture.h"
 
 #include <QFile>
@@ -315,7 +320,7 @@ TEST_F(MaterialStoreTest, AnnouncesEveryChangeBeforeItIsMade) {
         lines << newest();
     });
     store.importTexture(folder.texture(u"Brick.png"_s), baseColor);
-    // Textures, name, log line, previews, log line: each is still the old one when it is announced.
+    // Textures, name, log line, previews, log line: each still has its old value when it is announced.
     ASSERT_EQ(textures.size(), 5);
     EXPECT_EQ(textures, QList<std::size_t>({0, 1, 1, 1, 1}));
     const QString untouched = ConversionSettings::defaultMaterialName();
@@ -325,6 +330,18 @@ TEST_F(MaterialStoreTest, AnnouncesEveryChangeBeforeItIsMade) {
     EXPECT_EQ(lines[3], stamped(u"Base Color loaded: Brick.png, 4x4"_s));
     EXPECT_EQ(previews[3], 0U);
     EXPECT_EQ(previews[4], store.previews().size());
+}
+
+TEST_F(MaterialStoreTest, NamesThePropertyThatChanges) {
+    using enum StoreProperty;
+    QList<StoreProperty> announced;
+    QObject::connect(&store, &MaterialStore::willChange,
+                     [&](StoreProperty property) { announced << property; });
+    store.importTexture(folder.texture(u"Brick.png"_s), baseColor);
+    EXPECT_EQ(announced, QList({inputs, settings, log, previews, log}));
+    announced.clear();
+    store.reset();
+    EXPECT_EQ(announced, QList({inputs, previews, settings, lastExport, log}));
 }
 
 TEST_F(MaterialStoreTest, AnnouncesANewSettingBeforeItIsThere) {
@@ -338,7 +355,7 @@ TEST_F(MaterialStoreTest, AnnouncesANewSettingBeforeItIsThere) {
     EXPECT_EQ(store.settings().defaultMetallic, 0.5);
 }
 
-TEST_F(MaterialStoreTest, TellsWhenTheEngineRuns) {
+TEST_F(MaterialStoreTest, SignalsWhenTheEngineRuns) {
     QStringList phases;
     QObject::connect(&store, &MaterialStore::workStarted, [&] { phases << u"started"_s; });
     QObject::connect(&store, &MaterialStore::workFinished, [&] { phases << u"finished"_s; });

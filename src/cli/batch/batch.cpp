@@ -2,7 +2,7 @@
 
 #include "cli/batch/command_failure.h"
 #include "cli/batch/interruption.h"
-#include "engine/texture_processor_error.h"
+#include "engine/base/texture_processor_error.h"
 #include "imaging/base/parallel.h"
 #include "imaging/files/file_bytes.h"
 

@@ -8,6 +8,7 @@
 #include "cli/options/usage_error.h"
 #include "cli/report/batch_report.h"
 #include "cli/report/report.h"
+#include "model/export_result.h"
 
 namespace quarlin {
 

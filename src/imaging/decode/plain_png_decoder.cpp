@@ -1,6 +1,7 @@
 #include "imaging/decode/plain_png_decoder.h"
 
 #include "imaging/base/parallel.h"
+#include "imaging/base/row_strips.h"
 #include "imaging/decode/convert_pixels.h"
 #include "imaging/deflate/inflate_stream.h"
 #include "imaging/pixels/image_view.h"

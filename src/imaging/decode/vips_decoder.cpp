@@ -1,6 +1,7 @@
 #include "imaging/decode/vips_decoder.h"
 
 #include "imaging/base/parallel.h"
+#include "imaging/base/row_strips.h"
 #include "imaging/color/color_conversion.h"
 #include "imaging/color/color_profile.h"
 #include "imaging/decode/row_conversion.h"

@@ -1,5 +1,5 @@
-// node validate_gltf.js FILE: prints every issue of the document and the files that it names. Fails if one of them is an
-// error or a warning.
+// node validate_gltf.js FILE: prints every issue of the document and of the files that it names. Fails if an issue is
+// an error or a warning.
 'use strict';
 
 const fs = require('fs');

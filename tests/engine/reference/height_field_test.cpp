@@ -1,5 +1,7 @@
+#include "engine/reference/height_field.h"
 #include "byte_comparison.h"
-#include "engine/texture_processor.h"
+#include "imaging/pixels/pixel_image.h"
+#include "model/normal_generator_settings.h"
 #include "picture.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +15,7 @@ using namespace quarlin::fixtures;
 namespace {
 
 std::vector<double> blurred(const std::vector<double>& values, std::int64_t width, std::int64_t height) {
-    const HeightField result = TextureProcessor::boxBlur(values, width, height);
+    const reference::HeightField result = reference::boxBlur(values, width, height);
     return {result.begin(), result.end()};
 }
 
@@ -21,7 +23,7 @@ std::vector<double> heightsOf(const Picture& picture, int smoothing, bool invert
     NormalGeneratorSettings settings;
     settings.smoothing = smoothing;
     settings.invertHeight = inverted;
-    const HeightField result = TextureProcessor::smoothedHeightValues(pixelImage(picture), settings);
+    const reference::HeightField result = reference::smoothedHeightValues(pixelImage(picture), settings);
     return {result.begin(), result.end()};
 }
 
@@ -48,14 +50,14 @@ TEST(BoxBlur, DoesNotWrapAround) {
 }
 
 TEST(BoxBlur, AddsRowByRowAndLeftToRight) {
-    // The window's sum depends on its order: read the other way round, the large values cancel first.
+    // The sum of the window depends on the order: in the other order the large values cancel first.
     const double large = 1e16;
     EXPECT_EQ(blurred({1, large, -large}, 3, 1)[1], ((1 + large) - large) / 3.0);
     EXPECT_EQ(blurred({-large, large, 1}, 3, 1)[1], 1.0 / 3.0);
     EXPECT_EQ(blurred({1, large, -large}, 1, 3)[1], ((1 + large) - large) / 3.0);
     EXPECT_EQ(blurred({-large, large, 1}, 1, 3)[1], 1.0 / 3.0);
-    // Rows before columns: only then does the first row's 1 meet the large value before the second row's 1
-    // does.
+    // Rows come before columns: only then is the 1 of the first row added to the large value before the 1 of
+    // the second row.
     const std::vector<double> rowsFirst{1, large, 0, 1, -large, 0, 0, 0, 0};
     const double sum = ((((1 + large) + 0) + 1) + -large);
     EXPECT_EQ(blurred(rowsFirst, 3, 3)[4], sum / 9.0);
@@ -74,7 +76,8 @@ TEST(HeightField, AConstantImageStaysConstantThroughAnyNumberOfPasses) {
     for (const int smoothing : {0, 1, 2, 6, 20}) {
         const std::vector<double> heights = heightsOf(constantPicture(9, 7, {128, 128, 128, 255}), smoothing);
         for (const double height : heights) {
-            // Sums of nine equal numbers are rounded on their way, so equality is to within that.
+            // A sum of nine equal numbers is rounded at each step, so the result is only equal within that
+            // error.
             EXPECT_NEAR(height, 128 / 255.0, 1e-14);
         }
     }
@@ -89,7 +92,7 @@ TEST(HeightField, NoPassesGiveTheGraysThemselves) {
 }
 
 TEST(HeightField, InvertedWhiteIsOneAboveZeroAndBlackIsOne) {
-    // White samples as 254, so its inverse is 1 of 255.
+    // White gives a sample of 254, so its inverse is 1 of 255.
     const Picture picture{2, 1, {255, 255, 255, 255, 0, 0, 0, 255}};
     EXPECT_EQ(heightsOf(picture, 0, true), (std::vector<double>{1 / 255.0, 1.0}));
 }
@@ -106,7 +109,7 @@ TEST(HeightField, EveryPassReadsTheOneBefore) {
 TEST(HeightField, IgnoresTheAlphaByte) {
     const PixelImage half{1, 1, PixelBuffer{100, 100, 100, 128}};
     NormalGeneratorSettings settings;
-    EXPECT_EQ(TextureProcessor::smoothedHeightValues(half, settings)[0], 100 / 255.0);
+    EXPECT_EQ(reference::smoothedHeightValues(half, settings)[0], 100 / 255.0);
 }
 
 TEST(HeightField, IsNotStretchedToItsOwnRange) {
@@ -115,12 +118,12 @@ TEST(HeightField, IsNotStretchedToItsOwnRange) {
 }
 
 TEST(HeightField, OfAnEmptyImageIsEmpty) {
-    EXPECT_TRUE(TextureProcessor::smoothedHeightValues(PixelImage(), NormalGeneratorSettings()).empty());
+    EXPECT_TRUE(reference::smoothedHeightValues(PixelImage(), NormalGeneratorSettings()).empty());
 }
 
 TEST(SampleHeight, ReadsTheNearestEdgePixelOutside) {
     const std::vector<double> values{1, 2, 3, 4, 5, 6};
-    const auto sample = [&](int x, int y) { return TextureProcessor::sampleHeight(values, 3, 2, x, y); };
+    const auto sample = [&](int x, int y) { return reference::sampleHeight(values, 3, 2, x, y); };
     EXPECT_EQ(sample(-1, 0), 1);
     EXPECT_EQ(sample(3, 0), 3);
     EXPECT_EQ(sample(-100, 1), 4);
@@ -135,21 +138,21 @@ TEST(SampleHeight, ReadsThePixelInside) {
     const std::vector<double> values{1, 2, 3, 4, 5, 6};
     for (int y = 0; y < 2; ++y) {
         for (int x = 0; x < 3; ++x) {
-            EXPECT_EQ(TextureProcessor::sampleHeight(values, 3, 2, x, y), 1 + x + y * 3);
+            EXPECT_EQ(reference::sampleHeight(values, 3, 2, x, y), 1 + x + y * 3);
         }
     }
 }
 
 TEST(HeightImage, IsOpaqueGray) {
     const std::vector<double> values{0.5, 0, 1, 0.25};
-    EXPECT_EQ(TextureProcessor::heightImage(values, 2, 2),
+    EXPECT_EQ(reference::heightImage(values, 2, 2),
               (PixelImage{
                   2, 2, PixelBuffer{128, 128, 128, 255, 0, 0, 0, 255, 255, 255, 255, 255, 64, 64, 64, 255}}));
 }
 
 TEST(HeightImage, ClampsHeightsOutsideTheUnit) {
     const std::vector<double> values{-0.5, 1.5};
-    EXPECT_EQ(TextureProcessor::heightImage(values, 2, 1),
+    EXPECT_EQ(reference::heightImage(values, 2, 1),
               (PixelImage{2, 1, PixelBuffer{0, 0, 0, 255, 255, 255, 255, 255}}));
 }
 
