@@ -2,13 +2,12 @@
 // start-up time.
 
 #include "app/vorek_quarlin_app.h"
+#include "ui/style/quarlin_style.h"
 
 #include <QApplication>
 #include <QTimer>
 
 #include <cstdlib>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -32,7 +31,7 @@ private:
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    QApplication::setStyle(u"Fusion"_s);
+    QApplication::setStyle(new quarlin::QuarlinStyle);
     quarlin::VorekQuarlinApp program;
     FirstPaint firstPaint(program.window());
     QApplication::instance()->installEventFilter(&firstPaint);

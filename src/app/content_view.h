@@ -2,15 +2,14 @@
 
 #include "model/studio_tool.h"
 
-#include <QList>
 #include <QWidget>
 
 namespace quarlin {
 
 class BrandHeader;
-class Button;
 class MaterialStore;
 class NormalGeneratorStore;
+class ToolActions;
 class ToolBar;
 class ToolTabs;
 
@@ -20,13 +19,14 @@ class ContentView : public QWidget {
     Q_OBJECT
 
 public:
-    /// The stores must outlive the view.
-    ContentView(MaterialStore& materialStore, NormalGeneratorStore& normalStore, QWidget* parent = nullptr);
+    /// The stores and their actions must outlive the view.
+    ContentView(MaterialStore& materialStore, ToolActions& materialActions, NormalGeneratorStore& normalStore,
+                ToolActions& normalActions, QWidget* parent = nullptr);
 
     StudioTool selectedTool() const;
 
 private:
-    void addTool(StudioTool tool, QWidget* workspace, const QList<Button*>& buttons);
+    void addTool(StudioTool tool, QWidget* workspace, ToolActions& actions);
     void showTool();
 
     BrandHeader* m_header;

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The patterns of a file type, in both cases: some dialogs tell them apart.
+/// The patterns of a file type, in lower and upper case: some dialogs distinguish them.
 QString patterns(ImageFileType type) {
     QStringList result;
     for (const QString& extension : extensions(type).split(u' ')) {

@@ -7,7 +7,7 @@
 namespace quarlin {
 
 /// Keeps the application in the desktop's color scheme, as long as the returned object lives, where the
-/// toolkit does not do so by itself.
+/// Qt does not do so by itself.
 std::unique_ptr<QObject> followDesktopColorScheme();
 
 }  // namespace quarlin

@@ -2,7 +2,7 @@
 
 namespace quarlin {
 
-// Here the toolkit's palette is the desktop's, also when that changes.
+// Here Qt's palette is the desktop's, and follows it.
 std::unique_ptr<QObject> followDesktopColorScheme() { return nullptr; }
 
 }  // namespace quarlin

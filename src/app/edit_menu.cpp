@@ -19,7 +19,7 @@ EditMenu::EditMenu(QWidget* parent) : QMenu(u"&Edit"_s, parent) {
     addEntry(u"&Paste"_s, QKeySequence::Paste, Operation::paste);
     addSeparator();
     addEntry(u"Select &All"_s, QKeySequence::SelectAll, Operation::selectAll);
-    // Only what is shown has to be right: the keys themselves go to the text, not by way of this menu.
+    // The entries have to be right only while they are shown: the keys go to the text directly.
     connect(this, &QMenu::aboutToShow, this, &EditMenu::updateEntries);
     updateEntries();
 }
@@ -27,8 +27,8 @@ EditMenu::EditMenu(QWidget* parent) : QMenu(u"&Edit"_s, parent) {
 void EditMenu::addEntry(const QString& text, QKeySequence::StandardKey key, Operation operation) {
     QAction* action = addAction(text);
     action->setShortcut(key);
-    // The text has these keys by itself. As shortcuts they would be taken from it where it has no use for
-    // them.
+    // The text handles these keys by itself. As shortcuts of the window they would also act where the text
+    // ignores them.
     action->setShortcutContext(Qt::WidgetShortcut);
     action->setData(static_cast<int>(operation));
     connect(action, &QAction::triggered, this, [operation] { perform(operation); });
@@ -60,7 +60,7 @@ bool EditMenu::canPerform(Operation operation) {
         }
     }
     if (const auto* text = qobject_cast<QTextEdit*>(focused)) {
-        // Every larger text of the window is there to be read, not to be written.
+        // Every text edit of the window is read-only.
         return operation == Operation::selectAll ||
                (operation == Operation::copy && text->textCursor().hasSelection());
     }

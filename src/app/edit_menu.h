@@ -5,8 +5,8 @@
 
 namespace quarlin {
 
-/// The "Edit" menu. Its entries act on the text that the keyboard is in, whichever control shows it, and can
-/// be used as far as that text allows.
+/// The "Edit" menu. Its entries act on the text field or text that has the keyboard focus, and are enabled
+/// as far as that text allows.
 class EditMenu : public QMenu {
     Q_OBJECT
 

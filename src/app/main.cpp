@@ -2,6 +2,7 @@
 #include "app/desktop_color_scheme.h"
 #include "app/vorek_quarlin_app.h"
 #include "imaging/base/strip_memory.h"
+#include "ui/style/quarlin_style.h"
 
 #include <QApplication>
 
@@ -14,8 +15,8 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(QStringLiteral(QUARLIN_VERSION));
     QApplication::setDesktopFileName(u"quarlin"_s);
     QApplication::setWindowIcon(quarlin::applicationIcon());
-    // What the window does not paint itself looks alike on every desktop, in the desktop's colors and font.
-    QApplication::setStyle(u"Fusion"_s);
+    // The window looks alike on every desktop, but in the desktop's colors and font.
+    QApplication::setStyle(new quarlin::QuarlinStyle);
 
     const auto colorScheme = quarlin::followDesktopColorScheme();
     quarlin::VorekQuarlinApp program;

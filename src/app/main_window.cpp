@@ -4,8 +4,7 @@
 #include "app/edit_menu.h"
 #include "stores/material_store.h"
 #include "stores/normal_generator_store.h"
-#include "ui/panels/busy_pointer.h"
-#include "ui/panels/store_observer.h"
+#include "ui/window/busy_pointer.h"
 
 #include <QAction>
 #include <QApplication>
@@ -23,13 +22,15 @@ constexpr QSize minimumContentSize(1120, 720);
 }  // namespace
 
 MainWindow::MainWindow(MaterialStore& materialStore, NormalGeneratorStore& normalStore)
-    : m_content(new ContentView(materialStore, normalStore)) {
+    : m_materialActions(materialStore),
+      m_normalActions(normalStore),
+      m_content(new ContentView(materialStore, m_materialActions, normalStore, m_normalActions)) {
     setWindowTitle(u"VOREK TECH Quarlin"_s);
     setMinimumSize(minimumContentSize);
     setCentralWidget(m_content);
     addFileMenu();
     menuBar()->addMenu(new EditMenu(this));
-    addMaterialMenu(materialStore);
+    addMaterialMenu();
     addHelpMenu();
     new BusyPointer(materialStore, this);
     new BusyPointer(normalStore, this);
@@ -43,27 +44,12 @@ void MainWindow::addFileMenu() {
     connect(quit, &QAction::triggered, qApp, &QApplication::closeAllWindows);
 }
 
-void MainWindow::addMaterialMenu(MaterialStore& store) {
+void MainWindow::addMaterialMenu() {
     QMenu* menu = menuBar()->addMenu(u"&Material"_s);
-    const auto add = [&](const QString& text, const QKeySequence& shortcut, auto operation) {
-        QAction* action = menu->addAction(text);
-        action->setShortcut(shortcut);
-        connect(action, &QAction::triggered, &store, operation);
-        return action;
-    };
-    QAction* exportSet =
-        add(u"&Export PBR Set..."_s, Qt::CTRL | Qt::Key_E, &MaterialStore::exportMaterialSet);
-    QAction* build = add(u"&Build Preview"_s, Qt::CTRL | Qt::Key_R, &MaterialStore::buildPreview);
+    menu->addAction(&m_materialActions.exportSet);
+    menu->addAction(&m_materialActions.preview);
     menu->addSeparator();
-    QAction* reset = add(u"&Reset Inputs"_s, Qt::CTRL | Qt::Key_Backspace, &MaterialStore::reset);
-    new StoreObserver(
-        store,
-        [=, &store] {
-            exportSet->setEnabled(store.canExport());
-            build->setEnabled(store.hasAnyTexture());
-            reset->setEnabled(store.hasAnyTexture());
-        },
-        this);
+    menu->addAction(&m_materialActions.reset);
 }
 
 void MainWindow::addHelpMenu() {

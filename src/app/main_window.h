@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/panels/tool_actions.h"
+
 #include <QMainWindow>
 
 namespace quarlin {
@@ -20,10 +22,12 @@ public:
 
 private:
     void addFileMenu();
-    void addMaterialMenu(MaterialStore& store);
+    void addMaterialMenu();
     void addHelpMenu();
     void showAbout();
 
+    ToolActions m_materialActions;
+    ToolActions m_normalActions;
     ContentView* m_content;
 };
 

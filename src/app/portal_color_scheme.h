@@ -9,7 +9,7 @@
 
 namespace quarlin {
 
-/// Reads the desktop's color scheme from the settings portal that Linux desktops share, at first and
+/// Reads the desktop's color scheme from the settings portal that Linux desktops share, once and
 /// whenever it changes. Without a portal nothing happens.
 class PortalColorScheme : public QObject {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
     static ColorScheme schemeOf(const QVariant& setting);
 
 public Q_SLOTS:
-    /// The portal tells that `key` of `area` has become `value`.
+    /// The portal reports that `key` of `area` has become `value`.
     void settingChanged(const QString& area, const QString& key, const QDBusVariant& value);
 };
 

@@ -7,8 +7,8 @@
 
 namespace quarlin {
 
-/// The running program: the state of both tools, kept from start to end, and the window on it. Nothing is
-/// saved between runs.
+/// The running program: the stores of both tools, kept from start to end, and the window that shows them.
+/// Nothing is saved between runs.
 class VorekQuarlinApp {
 public:
     /// Needs a `QApplication`.

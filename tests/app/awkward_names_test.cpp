@@ -1,4 +1,4 @@
-// Files and materials with awkward names on their way through the window, the drop and the command.
+// Files and materials with awkward names in the window, in drops and on the command line.
 
 #include "awkward_names.h"
 
@@ -52,7 +52,7 @@ protected:
     void remove(const QString& into) const { QDir(folder.path(into)).removeRecursively(); }
 };
 
-/// Each line break of a name is one in the log as well, in whatever form the view has it.
+/// The log breaks its lines where the name does, with whichever character the view uses.
 QString withPlainBreaks(QString text) {
     return text.replace(u'\r', u'\n')
         .replace(QChar::LineSeparator, u'\n')
@@ -88,7 +88,7 @@ TEST_F(AwkwardNames, OfDroppedFilesAreShownLoggedAndExportedAsTheCommandDoes) {
             EXPECT_EQ(command.exitCode(), 0) << command.readAllStandardError().toStdString();
             EXPECT_EQ(sets, QStringList{safeMaterialName(stem, {})});
         } else {
-            // The folder may have the name, the images in it may not.
+            // The folder may have this name, the images in it may not.
             EXPECT_TRUE(
                 materials.logLines().constFirst().contains(u"Export failed: Could not create PNG image: "_s));
             EXPECT_EQ(command.exitCode(), 1);
@@ -139,7 +139,7 @@ TEST_F(AwkwardNames, OfMaterialsAreTheSameToTheCommand) {
     const QUrl source = folder.texture(u"Source.png"_s);
     for (const AwkwardMaterialName& material : awkwardMaterialNames()) {
         if (material.typed.contains(QChar(0))) {
-            // No argument of a program can hold it.
+            // An argument of a program cannot contain it.
             continue;
         }
         QProcess command;

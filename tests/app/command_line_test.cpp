@@ -4,7 +4,6 @@
 #include "ui/controls/segment.h"
 #include "ui/controls/slider.h"
 #include "ui/controls/stepper.h"
-#include "ui/controls/toggle.h"
 #include "window_fixture.h"
 
 #include <QDir>
@@ -17,7 +16,7 @@ using namespace quarlin::fixtures;
 
 namespace {
 
-/// What is in the files of a folder, by name.
+/// The contents of the files of a folder, by name.
 std::map<QString, QByteArray> contents(const QString& folder) {
     std::map<QString, QByteArray> files;
     for (const QFileInfo& info : QDir(folder).entryInfoList(QDir::Files)) {
@@ -47,7 +46,7 @@ protected:
         click(child<Button>(page(), u"export"_s));
     }
 
-    void toggle(const char* title) { click(withText<Toggle>(page(), QString::fromLatin1(title))); }
+    void toggle(const char* title) { click(withText<QCheckBox>(page(), QString::fromLatin1(title))); }
 
     void slideToEnd(const char* title) {
         for (Slider* slider : page().findChildren<Slider*>()) {

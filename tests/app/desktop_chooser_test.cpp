@@ -19,7 +19,7 @@ protected:
     TextureFolder folder;
     DesktopChooser chooser;
 
-    /// Works the dialog that comes up next.
+    /// Operates the next dialog that opens.
     static void whenAsked(std::function<void(QFileDialog&)> answer) {
         QTimer::singleShot(0, [answer = std::move(answer)] {
             auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());

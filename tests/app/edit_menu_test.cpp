@@ -25,7 +25,7 @@ protected:
         edit(text).trigger();
     }
 
-    /// The entries that can be used once the menu is opened.
+    /// The entries that are enabled when the menu opens.
     QStringList usable() const {
         auto* menu = qobject_cast<QMenu*>(edit("Copy").associatedObjects().constFirst());
         Q_EMIT menu->aboutToShow();

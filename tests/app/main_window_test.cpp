@@ -1,10 +1,10 @@
 #include "model/texture_slot_kind.h"
 #include "ui/controls/name_field.h"
-#include "ui/controls/toggle.h"
 #include "ui/panels/texture_card.h"
 #include "window_fixture.h"
 
 #include <QAccessible>
+#include <QCheckBox>
 #include <QMessageBox>
 #include <QSplitter>
 #include <QTextEdit>
@@ -158,15 +158,15 @@ TEST_F(MainWindowTest, RunsTheToolbarsActionsOnTheShownTool) {
 TEST_F(MainWindowTest, KeepsEverythingWhileToolsAreSwitched) {
     load(TextureSlotKind::baseColor, u"Brick.png"_s);
     loadSource(u"Stone.png"_s);
-    click(withText<Toggle>(page(), u"Write notes"_s));
+    click(withText<QCheckBox>(page(), u"Write notes"_s));
     showTool(StudioTool::normalGenerator);
-    click(withText<Toggle>(page(), u"Invert height"_s));
+    click(withText<QCheckBox>(page(), u"Invert height"_s));
     showTool(StudioTool::pbr);
     EXPECT_FALSE(materials.settings().exportNotes);
-    EXPECT_FALSE(withText<Toggle>(page(), u"Write notes"_s).isChecked());
+    EXPECT_FALSE(withText<QCheckBox>(page(), u"Write notes"_s).isChecked());
     EXPECT_TRUE(shows(page(), u"Brick.png"_s));
     showTool(StudioTool::normalGenerator);
-    EXPECT_TRUE(withText<Toggle>(page(), u"Invert height"_s).isChecked());
+    EXPECT_TRUE(withText<QCheckBox>(page(), u"Invert height"_s).isChecked());
     EXPECT_TRUE(shows(page(), u"Stone.png"_s));
     EXPECT_EQ(materials.settings().materialName, u"Brick"_s);
     EXPECT_EQ(maps.settings().materialName, u"Stone"_s);
@@ -204,7 +204,7 @@ TEST_F(MainWindowTest, ExportsByItsShortcutFromTheNameToo) {
 
 TEST_F(MainWindowTest, ResetsByItsShortcutOutsideOfText) {
     load(TextureSlotKind::baseColor);
-    withText<Toggle>(page(), u"Write notes"_s).setFocus(Qt::TabFocusReason);
+    withText<QCheckBox>(page(), u"Write notes"_s).setFocus(Qt::TabFocusReason);
     press(*QApplication::focusWidget(), Qt::Key_Backspace, Qt::ControlModifier);
     EXPECT_FALSE(materials.hasAnyTexture());
 }
@@ -263,7 +263,7 @@ TEST_F(MainWindowTest, IsWalkedThroughInReadingOrder) {
         press(*focused, Qt::Key_Tab);
     } while (QApplication::focusWidget() != first && places.size() < 60);
     ASSERT_GT(places.size(), 20);
-    // From the bar at the top to the tabs, and then down one column after the other.
+    // First the bar at the top and the tabs, then column after column, each from top to bottom.
     const auto column = [](const QRect& place) {
         return place.top() < 100 ? 0 : place.left() < 320 ? 1 : place.left() < 755 ? 2 : 3;
     };

@@ -22,7 +22,7 @@ qsizetype openDescriptors() {
 
 class Soak : public WindowFixture {
 protected:
-    /// One import, one preview and one export in the tool whose turn it is, with other settings than before.
+    /// One import, one preview and one export in one of the tools, with different settings each time.
     void runRound(int number) {
         if (number % 2 == 0) {
             workOnMaterial(number);
@@ -32,7 +32,7 @@ protected:
         settle();
     }
 
-    /// The memory in use with nothing loaded: what a round leaves behind otherwise depends on what it loaded.
+    /// The memory in use with nothing loaded: otherwise what is left after a round depends on what it loaded.
     qint64 memoryAtRest() {
         materials.reset();
         maps.reset();
@@ -50,7 +50,7 @@ private:
         }
         const auto slots = allCases<TextureSlotKind>();
         materials.importTexture(texture(number), TextureSlotKind::baseColor);
-        // Every other slot gets its turn, now and then with a file that holds no image.
+        // The other slots take turns, now and then with a file that is not an image.
         materials.importTexture(number % 18 == 0 ? unreadable : texture(number + 1),
                                 slots[static_cast<std::size_t>(number / 2) % slots.size()]);
         ConversionSettings settings = materials.settings();
@@ -81,7 +81,7 @@ private:
         finish(number);
     }
 
-    /// Presses the buttons of the toolbar; now and then the folder is one that nothing can be written to.
+    /// Presses the buttons of the toolbar; now and then the chosen folder cannot be written to.
     void finish(int number) {
         chooser.folder = number % 11 == 0 ? blocked : folder.url();
         for (Button* button : toolBarButtons()) {
@@ -106,7 +106,7 @@ TEST_F(Soak, AThousandImportsPreviewsAndExportsLeaveMemoryAndDescriptorsLevel) {
     const qsizetype descriptors = openDescriptors();
     for (int number = warmUp; number < rounds; ++number) {
         runRound(number);
-        // What was asked for and logged would otherwise be all that grows.
+        // The recorded questions and the log would grow otherwise.
         chooser.folderQuestions.clear();
     }
     EXPECT_TRUE(QFile::exists(folder.path(u"Material_2/Material_2_ORM.png"_s)));

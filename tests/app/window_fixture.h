@@ -6,7 +6,7 @@
 #include "stores/material_store.h"
 #include "stores/normal_generator_store.h"
 #include "ui/controls/button.h"
-#include "ui/panels/tool_tabs.h"
+#include "ui/window/tool_tabs.h"
 #include "view_fixture.h"
 
 #include <QAction>
@@ -36,7 +36,7 @@ protected:
     MainWindow window{materials, maps};
     QTabBar& tabs = *window.findChild<ToolTabs*>()->tabBar();
 
-    /// The entry of the menu bar's menus with this text, mnemonics left out.
+    /// The entry of the menu bar's menus with this text, without mnemonics.
     QAction& entry(const QString& menuTitle, const QString& text) const {
         for (const QAction* menu : window.menuBar()->actions()) {
             if (plain(menu->text()) == menuTitle) {

@@ -1,11 +1,12 @@
 #include "model/texture_slot_kind.h"
 #include "painted_textures.h"
 #include "picture_baseline.h"
-#include "ui/panels/generator_input_panel.h"
-#include "ui/panels/generator_settings_panel.h"
-#include "ui/panels/material_settings_panel.h"
+#include "ui/generator/generator_input_panel.h"
+#include "ui/generator/generator_settings_panel.h"
+#include "ui/material/material_settings_panel.h"
+#include "ui/material/texture_sidebar.h"
 #include "ui/panels/texture_card.h"
-#include "ui/panels/texture_sidebar.h"
+#include "ui/panels/tool_actions.h"
 #include "ui/panels/tool_preview_panel.h"
 #include "view_fixture.h"
 
@@ -18,6 +19,8 @@ namespace {
 
 class MaterialPictures : public StoreFixture<MaterialStore> {
 protected:
+    ToolActions actions{store};
+
     void load() {
         store.importTexture(folder.save(u"Tiles.png"_s, paintedTiles(256, 256)), TextureSlotKind::baseColor);
         store.importTexture(
@@ -29,26 +32,26 @@ protected:
 };
 
 TEST_F(MaterialPictures, SidebarEmpty) {
-    ViewWindow window(new TextureSidebar(store), QSize(320, 480));
+    ViewWindow window(new TextureSidebar(store, actions), QSize(320, 480));
     expectPictures(window.view(), u"sidebar_empty"_s);
 }
 
 TEST_F(MaterialPictures, SidebarLoadedAndDraggedOver) {
     load();
-    ViewWindow window(new TextureSidebar(store), QSize(320, 540));
+    ViewWindow window(new TextureSidebar(store, actions), QSize(320, 540));
     const auto files = dragged({folder.texture(u"a.png"_s)});
     dragOver(child<TextureCard>(window.view(), u"normal"_s), *files);
     expectPictures(window.view(), u"sidebar_loaded"_s);
 }
 
 TEST_F(MaterialPictures, SettingsEmpty) {
-    ViewWindow window(new MaterialSettingsPanel(store), QSize(440, 600));
+    ViewWindow window(new MaterialSettingsPanel(store, actions), QSize(440, 600));
     expectPictures(window.view(), u"material_settings_empty"_s);
 }
 
 TEST_F(MaterialPictures, SettingsLoaded) {
     load();
-    ViewWindow window(new MaterialSettingsPanel(store), QSize(360, 600));
+    ViewWindow window(new MaterialSettingsPanel(store, actions), QSize(360, 600));
     press(*QApplication::focusWidget(), Qt::Key_Tab);
     expectPictures(window.view(), u"material_settings_loaded"_s);
 }
@@ -66,18 +69,20 @@ TEST_F(MaterialPictures, PreviewLoaded) {
 
 class GeneratorPictures : public StoreFixture<NormalGeneratorStore> {
 protected:
+    ToolActions actions{store};
+
     void load() { store.importSourceTexture(folder.save(u"Tiles.png"_s, paintedTiles(256, 256))); }
 };
 
 TEST_F(GeneratorPictures, InputLoaded) {
     load();
-    ViewWindow window(new GeneratorInputPanel(store), QSize(320, 180));
+    ViewWindow window(new GeneratorInputPanel(store, actions), QSize(320, 180));
     expectPictures(window.view(), u"generator_input_loaded"_s);
 }
 
 TEST_F(GeneratorPictures, Settings) {
     load();
-    ViewWindow window(new GeneratorSettingsPanel(store), QSize(440, 860));
+    ViewWindow window(new GeneratorSettingsPanel(store, actions), QSize(440, 860));
     expectPictures(window.view(), u"generator_settings"_s);
 }
 

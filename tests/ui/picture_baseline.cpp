@@ -18,9 +18,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Two channels this close are taken for the same: lines and letters may be smoothed slightly differently.
+/// Channels that differ by no more count as equal: lines and letters may be smoothed slightly differently.
 constexpr int channelTolerance = 24;
-/// So many pixels may differ by more.
+/// This many pixels may differ by more.
 constexpr int pixelTolerance = 8;
 
 QImage pictureOf(QWidget& widget, double scale) {

@@ -2,7 +2,7 @@
 
 #include "store_fixture.h"
 #include "test_application.h"
-#include "ui/controls/text_label.h"
+#include "ui/display/text_label.h"
 
 #include <QApplication>
 #include <QDragEnterEvent>
@@ -14,7 +14,7 @@
 
 namespace quarlin::fixtures {
 
-/// Lets everything that waits for the event loop happen.
+/// Runs the event loop until nothing is pending.
 inline void settle() {
     for (int round = 0; round < 5; ++round) {
         QCoreApplication::sendPostedEvents();
@@ -66,7 +66,7 @@ inline void press(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers 
     settle();
 }
 
-/// Drags `data` over `widget`; returns whether it would take it.
+/// Drags `data` over `widget`; returns whether the widget would accept it.
 inline bool dragOver(QWidget& widget, const QMimeData& data) {
     const QPoint middle = widget.rect().center();
     QDragEnterEvent enter(middle, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
@@ -84,7 +84,7 @@ inline void dragAway(QWidget& widget) {
     QCoreApplication::sendEvent(&widget, &leave);
 }
 
-/// Lets go of `data` over `widget`; returns whether it was taken.
+/// Drops `data` on `widget`; returns whether it was accepted.
 inline bool dropOn(QWidget& widget, const QMimeData& data) {
     QDropEvent drop(widget.rect().center(), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
     QCoreApplication::sendEvent(&widget, &drop);

@@ -1,10 +1,10 @@
-#include "ui/panels/workspaces.h"
 #include "model/texture_slot_kind.h"
 #include "stores/material_store.h"
 #include "stores/normal_generator_store.h"
+#include "ui/generator/generator_workspace.h"
 #include "ui/layout/column_splitter.h"
-#include "ui/panels/busy_pointer.h"
-#include "ui/panels/store_observer.h"
+#include "ui/material/material_workspace.h"
+#include "ui/panels/tool_actions.h"
 #include "view_fixture.h"
 
 using namespace Qt::StringLiterals;
@@ -15,18 +15,19 @@ using namespace quarlin::fixtures;
 namespace {
 
 template <typename Store>
-QWidget* makeWorkspace(Store& store) {
+QWidget* makeWorkspace(Store& store, ToolActions& actions) {
     if constexpr (std::is_same_v<Store, MaterialStore>) {
-        return makeMaterialWorkspace(store);
+        return makeMaterialWorkspace(store, actions);
     } else {
-        return makeGeneratorWorkspace(store);
+        return makeGeneratorWorkspace(store, actions);
     }
 }
 
 template <typename Store>
 class Workspace : public StoreFixture<Store> {
 protected:
-    ViewWindow window{makeWorkspace(this->store), QSize(1142, 640)};
+    ToolActions actions{this->store};
+    ViewWindow window{makeWorkspace(this->store, actions), QSize(1142, 640)};
     ColumnSplitter& splitter = static_cast<ColumnSplitter&>(window.view());
 };
 
@@ -74,50 +75,6 @@ TYPED_TEST(Workspace, LetsTheColumnsBeDragged) {
     settle();
     EXPECT_LT(this->splitter.sizes()[0], before);
     EXPECT_GE(this->splitter.sizes()[0], 290);
-}
-
-class StoreObserverTest : public StoreFixture<MaterialStore> {};
-
-TEST_F(StoreObserverTest, RedrawsOnceForManyChangesAndOnlyWhenTheyAreMade) {
-    QObject view;
-    QList<qsizetype> seen;
-    new StoreObserver(
-        store, [&] { seen << store.logLines().size(); }, &view);
-    EXPECT_EQ(seen, QList<qsizetype>({1}));
-    store.removeTexture(TextureSlotKind::normal);
-    store.removeTexture(TextureSlotKind::normal);
-    EXPECT_EQ(seen.size(), 1);
-    runEventLoop();
-    EXPECT_EQ(seen, QList<qsizetype>({1, 3}));
-    store.removeTexture(TextureSlotKind::normal);
-    runEventLoop();
-    EXPECT_EQ(seen, QList<qsizetype>({1, 3, 4}));
-}
-
-TEST_F(StoreObserverTest, StopsWithItsView) {
-    int redraws = 0;
-    auto view = std::make_unique<QObject>();
-    new StoreObserver(
-        store, [&] { ++redraws; }, view.get());
-    store.removeTexture(TextureSlotKind::normal);
-    view.reset();
-    runEventLoop();
-    EXPECT_EQ(redraws, 1);
-}
-
-class BusyPointerTest : public StoreFixture<MaterialStore> {};
-
-TEST_F(BusyPointerTest, ShowsWhileTheEngineRunsAndNoLonger) {
-    const BusyPointer pointer(store);
-    QList<Qt::CursorShape> shapes;
-    QObject::connect(&store, &MaterialStore::workStarted, [&] {
-        ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
-        shapes << QGuiApplication::overrideCursor()->shape();
-    });
-    store.importTexture(folder.texture(u"a.png"_s), TextureSlotKind::baseColor);
-    store.importTexture(folder.noTexture(u"b.png"_s), TextureSlotKind::baseColor);
-    EXPECT_EQ(shapes, QList<Qt::CursorShape>({Qt::WaitCursor, Qt::WaitCursor, Qt::WaitCursor}));
-    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
 }  // namespace

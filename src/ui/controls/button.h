@@ -5,36 +5,29 @@
 
 namespace quarlin {
 
-/// How a button stands out: as one of several actions, as the main one, or without a frame until it is
+/// How prominent a button is: one of several actions, the main one, or without a frame until it is
 /// pointed at.
 enum class ButtonStyle { bordered, prominent, borderless };
 
-/// A button with a symbol, beside its text if it has one.
+/// A button with a symbol, next to its text if it has one.
 class Button : public QPushButton {
     Q_OBJECT
 
 public:
     /// A button that shows `symbol` and `text`, in which "&" marks the mnemonic.
-    Button(ButtonStyle style, QString symbol, const QString& text, QWidget* parent = nullptr);
+    Button(ButtonStyle style, const QString& symbol, const QString& text, QWidget* parent = nullptr);
 
     /// A bare symbol; `help` is its tooltip and its accessible name.
     static Button* symbolOnly(const QString& symbol, const QString& help, QWidget* parent = nullptr);
 
-    const QString& symbol() const { return m_symbol; }
+    QString symbol() const { return icon().name(); }
     ButtonStyle buttonStyle() const { return m_style; }
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
-
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void initStyleOption(QStyleOptionButton* option) const override;
 
 private:
-    void paintBackground(QPainter& painter) const;
-    QColor contentColor() const;
-
     ButtonStyle m_style;
-    QString m_symbol;
 };
 
 }  // namespace quarlin

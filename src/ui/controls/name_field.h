@@ -11,12 +11,11 @@ class NameField : public QLineEdit {
 public:
     explicit NameField(QWidget* parent = nullptr);
 
-    /// Shows `name`. A name that is shown already leaves cursor, selection and undo history alone.
+    /// Shows `name`. If it is shown already, cursor, selection and undo history are kept.
     void showName(const QString& name);
 
 protected:
     bool event(QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 };
 
 }  // namespace quarlin

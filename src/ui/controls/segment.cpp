@@ -18,7 +18,7 @@ constexpr int inset = 2;
 }  // namespace
 
 Segment::Segment(const QString& title, QWidget* parent) : QRadioButton(title, parent) {
-    // Painted anew when the pointer comes and goes.
+    // Repainted when the pointer enters and leaves.
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

@@ -23,14 +23,14 @@ SegmentedPicker::SegmentedPicker(const QString& label, const QStringList& titles
     for (const QString& title : titles) {
         auto* segment = new Segment(title, this);
         segment->setAccessibleDescription(label);
-        // Tab stops at the chosen segment; the arrow keys go on from there.
+        // Tab stops at the chosen segment only; the arrow keys move to the others.
         connect(segment, &Segment::toggled, segment,
                 [segment](bool isChosen) { segment->setFocusPolicy(isChosen ? Qt::TabFocus : Qt::NoFocus); });
         segment->setFocusPolicy(Qt::NoFocus);
         m_segments->addButton(segment, index++);
         row->addWidget(segment, segment->minimumSizeHint().width());
     }
-    // Both a click and the arrow keys come as a click of the segment.
+    // An arrow key clicks the segment that it moves to.
     connect(m_segments, &QButtonGroup::idClicked, this, &SegmentedPicker::chosen);
 }
 
@@ -47,7 +47,7 @@ void SegmentedPicker::paintEvent(QPaintEvent*) {
     const QColor secondary = secondaryColor(palette());
     paintSurface(painter, rect(), metrics::controlRadius, withOpacity(secondary, 0.1),
                  withOpacity(secondary, 0.24));
-    // A line between two segments, unless one of them is the chosen, which has an edge of its own.
+    // A line between two segments, unless one of them is chosen and so has an edge of its own.
     const QList<QAbstractButton*> segments = m_segments->buttons();
     for (qsizetype index = 1; index < segments.size(); ++index) {
         if (!segments[index - 1]->isChecked() && !segments[index]->isChecked()) {

@@ -2,7 +2,7 @@
 
 #include "model/formatters.h"
 #include "ui/controls/slider.h"
-#include "ui/controls/text_label.h"
+#include "ui/display/text_label.h"
 
 #include <QHBoxLayout>
 
@@ -13,6 +13,7 @@ namespace quarlin {
 namespace {
 
 constexpr int titleWidth = 76;
+constexpr int leastSliderWidth = 60;
 constexpr int valueWidth = 44;
 constexpr int spacing = 10;
 
@@ -20,7 +21,7 @@ constexpr int spacing = 10;
 
 SliderRow::SliderRow(const QString& title, const ValueRange& range, std::function<QString(double)> format,
                      QWidget* parent)
-    : QWidget(parent), m_format(std::move(format)) {
+    : QWidget(parent) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(spacing);
@@ -29,8 +30,9 @@ SliderRow::SliderRow(const QString& title, const ValueRange& range, std::functio
     titleLabel->setFixedWidth(textFrame(titleWidth));
     row->addWidget(titleLabel);
 
-    m_slider = new Slider(range, m_format);
+    m_slider = new Slider(range, std::move(format));
     m_slider->setAccessibleName(title);
+    m_slider->setMinimumWidth(leastSliderWidth);
     row->addWidget(m_slider);
 
     m_valueLabel = new TextLabel({}, TextStyle::callout, TextWeight::secondary);
@@ -38,7 +40,7 @@ SliderRow::SliderRow(const QString& title, const ValueRange& range, std::functio
     m_valueLabel->setFixedWidth(textFrame(valueWidth));
     row->addWidget(m_valueLabel);
 
-    connect(m_slider, &Slider::valueEdited, this, [this](double value) {
+    connect(m_slider, &Slider::numberEdited, this, [this](double value) {
         showValue();
         Q_EMIT valueEdited(value);
     });
@@ -50,12 +52,12 @@ SliderRow* SliderRow::percentage(const QString& title, QWidget* parent) {
 }
 
 void SliderRow::setValue(double value) {
-    m_slider->setValue(value);
+    m_slider->showNumber(value);
     showValue();
 }
 
 QString SliderRow::valueLabel() const { return m_valueLabel->text(); }
 
-void SliderRow::showValue() { m_valueLabel->setText(m_format(m_slider->value())); }
+void SliderRow::showValue() { m_valueLabel->setText(m_slider->numberText()); }
 
 }  // namespace quarlin

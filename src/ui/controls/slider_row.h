@@ -1,12 +1,11 @@
 #pragma once
 
-#include "ui/controls/range_control.h"
+#include "ui/controls/slider.h"
 
 #include <QWidget>
 
 namespace quarlin {
 
-class Slider;
 class TextLabel;
 
 /// A title, a slider and its value as text. The widths of the title and of the text are fixed, so that the
@@ -36,7 +35,6 @@ private:
 
     Slider* m_slider;
     TextLabel* m_valueLabel;
-    std::function<QString(double)> m_format;
 };
 
 }  // namespace quarlin

@@ -1,19 +1,27 @@
 #include "ui/controls/stepper.h"
 
+#include "ui/controls/range_accessible.h"
 #include "ui/style/colors.h"
 #include "ui/style/metrics.h"
 #include "ui/style/painting.h"
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QSignalBlocker>
 
 namespace quarlin {
 
-Stepper::Stepper(int minimum, int maximum, QWidget* parent)
-    : RangeControl(
-          {static_cast<double>(minimum), static_cast<double>(maximum), 1, 1},
-          [](double value) { return QString::number(qRound(value)); }, parent) {
+Stepper::Stepper(int minimum, int maximum, QWidget* parent) : QAbstractSlider(parent) {
+    installRangeAccessibility();
+    setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setRange(minimum, maximum);
+    setPageStep(1);
+}
+
+void Stepper::showValue(int value) {
+    const QSignalBlocker quietly(this);
+    setValue(value);
 }
 
 void Stepper::mousePressEvent(QMouseEvent* event) {
@@ -21,7 +29,7 @@ void Stepper::mousePressEvent(QMouseEvent* event) {
         return event->ignore();
     }
     m_pressed = upperHalf().contains(event->position().toPoint()) ? 1 : -1;
-    edit(value() + m_pressed * range().step);
+    triggerAction(m_pressed > 0 ? SliderSingleStepAdd : SliderSingleStepSub);
     update();
 }
 
@@ -50,8 +58,8 @@ void Stepper::paintEvent(QPaintEvent*) {
         paintSurface(painter, half.adjusted(1, 1, -1, -1), metrics::controlRadius - 1,
                      withOpacity(secondary, 0.24), Qt::transparent);
     }
-    paintArrow(painter, upperHalf(), 1, value() < range().maximum);
-    paintArrow(painter, lowerHalf(), -1, value() > range().minimum);
+    paintArrow(painter, upperHalf(), 1, value() < maximum());
+    paintArrow(painter, lowerHalf(), -1, value() > minimum());
     paintFocusRing(painter, *this, rect(), metrics::controlRadius);
 }
 

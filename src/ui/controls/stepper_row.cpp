@@ -1,7 +1,7 @@
 #include "ui/controls/stepper_row.h"
 
 #include "ui/controls/stepper.h"
-#include "ui/controls/text_label.h"
+#include "ui/display/text_label.h"
 
 #include <QHBoxLayout>
 
@@ -21,20 +21,20 @@ StepperRow::StepperRow(const QString& title, int minimum, int maximum, QWidget* 
     m_stepper->setAccessibleName(title);
     row->addWidget(m_stepper);
 
-    connect(m_stepper, &Stepper::valueEdited, this, [this](double value) {
+    connect(m_stepper, &Stepper::valueChanged, this, [this](int value) {
         showValue();
-        Q_EMIT valueEdited(qRound(value));
+        Q_EMIT valueEdited(value);
     });
     showValue();
 }
 
 void StepperRow::setValue(int value) {
-    m_stepper->setValue(value);
+    m_stepper->showValue(value);
     showValue();
 }
 
 QString StepperRow::valueLabel() const { return m_valueLabel->text(); }
 
-void StepperRow::showValue() { m_valueLabel->setText(m_stepper->valueText()); }
+void StepperRow::showValue() { m_valueLabel->setText(QString::number(m_stepper->value())); }
 
 }  // namespace quarlin

@@ -36,7 +36,7 @@ int AdaptiveGrid::arrange(const QRect& rectangle, bool move) const {
     const int columns = columnCount(rectangle.width());
     const Qt::LayoutDirection direction =
         parentWidget() ? parentWidget()->layoutDirection() : Qt::LeftToRight;
-    // Every column is equally wide, so that the rows line up; what does not divide evenly goes between them.
+    // Every column is equally wide, so that the rows line up; pixels that are left over go between them.
     const int width = (rectangle.width() - (columns - 1) * spacing()) / columns;
     const auto columnStart = [&](int column) {
         return columns == 1 ? 0 : (rectangle.width() - width) * column / (columns - 1);

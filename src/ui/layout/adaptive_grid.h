@@ -13,7 +13,7 @@ class AdaptiveGrid : public QLayout {
     Q_OBJECT
 
 public:
-    /// Columns are at least `minimumColumnWidth` wide, and `spacing` lies between columns and between rows.
+    /// Columns are at least `minimumColumnWidth` wide, with `spacing` between columns and between rows.
     AdaptiveGrid(int minimumColumnWidth, int spacing, QWidget* parent = nullptr);
 
     /// The number of columns that fit into `width`, at least one.
@@ -31,7 +31,7 @@ public:
     void setGeometry(const QRect& rectangle) override;
 
 private:
-    /// Places the items from the corner of `rectangle` on, if `move` says so, and returns the height they
+    /// Places the items from the top of `rectangle` on, if `move` is true, and returns the height that they
     /// take.
     int arrange(const QRect& rectangle, bool move) const;
 

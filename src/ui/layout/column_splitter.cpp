@@ -23,7 +23,7 @@ constexpr Column inputColumn{290, 320, 380, 0};
 constexpr Column settingsColumn{360, 440, QWIDGETSIZE_MAX, 1};
 constexpr Column previewColumn{320, 380, QWIDGETSIZE_MAX, 3};
 
-/// A line, one pixel thick; the toolkit lets it be grabbed a few pixels beside it.
+/// A line, one pixel thick; Qt lets it be grabbed a few pixels to either side.
 class Handle : public QSplitterHandle {
 public:
     using QSplitterHandle::QSplitterHandle;

@@ -17,7 +17,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    /// The widths that a change of the window's width starts from: the ideal ones, or those the user has set.
+    /// The widths that a new width of the window is shared out from: the ideal ones, or those the user has
+    /// set.
     QList<int> m_widths;
 };
 

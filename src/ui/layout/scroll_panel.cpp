@@ -1,6 +1,6 @@
 #include "ui/layout/scroll_panel.h"
 
-#include "ui/controls/overlay_scroll_bar.h"
+#include "ui/style/metrics.h"
 
 #include <QScrollBar>
 #include <QStyle>
@@ -17,9 +17,15 @@ ScrollPanel::ScrollPanel(int spacing, const QMargins& margins, QWidget* parent) 
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // The scroll area would make the rows narrower where it shows its bar. It is told not to, and the bar
+    // moves out of its care, over the rows.
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_bar = new OverlayScrollBar(*verticalScrollBar(), this);
-    // What is reached with Tab is scrolled into view; the area itself is no stop on the way.
+    QScrollBar* bar = verticalScrollBar();
+    bar->setParent(this);
+    bar->hide();
+    connect(bar, &QScrollBar::rangeChanged, bar,
+            [bar](int minimum, int maximum) { bar->setVisible(maximum > minimum); });
+    // What Tab reaches is scrolled into view; Tab does not stop at the area itself.
     setFocusPolicy(Qt::NoFocus);
     viewport()->setAutoFillBackground(false);
     content->setAutoFillBackground(false);
@@ -29,9 +35,10 @@ QSize ScrollPanel::minimumSizeHint() const { return {widget()->minimumSizeHint()
 
 void ScrollPanel::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
-    const QRect place(width() - OverlayScrollBar::thickness, 0, OverlayScrollBar::thickness, height());
-    m_bar->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
-    m_bar->raise();
+    constexpr int thickness = metrics::scrollBarThickness;
+    const QRect end(width() - thickness, 0, thickness, height());
+    verticalScrollBar()->setGeometry(QStyle::visualRect(layoutDirection(), rect(), end));
+    verticalScrollBar()->raise();
 }
 
 }  // namespace quarlin

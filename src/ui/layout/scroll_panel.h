@@ -6,15 +6,14 @@ class QVBoxLayout;
 
 namespace quarlin {
 
-class OverlayScrollBar;
-
-/// A column of content that scrolls up and down, and is always as wide as the view of it. Its scroll bar lies
-/// over the margin at the end of the rows, so that they are as wide with it as without.
+/// A column of content that scrolls up and down, and is always as wide as the view of it. Its scroll bar,
+/// which is visible while there is something to scroll, is over the margin at the end of the rows, so that
+/// they are as wide with it as without.
 class ScrollPanel : public QScrollArea {
     Q_OBJECT
 
 public:
-    /// Rows are `spacing` apart; `margins` lie around all of them.
+    /// Rows are `spacing` apart; `margins` are around all of them.
     ScrollPanel(int spacing, const QMargins& margins, QWidget* parent = nullptr);
 
     /// Where the content goes, top to bottom.
@@ -27,7 +26,6 @@ protected:
 
 private:
     QVBoxLayout* m_rows;
-    OverlayScrollBar* m_bar;
 };
 
 }  // namespace quarlin

@@ -1,7 +1,7 @@
 #include "ui/panels/empty_preview.h"
 
-#include "ui/controls/symbol_view.h"
-#include "ui/controls/text_label.h"
+#include "ui/display/symbol_view.h"
+#include "ui/display/text_label.h"
 #include "ui/style/colors.h"
 #include "ui/style/metrics.h"
 #include "ui/style/painting.h"

@@ -4,7 +4,7 @@
 
 namespace quarlin {
 
-/// Stands where the preview tiles will be.
+/// Takes the place of the preview tiles while there are none.
 class EmptyPreview : public QWidget {
     Q_OBJECT
 

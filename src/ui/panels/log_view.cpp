@@ -20,7 +20,7 @@ namespace {
 
 constexpr int lineSpacing = 6;
 
-/// How many of the lines at the front of `before` have to go so that what is left begins `after`.
+/// How many lines have to be removed from the front of `before` so that `after` begins with the rest.
 qsizetype outdated(const QStringList& before, const QStringList& after) {
     qsizetype count = 0;
     while (count < before.size() && (before.size() - count > after.size() ||
@@ -85,7 +85,7 @@ void LogView::removeFirstLines(qsizetype count) {
 void LogView::applyStyle() {
     setFont(quarlin::font(TextStyle::monospacedCaption));
     QPalette colors = palette();
-    // A color already in place is not set again: setting it announces a change of palette.
+    // Only when it changes: setting a palette announces a change of palette, which leads here.
     if (const QColor text = secondaryColor(colors); colors.color(QPalette::Text) != text) {
         colors.setColor(QPalette::Text, text);
         setPalette(colors);

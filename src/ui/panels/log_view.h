@@ -16,7 +16,7 @@ public:
     /// The lines as shown, oldest first.
     QStringList lines() const;
 
-    /// Shows `lines`, oldest first. Lines that stay keep their selection.
+    /// Shows `lines`, oldest first. The selection is kept where its lines are.
     void setLines(const QStringList& lines);
 
 protected:

@@ -1,6 +1,6 @@
 #include "ui/panels/panel_header.h"
 
-#include "ui/controls/text_label.h"
+#include "ui/display/text_label.h"
 #include "ui/style/metrics.h"
 
 #include <QHBoxLayout>

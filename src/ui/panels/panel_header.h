@@ -6,15 +6,14 @@ class QHBoxLayout;
 
 namespace quarlin {
 
-/// The heading of a panel, which stays in place while the panel scrolls. What belongs at its end is added to
-/// it.
+/// The heading of a panel, which stays in place while the panel scrolls.
 class PanelHeader : public QWidget {
     Q_OBJECT
 
 public:
     explicit PanelHeader(const QString& title, QWidget* parent = nullptr);
 
-    /// Puts `widget` at the end of the row. A widget that can grow takes up to the room beside the title.
+    /// Puts `widget` at the end of the row. A widget that can grow takes at most the room next to the title.
     void addAtEnd(QWidget* widget, int stretch = 0);
 
 private:

@@ -1,7 +1,7 @@
 #include "ui/panels/preview_panel.h"
 
 #include "imaging/files/file_names.h"
-#include "ui/controls/text_label.h"
+#include "ui/display/text_label.h"
 #include "ui/layout/adaptive_grid.h"
 #include "ui/layout/scroll_panel.h"
 #include "ui/layout/separator.h"

@@ -21,10 +21,10 @@ class PreviewPanel : public QWidget {
     Q_OBJECT
 
 public:
-    /// `emptySymbol` stands where the tiles will be.
+    /// `emptySymbol` is shown while there are no tiles.
     explicit PreviewPanel(const QString& emptySymbol, QWidget* parent = nullptr);
 
-    /// Shows one tile per element, in this order; none shows that there is no preview.
+    /// Shows one tile per element, in this order, or, without any, that there is no preview.
     void setTiles(const std::vector<PreviewTileContent>& contents);
 
     /// Shows the name of the folder that received the last export, if there was one.

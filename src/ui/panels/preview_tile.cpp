@@ -1,7 +1,7 @@
 #include "ui/panels/preview_tile.h"
 
-#include "ui/controls/picture_view.h"
-#include "ui/controls/text_label.h"
+#include "ui/display/picture_view.h"
+#include "ui/display/text_label.h"
 #include "ui/style/colors.h"
 #include "ui/style/metrics.h"
 #include "ui/style/painting.h"

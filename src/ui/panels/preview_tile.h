@@ -16,7 +16,7 @@ struct PreviewTileContent {
     QImage image;
 };
 
-/// One preview: the picture, square, over its title and a few words on what it is.
+/// One preview: the picture, square, over its title and a short description.
 class PreviewTile : public QWidget {
     Q_OBJECT
 

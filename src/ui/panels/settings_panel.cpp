@@ -1,7 +1,8 @@
 #include "ui/panels/settings_panel.h"
 
 #include "ui/controls/button.h"
-#include "ui/controls/text_label.h"
+#include "ui/display/text_label.h"
+#include "ui/panels/tool_actions.h"
 #include "ui/style/metrics.h"
 
 #include <QHBoxLayout>
@@ -24,7 +25,7 @@ constexpr QMargins panelMargins(metrics::standardPadding, metrics::standardPaddi
 SettingsPanel::SettingsPanel(const QString& heading, QWidget* parent)
     : ScrollPanel(groupSpacing, panelMargins, parent) {
     auto* title = new TextLabel(heading, TextStyle::title3);
-    // As high as the headings of the columns beside it, which have buttons in their rows.
+    // As high as the headings of the other columns, which have buttons in their rows.
     title->setMinimumHeight(metrics::headerRowHeight);
     rows()->addWidget(title);
 }
@@ -43,15 +44,15 @@ void SettingsPanel::addLabeled(GroupBox& group, const QString& label, QWidget* p
     group.rows()->addLayout(row);
 }
 
-void SettingsPanel::addActions(GroupBox& group) {
+void SettingsPanel::addActions(GroupBox& group, ToolActions& actions) {
     auto* row = new QHBoxLayout;
     row->setSpacing(buttonSpacing);
-    m_preview = new Button(ButtonStyle::bordered, u"eye"_s, u"Pre&view"_s);
-    m_preview->setObjectName(u"preview"_s);
-    row->addWidget(m_preview);
-    m_export = new Button(ButtonStyle::prominent, u"square.and.arrow.up"_s, u"E&xport"_s);
-    m_export->setObjectName(u"export"_s);
-    row->addWidget(m_export);
+    Button* preview = actions.preview.makePanelButton(ButtonStyle::bordered);
+    preview->setObjectName(u"preview"_s);
+    row->addWidget(preview);
+    Button* exportSet = actions.exportSet.makePanelButton(ButtonStyle::prominent);
+    exportSet->setObjectName(u"export"_s);
+    row->addWidget(exportSet);
     row->addStretch();
     group.rows()->addLayout(row);
 }

@@ -6,11 +6,11 @@
 #include "ui/controls/segmented_picker.h"
 #include "ui/controls/slider_row.h"
 #include "ui/controls/stepper_row.h"
-#include "ui/controls/toggle.h"
 #include "ui/layout/group_box.h"
 #include "ui/layout/scroll_panel.h"
-#include "ui/panels/store_observer.h"
+#include "ui/panels/observe.h"
 
+#include <QCheckBox>
 #include <QVBoxLayout>
 
 #include <functional>
@@ -20,7 +20,7 @@ namespace quarlin {
 
 using namespace Qt::StringLiterals;
 
-class Button;
+class ToolActions;
 
 /// The middle column of a tool, as a list of groups of controls.
 class SettingsPanel : public ScrollPanel {
@@ -33,21 +33,14 @@ protected:
     /// Adds a group under the others; its rows are `spacing` apart.
     GroupBox* addGroup(const QString& title, int spacing);
 
-    /// Adds `picker` behind its label.
+    /// Adds `picker` after its label.
     static void addLabeled(GroupBox& group, const QString& label, QWidget* picker);
 
-    /// Adds the row of the two actions to `group`.
-    void addActions(GroupBox& group);
+    /// Adds a row with the buttons for preview and export to `group`.
+    static void addActions(GroupBox& group, ToolActions& actions);
 
     /// Keeps the groups at the top of the column.
     void closeColumn();
-
-    Button* previewButton() const { return m_preview; }
-    Button* exportButton() const { return m_export; }
-
-private:
-    Button* m_preview = nullptr;
-    Button* m_export = nullptr;
 };
 
 /// A settings panel whose controls are bound to the fields of a store's settings: an edit is written into the
@@ -80,9 +73,10 @@ protected:
     }
 
     void addToggle(GroupBox& group, const QString& title, bool Settings::*field) {
-        auto* control = new Toggle(title);
-        group.rows()->addWidget(control);
-        bind(control, field, &Toggle::clicked, &Toggle::setChecked);
+        auto* control = new QCheckBox(title);
+        // Only as wide as its title: a click in the rest of the row does nothing.
+        group.rows()->addWidget(control, 0, Qt::AlignLeft);
+        bind(control, field, &QCheckBox::clicked, &QCheckBox::setChecked);
     }
 
     /// Adds a toggle for each file of a set that has a switch.
@@ -109,17 +103,13 @@ protected:
         bind(control, field, &StepperRow::valueEdited, &StepperRow::setValue);
     }
 
-    /// Shows the settings from now on, and calls `redraw` with them for whatever else the panel shows.
-    void observe(std::function<void()> redraw) {
-        new StoreObserver(
-            m_store,
-            [this, redraw = std::move(redraw)] {
-                for (const auto& showField : m_shows) {
-                    showField(m_store.settings());
-                }
-                redraw();
-            },
-            this);
+    /// Shows the settings from now on.
+    void showSettings() {
+        observe(this, m_store, [this] {
+            for (const auto& showField : m_shows) {
+                showField(m_store.settings());
+            }
+        });
     }
 
 private:
@@ -130,7 +120,7 @@ private:
         m_store.setSettings(settings);
     }
 
-    /// Joins a control and a field: `edited` is the control's signal, `setter` the way to set it.
+    /// Connects a control with a field: `edited` is the signal of the user's edits, `setter` shows a value.
     template <typename Control, typename Value, typename Edited, typename Setter>
     void bind(Control* control, Value Settings::*field, Edited edited, Setter setter) {
         connect(control, edited, this, [this, field](const Value& value) { write(field, value); });

@@ -1,12 +1,12 @@
 #include "ui/panels/texture_card.h"
 
 #include "stores/dropped_file.h"
-#include "ui/controls/badge.h"
 #include "ui/controls/button.h"
-#include "ui/controls/picture_view.h"
-#include "ui/controls/plain_tool_tip.h"
-#include "ui/controls/symbol_view.h"
-#include "ui/controls/text_label.h"
+#include "ui/display/badge.h"
+#include "ui/display/picture_view.h"
+#include "ui/display/plain_tool_tip.h"
+#include "ui/display/symbol_view.h"
+#include "ui/display/text_label.h"
 #include "ui/style/colors.h"
 #include "ui/style/metrics.h"
 #include "ui/style/painting.h"
@@ -118,7 +118,7 @@ void TextureCard::setAsset(const std::optional<TextureAsset>& asset) {
     } else {
         m_thumbnail->setImage({});
     }
-    // Whoever filled or emptied the card with the keyboard is left in it.
+    // The keyboard stays in the card whose button it has just pressed.
     if (focusWithin && !(m_choose->hasFocus() || m_replace->hasFocus() || m_remove->hasFocus())) {
         (filled ? m_replace : m_choose)->setFocus(Qt::OtherFocusReason);
     }
@@ -148,7 +148,7 @@ void TextureCard::paintEvent(QPaintEvent*) {
 
 void TextureCard::dragEnterEvent(QDragEnterEvent* event) {
     if (droppedFile(*event->mimeData())) {
-        // The file is only read: the one who drags it must not take it for moved.
+        // The file is only read: its source must not treat it as moved.
         event->setDropAction(Qt::CopyAction);
         event->accept();
         setDropTarget(true);

@@ -17,7 +17,7 @@ class Button;
 class PictureView;
 class TextLabel;
 
-/// The words and the symbol of a texture card.
+/// The texts and the symbol of a texture card.
 struct TextureCardTexts {
     QString symbol;
     QString title;
@@ -35,7 +35,7 @@ class TextureCard : public QWidget {
     Q_OBJECT
 
 public:
-    /// Takes dragged data and tells whether it could be used.
+    /// Takes dropped data and returns whether it could be used.
     using DropHandler = std::function<bool(const QMimeData&)>;
 
     TextureCard(const TextureCardTexts& texts, DropHandler drop, QWidget* parent = nullptr);

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ui/panels/observe.h"
 #include "ui/panels/preview_panel.h"
-#include "ui/panels/store_observer.h"
 
 #include <map>
 #include <vector>
@@ -24,14 +24,11 @@ std::vector<PreviewTileContent> previewTiles(const std::map<Kind, QImage>& previ
 template <typename Store>
 PreviewPanel* makePreviewPanel(const Store& store, const QString& emptySymbol) {
     auto* panel = new PreviewPanel(emptySymbol);
-    new StoreObserver(
-        store,
-        [panel, &store] {
-            panel->setTiles(previewTiles(store.previews()));
-            panel->setLastExport(store.lastExportURL());
-            panel->setLogLines(store.logLines());
-        },
-        panel);
+    observe(panel, store, [panel, &store] {
+        panel->setTiles(previewTiles(store.previews()));
+        panel->setLastExport(store.lastExportURL());
+        panel->setLogLines(store.logLines());
+    });
     return panel;
 }
 

@@ -2,6 +2,7 @@
 
 #include "ui/style/colors.h"
 
+#include <QStyleOption>
 #include <QWidget>
 
 namespace quarlin {
@@ -23,19 +24,26 @@ void paintSurface(QPainter& painter, const QRectF& rectangle, double radius, con
 
 double deviceScale(const QPainter& painter) { return painter.deviceTransform().m11(); }
 
-void paintRing(QPainter& painter, const QWidget& widget, const QRectF& rectangle, double radius) {
+void paintRing(QPainter& painter, const QPalette& palette, const QRectF& rectangle, double radius) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(withOpacity(accentColor(widget.palette()), 0.75), 2));
+    painter.setPen(QPen(withOpacity(accentColor(palette), 0.75), 2));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(rectangle.adjusted(1, 1, -1, -1), radius - 1, radius - 1);
     painter.restore();
 }
 
-void paintFocusRing(QPainter& painter, const QWidget& widget, const QRectF& rectangle, double radius) {
-    if (widget.hasFocus() && widget.window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
-        paintRing(painter, widget, rectangle, radius);
+void paintFocusRing(QPainter& painter, const QStyleOption& control, const QRectF& rectangle, double radius) {
+    constexpr QStyle::State focusedByKeyboard = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
+    if ((control.state & focusedByKeyboard) == focusedByKeyboard) {
+        paintRing(painter, control.palette, rectangle, radius);
     }
+}
+
+void paintFocusRing(QPainter& painter, const QWidget& control, const QRectF& rectangle, double radius) {
+    QStyleOption option;
+    option.initFrom(&control);
+    paintFocusRing(painter, option, rectangle, radius);
 }
 
 }  // namespace quarlin

@@ -4,6 +4,8 @@
 #include <QPainter>
 #include <QRectF>
 
+class QPalette;
+class QStyleOption;
 class QWidget;
 
 namespace quarlin {
@@ -17,10 +19,11 @@ void paintSurface(QPainter& painter, const QRectF& rectangle, double radius, con
 double deviceScale(const QPainter& painter);
 
 /// Draws a ring in the accent color around the inner edge of `rectangle`.
-void paintRing(QPainter& painter, const QWidget& widget, const QRectF& rectangle, double radius);
+void paintRing(QPainter& painter, const QPalette& palette, const QRectF& rectangle, double radius);
 
-/// Marks `widget` as the one that keys go to, if it is and the keyboard is being used to move about.
-/// `rectangle` is the shape that the ring lies around the inner edge of.
-void paintFocusRing(QPainter& painter, const QWidget& widget, const QRectF& rectangle, double radius);
+/// Draws the ring if the control has the focus and the keyboard is being used to move about. `rectangle` is
+/// the shape that the ring follows, inside of its edge.
+void paintFocusRing(QPainter& painter, const QStyleOption& control, const QRectF& rectangle, double radius);
+void paintFocusRing(QPainter& painter, const QWidget& control, const QRectF& rectangle, double radius);
 
 }  // namespace quarlin

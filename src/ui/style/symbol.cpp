@@ -43,9 +43,12 @@ QColor iconColor(QIcon::Mode mode) {
             return disabledColor(palette);
         case QIcon::Selected:
             return onAccentColor(palette);
-        default:
+        case QIcon::Active:
             return primaryColor(palette);
+        case QIcon::Normal:
+            break;
     }
+    return secondaryColor(palette);
 }
 
 class SymbolIconEngine : public QIconEngine {
@@ -63,6 +66,8 @@ public:
         paint(&painter, QRect(QPoint(), size), mode, state);
         return pixmap;
     }
+
+    QString iconName() override { return m_name; }
 
     QIconEngine* clone() const override { return new SymbolIconEngine(m_name); }
 

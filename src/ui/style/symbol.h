@@ -13,8 +13,8 @@ namespace quarlin {
 /// middle of `rectangle`, sharp at the painter's own scale.
 void paintSymbol(QPainter& painter, const QString& name, const QRectF& rectangle, const QColor& color);
 
-/// The symbol as an icon for the toolkit's own controls, tinted from the application's palette whenever it is
-/// drawn.
+/// The symbol as an icon named `name`, tinted from the application's palette whenever it is drawn: in the
+/// primary color when active, on the accent color when selected, else in the secondary color.
 QIcon symbolIcon(const QString& name);
 
 }  // namespace quarlin

@@ -1,0 +1,32 @@
+#include "ui/material/material_settings_panel.h"
+
+#include "model/material_set.h"
+
+namespace quarlin {
+
+using namespace Qt::StringLiterals;
+
+MaterialSettingsPanel::MaterialSettingsPanel(MaterialStore& store, ToolActions& actions)
+    : BoundSettingsPanel(store, u"Material"_s) {
+    GroupBox* output = addGroup({}, 12);
+    addNameField(*output, &ConversionSettings::materialName);
+    addSizePicker(*output, &ConversionSettings::outputResolution);
+
+    GroupBox* conversion = addGroup(u"Map Conversion"_s, 12);
+    addToggle(*conversion, u"Roughness input is gloss/smoothness"_s,
+              &ConversionSettings::roughnessInputIsGloss);
+    addToggle(*conversion, u"Flip normal green channel"_s, &ConversionSettings::flipNormalGreen);
+
+    GroupBox* defaults = addGroup(u"Missing Map Defaults"_s, 14);
+    addPercentage(*defaults, u"AO"_s, &ConversionSettings::defaultOcclusion);
+    addPercentage(*defaults, u"Roughness"_s, &ConversionSettings::defaultRoughness);
+    addPercentage(*defaults, u"Metallic"_s, &ConversionSettings::defaultMetallic);
+
+    GroupBox* exported = addGroup(u"Export"_s, 12);
+    addFileToggles<MaterialFile>(*exported);
+    addActions(*exported, actions);
+    closeColumn();
+    showSettings();
+}
+
+}  // namespace quarlin
