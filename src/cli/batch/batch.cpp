@@ -71,13 +71,13 @@ private:
 };
 
 void perform(const BatchPlan& plan, int setsAtOnce, const OutcomeReceiver& receive,
-             SetOutcome (*perform)(const SetJob&)) {
+             SetOutcome (*work)(const SetJob&)) {
     OrderedOutcomes outcomes(plan, receive);
     forEachInParallel(
         static_cast<std::int64_t>(plan.sets.size()),
         [&](std::int64_t set) {
             const auto index = static_cast<std::size_t>(set);
-            outcomes.add(index, perform(plan.sets[index]));
+            outcomes.add(index, work(plan.sets[index]));
         },
         static_cast<unsigned>(setsAtOnce));
 }

@@ -15,16 +15,12 @@ QString CheckCommand::summary() const {
 
 QStringList CheckCommand::remarks() const {
     QStringList remarks{
-        u"A set is read as an uploader reads it: from its .gltf, or if there is none, by the names of its "
-        u"files. "
-        "Each finding has a severity and an identifier that never changes. With --json, each folder is one "
-        "object on "
-        "a line of its own, and the last line is a summary."_s,
-        u"Whether the green of a normal map is inverted is determined from the map alone: it contains the "
-        u"slopes of "
-        "a surface, which only fit together if green points the right way. Nothing is reported for a map "
-        "that fits "
-        "neither way."_s,
+        u"A set is read as an uploader reads it: from its .gltf, or if there is none, by the names of "
+        "its files. Each finding has a severity and an identifier that never changes. With --json, "
+        "each folder is one object on a line of its own, and the last line is a summary."_s,
+        u"Whether the green of a normal map is inverted is determined from the map alone: it contains "
+        "the slopes of a surface, which only fit together if green points the right way. Nothing is "
+        "reported for a map that fits neither way."_s,
     };
     for (const Severity severity : {Severity::error, Severity::warning, Severity::note}) {
         QStringList kinds;

@@ -22,20 +22,17 @@ constexpr SettingRange<int> setsAtOnceRange{1, 64};
 }  // namespace
 
 QStringList ExportCommand::remarks() const {
-    return ownRemarks() + QStringList{
-                              u"Several sets are exported at the same time and reported one after the other, "
-                              u"with a summary at the "
-                              "end. A set that fails does not stop the others. Two sets that would go to the "
-                              "same folder are both "
-                              "refused. After an interruption (Ctrl-C), the sets in progress are finished "
-                              "and no more are started; "
-                              "a second interruption ends the program at once."_s,
-                              u"With --json, a single set is reported as one object with \"folder\" and "
-                              u"\"files\". Several sets are "
-                              "reported as one object per line, whose \"type\" is \"leftOut\" for a file "
-                              "that belongs to no set, "
-                              "\"set\", and at the end \"summary\"."_s,
-                          };
+    QStringList remarks = ownRemarks();
+    remarks +=
+        u"Several sets are exported at the same time and reported one after the other, with a summary "
+        "at the end. A set that fails does not stop the others. Two sets that would go to the same "
+        "folder are both refused. After an interruption (Ctrl-C), the sets in progress are finished "
+        "and no more are started; a second interruption ends the program at once."_s;
+    remarks +=
+        u"With --json, a single set is reported as one object with \"folder\" and \"files\". Several "
+        "sets are reported as one object per line, whose \"type\" is \"leftOut\" for a file that "
+        "belongs to no set, \"set\", and at the end \"summary\"."_s;
+    return remarks;
 }
 
 CommandOptions ExportCommand::options() {

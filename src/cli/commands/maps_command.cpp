@@ -66,9 +66,8 @@ CommandOptions MapsCommand::ownOptions() {
 
 QStringList MapsCommand::ownRemarks() const {
     return {
-        u"From a folder, every file with the extension of an image format is used. Each becomes a set named "
-        u"after "
-        "the file."_s};
+        u"From a folder, every file with the extension of an image format is used. Each becomes a set "
+        "named after the file."_s};
 }
 
 std::optional<SetJob> MapsCommand::singleSet() const {

@@ -80,20 +80,15 @@ CommandOptions MaterialCommand::ownOptions() {
 
 QStringList MaterialCommand::ownRemarks() const {
     return {
-        u"The textures of a folder are matched to slots by the suffixes of their names, in upper or lower "
-        u"case and "
-        "with any separator: "_s +
+        u"The textures of a folder are matched to slots by the suffixes of their names, in upper or "
+        "lower case and with any separator: "_s +
             suffixList() +
-            u". The text before the suffix is the material's name; a folder can contain several materials. "
-            u"Resolutions "
-            "(2k, 2048, 1024x1024) are ignored. A gloss map is inverted. The green of a normal map whose "
-            "name says "
-            "DirectX (NormalDX) is inverted too; if there is also one for OpenGL (NormalGL), that one is "
-            "used "
-            "instead."_s,
-        u"A file whose name matches no slot is left out and reported. If two files match the same slot, "
-        u"their set "
-        "fails."_s,
+            u". The text before the suffix is the material's name; a folder can contain several "
+            "materials. Resolutions (2k, 2048, 1024x1024) are ignored. A gloss map is inverted. The "
+            "green of a normal map whose name says DirectX (NormalDX) is inverted too; if there is "
+            "also one for OpenGL (NormalGL), that one is used instead."_s,
+        u"A file whose name matches no slot is left out and reported. If two files match the same "
+        "slot, their set fails."_s,
     };
 }
 
