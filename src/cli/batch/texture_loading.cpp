@@ -1,7 +1,7 @@
 #include "cli/batch/texture_loading.h"
 
-#include "cli/commands/command_failure.h"
-#include "cli/local_file.h"
+#include "cli/base/local_file.h"
+#include "cli/batch/command_failure.h"
 #include "imaging/base/parallel.h"
 #include "model/texture_asset.h"
 #include "model/texture_map.h"

@@ -25,7 +25,7 @@ namespace {
 
 class Orm : public testing::Test {
 protected:
-    /// A loaded texture of its own file.
+    /// A loaded texture with a file of its own.
     TextureAsset texture(const QString& name, const Picture& picture) const {
         writePng(folder.url(name), picture);
         return processor.loadAsset(folder.url(name));
@@ -33,7 +33,7 @@ protected:
     TextureAsset gray(const QString& name, std::uint8_t value) const {
         return texture(name, constantPicture(4, 4, {value, value, value, 255}));
     }
-    /// The color of a map that is the same everywhere.
+    /// The color of a map that has the same color everywhere.
     Rgba colorOf(const TextureMap& textures, const ConversionSettings& chosen) const {
         const PixelImage orm = processor.makeORM(textures, chosen, 4, 4);
         const Rgba color = pixelAt(orm, 0, 0);
