@@ -1,9 +1,9 @@
+#include "engine/imaging_errors.h"
 #include "engine/rendered_texture.h"
 #include "engine/texture_processor.h"
+#include "imaging/files/file_names.h"
 #include "imaging/pixels/image_view.h"
 #include "imaging/png/png_file.h"
-
-#include "imaging/files/file_names.h"
 
 #include <algorithm>
 
@@ -69,7 +69,7 @@ void TextureProcessor::writePNG(const PixelImage& image, const QUrl& url) const 
         file.encodeStrip(strip, ImageView(image).row(strips[strip].first));
     });
     if (!file.commitDraft()) {
-        file.write();
+        reportingEngineErrors(FileKind::image, [&] { file.write(); });
     }
 }
 

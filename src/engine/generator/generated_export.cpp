@@ -1,5 +1,6 @@
 #include "engine/export_folder.h"
 #include "engine/generator/generated_strips.h"
+#include "engine/imaging_errors.h"
 #include "engine/rendered_texture.h"
 #include "engine/texture_processor.h"
 #include "imaging/png/png_file.h"
@@ -84,7 +85,7 @@ ExportResult TextureProcessor::exportGeneratedNormalSet(const std::optional<Text
     ExportResult result{folder, {}};
     PngFileSet images(folder, size.width, size.height);
     encodeMaps(ImageView(rendered), names, settings, images);
-    images.commit(result.files);
+    reportingEngineErrors(FileKind::image, [&] { images.commit(result.files); });
     if (settings.exportGLTF) {
         writeText(makeGeneratedGLTFData(names, settings), names.gltf(), result);
     }

@@ -1,4 +1,5 @@
 #include "engine/export_folder.h"
+#include "engine/imaging_errors.h"
 #include "engine/material/material_inputs.h"
 #include "engine/texture_processor.h"
 #include "imaging/png/png_file.h"
@@ -30,7 +31,7 @@ void writeImages(const MaterialInputs& inputs, const ConversionSettings& setting
         failure = std::current_exception();
     }
     files.encode(images);
-    files.commit(result.files);
+    reportingEngineErrors(FileKind::image, [&] { files.commit(result.files); });
     if (failure) {
         std::rethrow_exception(failure);
     }

@@ -4,6 +4,7 @@
 #include "imaging/deflate/pixel_deflate.h"
 #include "imaging/pixels/premultiply.h"
 #include "imaging/png/filter.h"
+#include "imaging/png/png_signature.h"
 
 #include <QtEndian>
 
@@ -219,7 +220,6 @@ void PngEncoder::storeStrip(std::int64_t strip, QByteArrayView deflated, std::ui
 }
 
 QByteArray PngEncoder::beginning() const {
-    constexpr std::array<char, 8> signature{'\x89', 'P', 'N', 'G', '\r', '\n', '\x1A', '\n'};
     constexpr std::array<char, 5> eightBitRGBA{8, 6, 0, 0, 0};
     constexpr char perceptualIntent = 0;
     // "Deflate with a 32 KiB window, fast": what a zlib stream begins with.
@@ -228,7 +228,7 @@ QByteArray PngEncoder::beginning() const {
     const QByteArray header = bigEndian(static_cast<quint32>(m_width)) +
                               bigEndian(static_cast<quint32>(m_height)) +
                               QByteArray(eightBitRGBA.data(), eightBitRGBA.size());
-    return QByteArray(signature.data(), signature.size()) + makeChunk("IHDR", header) +
+    return QByteArray(pngSignature.data(), pngSignature.size()) + makeChunk("IHDR", header) +
            makeChunk("sRGB", {&perceptualIntent, 1}) +
            makeChunk("IDAT", {zlibHeader.data(), static_cast<qsizetype>(zlibHeader.size())});
 }

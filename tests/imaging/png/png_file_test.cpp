@@ -1,5 +1,5 @@
 #include "imaging/png/png_file.h"
-#include "engine_errors.h"
+#include "imaging/files/file_error.h"
 #include "limited_writing.h"
 #include "picture.h"
 #include "png_files.h"
@@ -7,12 +7,25 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
 
 namespace {
+
+/// Expects `work` to throw the error of one action on one file.
+void expectFailure(const std::function<void()>& work, FileError::Action action, const QUrl& file) {
+    try {
+        work();
+        ADD_FAILURE() << "nothing failed";
+    } catch (const FileError& error) {
+        EXPECT_EQ(error.action(), action);
+        EXPECT_EQ(error.file(), file);
+    }
+}
 
 /// Three files of noise in the making, each of several strips.
 class PngFiles : public testing::Test {
@@ -102,11 +115,7 @@ TEST_F(PngFiles, WhenOnlyItsEndFindsNoRoomAFileGetsThatOfTheDraftsBehindIt) {
     files.encode(images());
     QStringList written;
     const FullDisk full(1000);
-    EXPECT_EQ(errorOf([&] {
-                  files.commit(written);
-                  return true;
-              }),
-              TextureProcessorError::cannotWritePNG(folder.url(names[0])));
+    expectFailure([&] { files.commit(written); }, FileError::Action::write, folder.url(names[0]));
     // The set is still there, its drafts are not.
     EXPECT_EQ(folder.names(), QStringList());
 }
@@ -120,11 +129,7 @@ TEST_F(PngFiles, BehindAFileThatCannotBeMadeNothingIsWrittenOrLeftBehind) {
         }
         files.encode(images());
         QStringList written;
-        EXPECT_EQ(errorOf([&] {
-                      files.commit(written);
-                      return true;
-                  }),
-                  TextureProcessorError::cannotCreatePNG(folder.url(names[1])));
+        expectFailure([&] { files.commit(written); }, FileError::Action::create, folder.url(names[1]));
         EXPECT_EQ(written, names.first(1));
     }
     EXPECT_EQ(folder.names(), names.first(2));
