@@ -1,7 +1,7 @@
 #include "cli/batch/interruption.h"
 #include "cli/program.h"
 #include "cli/report/standard_streams.h"
-#include "imaging/base/strip_memory.h"
+#include "imaging/decode/start_imaging.h"
 
 #include <exception>
 
@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 int main(int argumentCount, char* arguments[]) {
     using namespace quarlin;
     reserveStandardStreams();
-    keepStripMemory();
+    startImaging();
     QStringList words;
     for (int index = 1; index < argumentCount; ++index) {
         words += QString::fromLocal8Bit(arguments[index]);

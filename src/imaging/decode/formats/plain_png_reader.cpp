@@ -1,9 +1,11 @@
-#include "imaging/decode/plain_png_decoder.h"
+#include "imaging/decode/formats/plain_png_reader.h"
 
-#include "imaging/base/parallel.h"
 #include "imaging/decode/convert_pixels.h"
+#include "imaging/decode/decode_error.h"
+#include "imaging/decode/two_step_reader.h"
 #include "imaging/deflate/inflate_stream.h"
 #include "imaging/pixels/image_view.h"
+#include "imaging/png/png_signature.h"
 #include "imaging/png/unfilter.h"
 
 #include <QtEndian>
@@ -14,19 +16,20 @@
 #include <array>
 #include <optional>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 namespace quarlin {
 
 namespace {
 
-/// One chunk of the file; its checksum is right.
+/// One chunk of the file, whose checksum is right.
 struct Chunk {
     std::string_view type;
     QByteArrayView data;
 };
 
-/// Takes chunks off `rest`, which begins behind the signature; nothing where no whole, intact one follows.
+/// Takes the next chunk off `rest`, which starts after the signature; nothing if no whole, intact one
+/// follows.
 std::optional<Chunk> takeChunk(QByteArrayView& rest) {
     constexpr qsizetype overhead = 12;
     if (rest.size() < overhead) {
@@ -46,7 +49,7 @@ std::optional<Chunk> takeChunk(QByteArrayView& rest) {
     return Chunk{{checked.data(), 4}, checked.sliced(4)};
 }
 
-/// Chunks that say nothing about the pixels. Any other, known or not, is left to the general decoder.
+/// Whether a chunk has no effect on the pixels. Any other, known or not, is left to the general decoder.
 bool isWithoutEffect(const Chunk& chunk) {
     constexpr std::array<std::string_view, 9> types{"sRGB", "cHRM", "pHYs", "tEXt", "zTXt",
                                                     "iTXt", "tIME", "bKGD", "eXIf"};
@@ -59,10 +62,10 @@ bool isWithoutEffect(const Chunk& chunk) {
 struct Header {
     std::int64_t width = 0;
     std::int64_t height = 0;
-    int samples = 0;
+    int channels = 0;
 
-    std::size_t rowSize() const { return static_cast<std::size_t>(width * samples); }
-    /// What the pixels inflate to: rows, each behind the number of its filter.
+    std::size_t rowSize() const { return static_cast<std::size_t>(width * channels); }
+    /// The size of the inflated pixels: rows, each after the number of its filter.
     std::size_t filteredSize() const { return (rowSize() + 1) * static_cast<std::size_t>(height); }
 };
 
@@ -74,24 +77,24 @@ std::optional<Header> readHeader(const Chunk& chunk) {
     Header header{qFromBigEndian<quint32>(chunk.data.data()), qFromBigEndian<quint32>(chunk.data.data() + 4),
                   0};
     constexpr std::uint8_t bitDepth = 8;
-    constexpr std::array<int, 7> samplesOfColorType{1, 0, 3, 0, 2, 0, 4};
+    constexpr std::array<int, 7> channelsOfColorType{1, 0, 3, 0, 2, 0, 4};
     const std::uint8_t colorType = byteAt(9);
-    const bool isPlain = byteAt(8) == bitDepth && colorType < samplesOfColorType.size() && byteAt(10) == 0 &&
+    const bool isPlain = byteAt(8) == bitDepth && colorType < channelsOfColorType.size() && byteAt(10) == 0 &&
                          byteAt(11) == 0 && byteAt(12) == 0;
     if (!isPlain || !isUsableSize(header.width, header.height)) {
         return std::nullopt;
     }
-    header.samples = samplesOfColorType[colorType];
-    return header.samples > 0 ? std::optional(header) : std::nullopt;
+    header.channels = channelsOfColorType[colorType];
+    return header.channels > 0 ? std::optional(header) : std::nullopt;
 }
 
 struct PlainPng {
     Header header;
-    /// The zlib stream, as the chunks cut it.
+    /// The zlib stream, in the pieces that the chunks hold.
     InflateStream::Pieces stream;
 
     bool mayHoldItsPixels() const {
-        // Deflate makes nothing smaller than this; a header that claims more is not worth allocating for.
+        // Deflate compresses by no more than this: a header that claims more is wrong.
         constexpr std::size_t largestRatio = 1032;
         std::size_t streamSize = 0;
         for (const QByteArrayView piece : stream) {
@@ -102,11 +105,10 @@ struct PlainPng {
 };
 
 std::optional<PlainPng> readPlainPng(QByteArrayView bytes) {
-    constexpr std::string_view signature("\x89PNG\r\n\x1A\n", 8);
-    if (!bytes.startsWith(QByteArrayView(signature.data(), signature.size()))) {
+    if (!bytes.startsWith(QByteArrayView(pngSignature))) {
         return std::nullopt;
     }
-    QByteArrayView rest = bytes.sliced(signature.size());
+    QByteArrayView rest = bytes.sliced(pngSignature.size());
     const std::optional<Chunk> first = takeChunk(rest);
     const std::optional<Header> header = first ? readHeader(*first) : std::nullopt;
     if (!header) {
@@ -133,88 +135,68 @@ std::optional<PlainPng> readPlainPng(QByteArrayView bytes) {
     return std::nullopt;
 }
 
-/// Turns filtered rows back into samples and these into pixels, the rows one after the other.
-template <int samples>
-class RowDecoder {
+/// Inflates filtered rows, each after the number of its filter, and then turns them into pixels.
+template <int channels>
+class PlainPngReader final : public TwoStepReader {
 public:
-    RowDecoder(const Header& header, QImage& image)
-        : m_width(header.width),
-          m_rowSize(header.rowSize()),
-          m_above(m_rowSize + unfilterSpare, 0),
-          m_output(image.bits()) {}
+    PlainPngReader(QByteArray bytes, const PlainPng& png)
+        : TwoStepReader(png.header.width, png.header.height,
+                        static_cast<std::int64_t>(png.header.rowSize()) + 1),
+          m_bytes(std::move(bytes)),
+          m_stream(png.stream),
+          m_rowSize(png.header.rowSize()),
+          m_above(m_rowSize + unfilterSpare, 0) {}
 
-    /// The next `count` rows, each behind its filter's number; false when there is no such filter.
-    bool decode(std::uint8_t* filtered, std::size_t count) {
+private:
+    static_assert(spareBytes >= unfilterSpare);
+
+    void decodeRows(std::int64_t count, std::uint8_t* samples) override {
+        m_inflatedRows += count;
+        if (!m_stream.read({samples, static_cast<std::size_t>(count * samplesPerRow())}) ||
+            (m_inflatedRows == height() && !m_stream.hasEnded())) {
+            throw DecodeError(DecodeProblem::damaged);
+        }
+    }
+
+    void convertRows(std::int64_t count, std::uint8_t* samples, std::uint8_t* pixels) override {
         const std::uint8_t* above = m_above.data();
-        std::uint8_t* row = filtered + 1;
-        for (std::size_t index = 0; index < count; ++index) {
-            if (!unfilterPngRow<samples>(row[-1], {row, m_rowSize}, above)) {
-                return false;
+        std::uint8_t* row = samples + 1;
+        for (std::int64_t index = 0; index < count; ++index) {
+            if (!unfilterPngRow<channels>(row[-1], {row, m_rowSize}, above)) {
+                throw DecodeError(DecodeProblem::damaged);
             }
-            storePixels<std::uint8_t, samples>(row, m_width, m_output);
-            m_output += m_width * bytesPerPixel;
+            convertPixels<std::uint8_t, channels>(row, width(), pixels + index * bytesPerRow());
             above = row;
             row += m_rowSize + 1;
         }
         std::copy_n(above, m_rowSize, m_above.begin());
-        return true;
     }
 
-private:
-    std::int64_t m_width;
+    /// The stream views these.
+    QByteArray m_bytes;
+    InflateStream m_stream;
+    std::int64_t m_inflatedRows = 0;
     std::size_t m_rowSize;
+    /// The last row that was converted, with room to spare.
     PixelBuffer m_above;
-    std::uint8_t* m_output;
 };
-
-/// Inflates a few rows at a time, so that they are still in the processor's cache when they become pixels; in
-/// a large picture the next ones are inflated meanwhile.
-template <int samples>
-QImage decodeRows(const PlainPng& png) {
-    const Header& header = png.header;
-    QImage image(static_cast<int>(header.width), static_cast<int>(header.height), pixelFormat);
-    if (image.isNull()) {
-        return {};
-    }
-    constexpr std::int64_t bytesAtOnce = 1 << 17;
-    const auto filteredRowSize = static_cast<std::int64_t>(header.rowSize()) + 1;
-    const RowStrips strips(header.height, std::max<std::int64_t>(1, bytesAtOnce / filteredRowSize));
-    constexpr std::int64_t bufferCount = 4;
-    const std::int64_t bufferSize = std::min(strips[0].count, header.height) * filteredRowSize;
-    std::vector<PixelBuffer> buffers(static_cast<std::size_t>(std::min(bufferCount, strips.count())),
-                                     PixelBuffer(static_cast<std::size_t>(bufferSize) + unfilterSpare));
-    const auto bufferOf = [&](std::int64_t strip) -> PixelBuffer& {
-        return buffers[static_cast<std::size_t>(strip) % buffers.size()];
-    };
-    InflateStream stream(png.stream);
-    const auto inflate = [&](std::int64_t strip) {
-        const auto size = static_cast<std::size_t>(strips[strip].count * filteredRowSize);
-        return stream.read({bufferOf(strip).data(), size});
-    };
-    RowDecoder<samples> rows(header, image);
-    const auto decode = [&](std::int64_t strip) {
-        return rows.decode(bufferOf(strip).data(), static_cast<std::size_t>(strips[strip].count));
-    };
-    const bool isWhole = doInStep(strips.count(), bufferCount, inflate, decode) && stream.hasEnded();
-    return isWhole ? image : QImage();
-}
 
 }  // namespace
 
-QImage decodePlainPng(const QByteArray& bytes) {
+std::unique_ptr<RowReader> openPlainPng(const QByteArray& bytes) {
     const std::optional<PlainPng> png = readPlainPng(bytes);
     if (!png || !png->mayHoldItsPixels()) {
-        return {};
+        return nullptr;
     }
-    switch (png->header.samples) {
+    switch (png->header.channels) {
         case 1:
-            return decodeRows<1>(*png);
+            return std::make_unique<PlainPngReader<1>>(bytes, *png);
         case 2:
-            return decodeRows<2>(*png);
+            return std::make_unique<PlainPngReader<2>>(bytes, *png);
         case 3:
-            return decodeRows<3>(*png);
+            return std::make_unique<PlainPngReader<3>>(bytes, *png);
         default:
-            return decodeRows<4>(*png);
+            return std::make_unique<PlainPngReader<4>>(bytes, *png);
     }
 }
 
