@@ -1,4 +1,4 @@
-// Decoding the same PNG files with the decoder for plain ones and with libvips, and a JPEG file.
+// Decodes the same PNG files with our decoder and with libvips, and a JPEG file.
 
 #include "imaging/decode/decode_error.h"
 #include "imaging/decode/formats/jpeg_reader.h"
@@ -10,6 +10,7 @@
 #include "photograph.h"
 
 #include "imaging/pixels/image_view.h"
+#include "imaging/pixels/pixel_image.h"
 
 #include <QBuffer>
 

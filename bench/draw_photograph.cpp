@@ -1,7 +1,8 @@
-// draw_photograph SIZE RAW PNG [quick]: writes the test picture as bare RGBA bytes and as an RGBA PNG, the
-// latter by libpng, or with `quick` by the engine.
+// draw_photograph SIZE RAW PNG [quick]: writes the test picture as raw RGBA bytes and as an RGBA PNG, by
+// libpng or, with `quick`, by the engine.
 
 #include "engine/texture_processor.h"
+#include "imaging/pixels/pixel_image.h"
 #include "libpng_writer.h"
 #include "photograph.h"
 

@@ -1,17 +1,19 @@
-// Filtering and deflating together, strip by strip on one thread and whole images on all, with the file's
-// size.
+// Encodes strips on one thread and whole images on all cores, and reports the size of the file.
 
 #include "engine/generator/generated_strips.h"
 #include "imaging/base/parallel.h"
+#include "imaging/base/row_strips.h"
+#include "imaging/pixels/pixel_image.h"
 #include "imaging/png/png_encoder.h"
 #include "measured.h"
+#include "model/normal_generator_settings.h"
 #include "photograph.h"
 
 namespace quarlin::bench {
 
 namespace {
 
-/// The maps of some rows of the photograph that make one strip of a PNG.
+/// The maps of the rows of the photograph that make one strip of a PNG.
 const GeneratedStrip& maps() {
     static const GeneratedStrip strip = generateStrip(largePhotograph(), NormalGeneratorSettings(), {0, 64});
     return strip;
@@ -25,8 +27,8 @@ void reportSize(benchmark::State& state, const PngEncoder& png) {
     state.counters["file_bytes"] = static_cast<double>(size);
 }
 
-void encodeGray(benchmark::State& state, PixelBuffer GeneratedStrip::*map) {
-    const PixelBuffer& gray = maps().*map;
+void encodeGray(benchmark::State& state, GeneratedMap map) {
+    const PixelBuffer& gray = maps().maps[map];
     PngEncoder png(largePhotograph().width, maps().rows.count);
     for (auto _ : state) {
         png.encodeGrayStrip(0, gray.data());
@@ -61,19 +63,18 @@ void encodeWhole(benchmark::State& state) {
 }
 
 [[maybe_unused]] const int registered = [] {
-    const auto gray = [](const char* name, PixelBuffer GeneratedStrip::*map) {
-        measure(std::string("encode/gray_strip/") + name,
-                [=](benchmark::State& state) { encodeGray(state, map); });
-    };
-    gray("height", &GeneratedStrip::height);
-    gray("roughness", &GeneratedStrip::roughness);
-    gray("gloss", &GeneratedStrip::gloss);
-    gray("metallic", &GeneratedStrip::metallic);
-    gray("occlusion", &GeneratedStrip::occlusion);
+    for (const GeneratedMap map : computedMaps) {
+        if (isGray(map)) {
+            measure("encode/gray_strip/" + rawValue(map).toStdString(),
+                    [=](benchmark::State& state) { encodeGray(state, map); });
+        }
+    }
     measure("encode/strip/photograph",
             [](benchmark::State& state) { encodeColor(state, largePhotograph().pixels.data()); });
-    measure("encode/strip/normal", [](benchmark::State& state) { encodeColor(state, maps().normal.data()); });
-    measure("encode/strip/orm", [](benchmark::State& state) { encodeColor(state, maps().orm.data()); });
+    measure("encode/strip/normal",
+            [](benchmark::State& state) { encodeColor(state, maps().maps[GeneratedMap::normal].data()); });
+    measure("encode/strip/orm",
+            [](benchmark::State& state) { encodeColor(state, maps().maps[GeneratedMap::orm].data()); });
     measure("encode/image/photograph", encodeWhole);
     return 0;
 }();

@@ -1,5 +1,6 @@
-// The filters of PNG, and choosing among them, in vectors and byte by byte.
+// The filters of PNG, with vectors and byte by byte, and the choice among them.
 
+#include "imaging/pixels/pixel_image.h"
 #include "imaging/png/filter.h"
 #include "measured.h"
 #include "photograph.h"

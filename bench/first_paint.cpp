@@ -1,5 +1,5 @@
-// Starts the window and ends as soon as it has been painted once, so that the time this program takes is that
-// of a start.
+// Opens the window and ends when it has been painted once, so that the running time of this program is the
+// start-up time.
 
 #include "app/vorek_quarlin_app.h"
 
@@ -18,7 +18,7 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (watched == &m_window && event->type() == QEvent::Paint) {
-            // What the window holds is painted and shown before control is back in the event loop.
+            // The contents of the window are painted and shown before control returns to the event loop.
             QTimer::singleShot(0, [] { std::_Exit(0); });
         }
         return false;

@@ -1,9 +1,14 @@
 // The generator's strips on every instruction set of this machine, against the plain operations.
 
 #include "engine/generator/generated_strips.h"
-#include "engine/texture_processor.h"
+#include "engine/reference/height_field.h"
+#include "engine/reference/normal_synthesis.h"
+#include "engine/reference/surface_maps.h"
+#include "imaging/base/parallel.h"
+#include "imaging/pixels/pixel_image.h"
 #include "imaging/png/png_encoder.h"
 #include "measured.h"
+#include "model/normal_generator_settings.h"
 #include "photograph.h"
 
 #include <hwy/targets.h>
@@ -16,11 +21,10 @@ void makePlainMaps(benchmark::State& state) {
     const PixelImage& source = largePhotograph();
     const NormalGeneratorSettings settings;
     for (auto _ : state) {
-        const HeightField heights = TextureProcessor::smoothedHeightValues(source, settings);
-        benchmark::DoNotOptimize(TextureProcessor::heightImage(heights, source.width, source.height));
-        benchmark::DoNotOptimize(
-            TextureProcessor::normalImage(heights, source.width, source.height, settings));
-        benchmark::DoNotOptimize(TextureProcessor::generatedSurfaceMaps(source, heights, settings));
+        const reference::HeightField heights = reference::smoothedHeightValues(source, settings);
+        benchmark::DoNotOptimize(reference::heightImage(heights, source.width, source.height));
+        benchmark::DoNotOptimize(reference::normalImage(heights, source.width, source.height, settings));
+        benchmark::DoNotOptimize(reference::generatedSurfaceMaps(source, heights, settings));
     }
     countBytes(state, source.pixels.size());
 }
@@ -29,7 +33,7 @@ void makePlainMaps(benchmark::State& state) {
 void makeStrips(benchmark::State& state, std::int64_t target, unsigned threads) {
     const PixelImage& source = largePhotograph();
     const NormalGeneratorSettings settings;
-    const RowStrips strips = PngEncoder(source.width, source.height).strips();
+    const RowStrips strips = PngEncoder::stripsOf(source.width, source.height);
     hwy::SetSupportedTargetsForTest(target);
     hwy::GetChosenTarget().Update(hwy::SupportedTargets());
     for (auto _ : state) {

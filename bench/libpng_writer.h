@@ -6,8 +6,8 @@
 
 namespace quarlin::bench {
 
-/// An opaque image as a PNG file of 1 (gray, the red channel), 3 (RGB) or 4 samples a pixel, compressed by
-/// libpng in its own way: level 6, filters chosen row by row.
+/// An opaque image as a PNG file with 1 (gray, the red channel), 3 (RGB) or 4 samples per pixel, written by
+/// libpng with its defaults: level 6, a filter chosen for each row.
 QByteArray writtenByLibpng(const PixelImage& image, int samples);
 
 }  // namespace quarlin::bench

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-/// Runs every benchmark several times and tells the medians; what the command line says goes before.
+/// Runs every benchmark several times and prints the medians, unless the arguments say otherwise.
 int main(int argc, char** argv) {
     quarlin::startImaging();
     const QCoreApplication application(argc, argv);

@@ -8,7 +8,7 @@
 
 namespace quarlin::bench {
 
-/// Adds a benchmark, measured by the clock on the wall and by the processor time of all threads.
+/// Registers a benchmark that measures elapsed time and the processor time of all threads.
 template <typename Work>
 int measure(const std::string& name, const Work& work) {
     benchmark::RegisterBenchmark(name.c_str(), work)
@@ -18,7 +18,7 @@ int measure(const std::string& name, const Work& work) {
     return 0;
 }
 
-/// Says that each round works on so many bytes.
+/// Reports that each iteration processes `bytes` bytes.
 inline void countBytes(benchmark::State& state, std::size_t bytes) {
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * static_cast<std::int64_t>(bytes));
 }

@@ -1,9 +1,16 @@
-// Whole operations of the engine below an export: packing, loading, previews.
+// Operations of the engine that are parts of an export: packing, loading, previews.
 
 #include "engine/material/orm_packing.h"
+#include "engine/reference/height_field.h"
 #include "engine/texture_processor.h"
 #include "imaging/pixels/image_view.h"
+#include "imaging/pixels/pixel_image.h"
 #include "measured.h"
+#include "model/conversion_settings.h"
+#include "model/normal_generator_settings.h"
+#include "model/texture_asset.h"
+#include "model/texture_map.h"
+#include "model/texture_slot_kind.h"
 #include "photograph.h"
 
 #include <QTemporaryDir>
@@ -14,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The photograph as two files, which are deleted in the end.
+/// The photograph as two files, which are deleted at the end.
 struct PhotographFiles {
     QTemporaryDir folder;
     QUrl png = QUrl::fromLocalFile(folder.filePath(u"photograph.png"_s));
@@ -55,7 +62,7 @@ void load(benchmark::State& state, const QUrl PhotographFiles::*file) {
 
 enum class Textures { loaded, changedSince };
 
-/// A texture whose pixels may be used, or one whose file has to be decoded again.
+/// A texture that keeps its pixels, or one whose file has to be decoded again.
 TextureAsset asset(const QUrl& file, Textures textures) {
     TextureAsset made = TextureProcessor().loadAsset(file);
     if (textures == Textures::changedSince) {
@@ -86,8 +93,9 @@ void previewMaps(benchmark::State& state, const QUrl PhotographFiles::*file, Tex
             [](benchmark::State& state) { packChannels(state, largePhotograph()); });
     measure("operation/pack_orm/gray", [](benchmark::State& state) {
         const PixelImage& image = largePhotograph();
-        const HeightField heights = TextureProcessor::smoothedHeightValues(image, NormalGeneratorSettings());
-        packChannels(state, TextureProcessor::heightImage(heights, image.width, image.height));
+        const reference::HeightField heights =
+            reference::smoothedHeightValues(image, NormalGeneratorSettings());
+        packChannels(state, reference::heightImage(heights, image.width, image.height));
     });
     const auto add = [](const std::string& name, const QUrl PhotographFiles::*file) {
         measure("operation/load_asset/" + name, [=](benchmark::State& state) { load(state, file); });

@@ -75,7 +75,7 @@ PixelImage photograph(std::int64_t size, std::uint64_t seed) {
             }
             std::uint64_t random = mixed(seed + static_cast<std::uint64_t>(y * size + x) * 3);
             for (const SmoothNoise& drift : drifts) {
-                // Two uniform numbers make a grain that is rarely strong.
+                // The sum of two uniform numbers gives a grain that is rarely strong.
                 const auto first = static_cast<double>(random & 1023U);
                 const auto second = static_cast<double>((random >> 10U) & 1023U);
                 random >>= 20U;

@@ -1,4 +1,4 @@
-// qt_writer SIZE RAW OUT: has Qt write bare RGBA bytes as a picture of the kind that the name OUT asks for.
+// qt_writer SIZE RAW OUT: writes raw RGBA bytes with Qt, in the format that the suffix of OUT names.
 
 #include <QFile>
 #include <QImage>

@@ -1,3 +1,4 @@
+#include "imaging/pixels/pixel_image.h"
 #include "imaging/pixels/resample.h"
 #include "measured.h"
 #include "photograph.h"

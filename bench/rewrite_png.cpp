@@ -1,8 +1,10 @@
-// rewrite_png IN OUT [SAMPLES]: has libpng write a picture anew, at its own settings, with 1, 3 or 4 samples
-// a pixel.
+// rewrite_png IN OUT [SAMPLES]: writes a picture with libpng and its default settings, with 1, 3 or 4 samples
+// per pixel.
 
 #include "engine/texture_processor.h"
+#include "imaging/pixels/pixel_image.h"
 #include "libpng_writer.h"
+#include "model/texture_asset.h"
 
 #include <QFile>
 

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Times whole exports of quarlin-cli beside what other programs take for comparable work, in one run.
+"""Times whole exports of quarlin-cli and of other programs with comparable work, in one run.
 
-Every round runs each task once, so that whatever else the machine does falls on all of them; what is told are
-medians. Only the targets' own words say what is enough: this measures, it does not judge.
+Every round runs each task once, so that other load of the machine affects all of them alike. The tables show medians.
+The targets are printed next to the figures; meeting them is not checked.
 
-    side_by_side [--rounds N] [--only-ours] [--no-growth]     other arguments are left to the other benchmarks
+    side_by_side [--rounds N] [--only-ours] [--no-growth]     other arguments are for the other benchmarks
 """
 
 import argparse
@@ -30,14 +30,14 @@ REFERENCE = "libvips: one RGBA PNG, level 6, no filters"
 
 
 class Run:
-    """What one run of a program took."""
+    """The time and memory of one run of a program."""
 
     def __init__(self, seconds, processor, system, peak):
         self.seconds, self.processor, self.system, self.peak = seconds, processor, system, peak
 
 
 def run(command, **environment):
-    """Runs a program to its end: time on the wall, processor time (system's share apart), peak memory in MiB."""
+    """Runs a program to its end: elapsed time, processor time, system time (part of it), peak memory in MiB."""
     begin = time.perf_counter()
     process = subprocess.Popen(
         [str(word) for word in command], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
@@ -52,7 +52,7 @@ def run(command, **environment):
 
 
 def median(runs):
-    """The median of every figure of several runs; the largest peak."""
+    """The median of each time over several runs, and the largest peak memory."""
     return Run(*(statistics.median(getattr(each, name) for each in runs)
                  for name in ("seconds", "processor", "system")), max(each.peak for each in runs))
 
@@ -61,9 +61,9 @@ def median(runs):
 
 
 def make_textures():
-    """Makes what is missing of the inputs: RGBA photograph, RGB base color and normal, three gray maps, a JPEG.
+    """Makes the missing inputs: RGBA photograph, RGB base color and normal, three gray maps.
 
-    libpng writes the PNGs, at level 6 with its own choice of filters, as most programs leave them behind.
+    libpng writes the PNGs, at level 6 with its own choice of filters, as most programs do.
     """
     TEXTURES.mkdir(exist_ok=True)
     drawn = TEXTURES / "photograph.png"
@@ -76,7 +76,7 @@ def make_textures():
               "roughness": ("roughness", 1), "metallic": ("metallic", 1)}
     missing = [(maps / f"photograph_{source}.png", TEXTURES / f"{name}.png", samples)
                for name, (source, samples) in wanted.items()]
-    # What libpng makes of every image of a generated set, to compare sizes with.
+    # Every image of a generated set, written by libpng, to compare sizes.
     (TEXTURES / "libpng").mkdir(exist_ok=True)
     missing += [(image, TEXTURES / "libpng" / image.name, 4) for image in sorted(maps.glob("*.png"))]
     with ThreadPoolExecutor(os.cpu_count()) as pool:
@@ -124,22 +124,22 @@ def imagemagick_tasks(program):
 
 
 def peer_tasks():
-    """The tasks of the peers that this machine has; the reference comes first."""
+    """The tasks of the other programs that are installed; the reference comes first."""
     tasks = {}
     if shutil.which("vips"):
         tasks.update(libvips_tasks())
     else:
-        print("vips is not there: no reference, so no ratios")
+        print("vips is not installed: no reference, so no ratios")
     tasks["Qt: one RGBA PNG"] = lambda: run([PROGRAMS / "qt_writer", SIZE, RAW, OUTPUT / "qt.png"])
     if program := shutil.which("magick") or shutil.which("convert"):
         tasks.update(imagemagick_tasks(program))
     else:
-        print("ImageMagick is not there: skipped")
+        print("ImageMagick is not installed: skipped")
     if shutil.which("gegl"):
         tasks["GEGL: one RGBA PNG, decoded and written"] = lambda: run(
             ["gegl", TEXTURES / "photograph.png", "-o", OUTPUT / "gegl.png"])
     else:
-        print("gegl is not there: skipped")
+        print("gegl is not installed: skipped")
     return tasks
 
 
@@ -204,11 +204,11 @@ def print_growth(rounds):
         rows.append([side, f"{result.seconds:.3f}", f"{result.seconds / pixels * 1e9:.0f}", f"{result.peak:.0f}",
                      f"{result.peak * 2**20 / pixels:.1f}"])
     print_table("Growth of quarlin-cli maps (sources written by the engine)",
-                ["side", "seconds", "nanoseconds a pixel", "peak MiB", "bytes a pixel"], rows)
+                ["side", "seconds", "nanoseconds per pixel", "peak MiB", "bytes per pixel"], rows)
 
 
 def print_operations(rounds):
-    """The operations that have a target of their own, as the benchmarks of the engine measure them."""
+    """Prints the operations that have their own targets, measured by the benchmarks of the engine."""
     report = BENCH / "operations.json"
     run([BENCH / "kernel_benchmarks", f"--benchmark_repetitions={rounds}", f"--benchmark_out={report}",
          "--benchmark_filter=generator/|operation/"])
@@ -235,7 +235,7 @@ def print_machine():
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--rounds", type=int, default=3)
-    parser.add_argument("--only-ours", action="store_true", help="leave out the peers but the reference")
+    parser.add_argument("--only-ours", action="store_true", help="leave out the other programs except the reference")
     parser.add_argument("--no-growth", action="store_true", help="leave out the sizes other than 4096")
     options, _ = parser.parse_known_args()
 

@@ -1,5 +1,5 @@
-# quarlin_describe_program(TARGET): what macOS and Windows want to know of a program with a window: its icon, name and
-# version. Linux has them in files beside the program, see packaging/CMakeLists.txt.
+# quarlin_describe_program(TARGET): adds the icon, name and version of a program with a window, as macOS and Windows expect
+# them. On Linux they are separate files, see packaging/CMakeLists.txt.
 function(quarlin_describe_program target)
   if(APPLE)
     target_sources(${target} PRIVATE ${QUARLIN_ICON_ICNS})

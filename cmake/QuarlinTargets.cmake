@@ -1,4 +1,4 @@
-# What every target of the project is compiled with, and the two ways to declare one.
+# The flags of every target of the project, and the functions that declare rooms and tests.
 
 add_library(quarlin_flags INTERFACE)
 target_compile_features(quarlin_flags INTERFACE cxx_std_20)
@@ -8,13 +8,13 @@ target_compile_options(
             -Wextra
             -Wconversion
             -Wshadow
-            -Werror
+            $<$<BOOL:${QUARLIN_WARNINGS_AS_ERRORS}>:-Werror>
             # The arithmetic is exact by contract: a product is rounded before it is added.
             -ffp-contract=off)
 target_compile_definitions(quarlin_flags INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
                                                    QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 if(QUARLIN_SANITIZE)
-  # What g++ concludes about array bounds is wrong in instrumented code; the plain builds keep it an error.
+  # In instrumented code g++ reports array bounds that are not exceeded. The plain builds keep the warning.
   target_compile_options(quarlin_flags INTERFACE -Wno-array-bounds)
   target_compile_options(quarlin_flags INTERFACE -fsanitize=${QUARLIN_SANITIZE} -fno-omit-frame-pointer
                                                  -fno-sanitize-recover=all)
@@ -22,8 +22,9 @@ if(QUARLIN_SANITIZE)
 endif()
 
 # quarlin_room(ROOM SOURCES ... LINK ... [PRIVATE_LINK ...] [PIXEL_LOOPS]): the static library of the folder src/ROOM.
-# LINK names the rooms that it may include and any other libraries that its headers need; the test Rooms compares the
-# includes with it. PIXEL_LOOPS asks for every optimization that leaves the arithmetic alone.
+# LINK names the rooms that it may include and any other libraries that its headers need, PRIVATE_LINK those that only
+# its sources need; the test Rooms compares the includes with both. PIXEL_LOOPS turns on all optimizations that keep the
+# arithmetic exact.
 function(quarlin_room room)
   cmake_parse_arguments(ROOM "PIXEL_LOOPS" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
   string(REPLACE "/" "_" name ${room})
@@ -34,22 +35,23 @@ function(quarlin_room room)
   if(ROOM_PIXEL_LOOPS)
     target_compile_options(quarlin_${name} PRIVATE $<$<NOT:$<CONFIG:Debug>>:-O3>)
   endif()
-  set(rooms ${ROOM_LINK})
-  list(FILTER rooms INCLUDE REGEX "^quarlin::")
-  list(TRANSFORM rooms REPLACE "^quarlin::" "")
-  list(JOIN rooms " " rooms)
-  set_property(GLOBAL APPEND PROPERTY QUARLIN_ROOMS "${room}: ${rooms}")
+  foreach(links ROOM_LINK ROOM_PRIVATE_LINK)
+    list(FILTER ${links} INCLUDE REGEX "^quarlin::")
+    list(TRANSFORM ${links} REPLACE "^quarlin::" "")
+    list(JOIN ${links} " " ${links})
+  endforeach()
+  set_property(GLOBAL APPEND PROPERTY QUARLIN_ROOMS "${room}: ${ROOM_LINK} | ${ROOM_PRIVATE_LINK}")
 endfunction()
 
-# Writes the rooms and what each is linked to, a line each, for the test Rooms.
+# Writes the rooms and the rooms that each is linked to, publicly | privately, a line each, for the test Rooms.
 function(quarlin_write_rooms file)
   get_property(rooms GLOBAL PROPERTY QUARLIN_ROOMS)
   list(JOIN rooms "\n" rooms)
   file(WRITE ${file} "${rooms}\n")
 endfunction()
 
-# quarlin_test(NAME SOURCES ... LINK ...): one GoogleTest program; each of its tests is a ctest test, named without
-# the printed value of its parameter, which may hold addresses and so change from run to run.
+# quarlin_test(NAME SOURCES ... LINK ...): one GoogleTest program. Each of its tests is a ctest test. Its name leaves out
+# the printed value of its parameter, which may contain addresses and so differ from run to run.
 function(quarlin_test name)
   cmake_parse_arguments(TEST "QT_MAIN" "" "SOURCES;LINK;PROPERTIES" ${ARGN})
   add_executable(${name} ${TEST_SOURCES})

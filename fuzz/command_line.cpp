@@ -1,4 +1,4 @@
-// Words to fields. Nothing is run, so no file is touched.
+// Parses arguments. No command is run, so no file is touched.
 
 #include "cli/commands/maps_command.h"
 #include "cli/commands/material_command.h"
@@ -46,7 +46,7 @@ Outcome parse(const QStringList& words, Command& command) {
     return outcome;
 }
 
-/// Whether `value` stands among the words: as one of its own, or behind an equals sign.
+/// Whether `value` is among the arguments: as one of its own, or after an equals sign.
 bool isGiven(const QStringList& words, const QString& value) {
     return value.isEmpty() || std::any_of(words.begin(), words.end(), [&](const QString& word) {
                return word == value || word.endsWith(u'=' + value);
@@ -89,7 +89,7 @@ void parseFor(const QStringList& words) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    // One word a line.
+    // One argument per line.
     const QString text = QString::fromLocal8Bit(QByteArrayView(data, static_cast<qsizetype>(size)));
     const QStringList words = text.isEmpty() ? QStringList() : text.split(u'\n');
     parseFor<MaterialCommand>(words);

@@ -1,4 +1,4 @@
-// From the bytes of a file to pixels. The corpus decides which format is decoded.
+// Decodes the bytes of a file to pixels. The corpus decides which format is tested.
 
 #include "expectation.h"
 #include "imaging/decode/decode_error.h"
@@ -6,6 +6,7 @@
 #include "imaging/decode/formats/png_reader.h"
 #include "imaging/decode/image_decoder.h"
 #include "imaging/pixels/image_view.h"
+#include "imaging/pixels/pixel_image.h"
 #include "memory_fill.h"
 
 #include <QByteArray>
@@ -76,7 +77,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         expect(isUsableSize(image.width(), image.height()), "an image is of a usable size");
         expect(isPremultiplied(image), "no color is above its alpha");
     }
-    // Large pictures from small files take the time of thousands of others.
+    // A large picture from a small file takes as long as thousands of others.
     if (image.sizeInBytes() > qsizetype{1} << 20U) {
         return 0;
     }
@@ -84,7 +85,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         expectSameRows(bytes, image);
     }
     expectDecodersAgree(bytes);
-    // Where a damaged HEVC stream leaves a gap, libde265 leaves the pixels undefined without an error.
+    // Where a damaged HEVC stream leaves a gap, libde265 returns uninitialized pixels without an error.
     if (!bytes.contains("hvc1")) {
         fillNewMemoryWith(255);
         expect(imageFrom([&] { return openImage(bytes); }) == image,

@@ -93,7 +93,7 @@ void drawPng(Corpus corpus) {
     gray.colorType = 0;
     gray.profile = grayGammaProfile(1.8);
     writeSamples(corpus, gray);
-    // Rows long and alike enough for every row filter.
+    // Rows that are long and similar enough for every row filter.
     writePng(corpus.next(), smoothPicture(40, 24), false);
     writePng(corpus.next(), translucent);
     writePng(corpus.next(), constantPicture(1, 1, {1, 2, 3, 4}));

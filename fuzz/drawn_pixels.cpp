@@ -25,7 +25,7 @@ Pixel takePixel(FuzzedDataProvider& input, PixelKind kind) {
     return {byte(most), byte(most), byte(most), alpha};
 }
 
-/// Short lengths often, long ones now and then.
+/// Mostly short lengths, sometimes long ones.
 std::size_t takeLength(FuzzedDataProvider& input) {
     constexpr std::array<std::size_t, 4> most{4, 64, 600, 20'000};
     return input.ConsumeIntegralInRange<std::size_t>(1, input.PickValueInArray(most));
@@ -38,7 +38,7 @@ enum class Stroke { pixel, run, repetition, ramp, kMaxValue = ramp };
 Drawing draw(FuzzedDataProvider& input) {
     Drawing drawing;
     drawing.kind = input.ConsumeEnum<PixelKind>();
-    // Wide rows make several strips of few pixels.
+    // Wide rows give several strips with few pixels.
     constexpr std::array<std::int64_t, 12> widest{3, 10, 20, 30, 40, 50, 60, 70, 100, 300, 1000, 150'000};
     drawing.width = input.ConsumeIntegralInRange<std::int64_t>(1, input.PickValueInArray(widest));
     drawing.height = input.ConsumeIntegralInRange<std::int64_t>(

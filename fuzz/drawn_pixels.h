@@ -7,11 +7,11 @@ class FuzzedDataProvider;
 
 namespace quarlin::fuzz {
 
-/// What the pixels of a drawing are made of.
+/// The kind of pixels in a drawing.
 enum class PixelKind { gray, opaque, translucent, any, kMaxValue = any };
 
-/// A premultiplied RGBA drawing of single pixels, runs, ramps and repetitions of what was drawn before, which
-/// is what a compressor lives on.
+/// A premultiplied RGBA drawing of single pixels, runs, ramps and repetitions of what was drawn before, the
+/// patterns that a compressor uses.
 struct Drawing {
     std::int64_t width = 1;
     std::int64_t height = 1;

@@ -5,7 +5,7 @@
 
 namespace quarlin::fuzz {
 
-/// Ends the program as a finding when what must hold for every input does not.
+/// Reports a finding and ends the program unless `holds`, which must be true for every input.
 inline void expect(bool holds, const char* statement) {
     if (!holds) {
         std::fprintf(stderr, "does not hold: %s\n", statement);

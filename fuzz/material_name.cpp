@@ -1,4 +1,4 @@
-// The rule that makes file names of typed names, and what exports make of it.
+// The rule that turns typed names into file names, and the names of exported files.
 
 #include "model/material_name.h"
 #include "expectation.h"
@@ -20,7 +20,7 @@ using namespace quarlin::fuzz;
 
 namespace {
 
-/// Any sequence of 16-bit units, also what is no text, or what a file name of any bytes reads as.
+/// Any sequence of 16-bit units, valid text or not, or the text that a file name of any bytes is read as.
 QString takeName(FuzzedDataProvider& input) {
     const bool isUtf16 = input.ConsumeBool();
     const auto bytes = input.ConsumeRemainingBytes<char>();
@@ -49,7 +49,7 @@ void expectSafe(const QString& safe) {
            "a safe name stays in its folder");
 }
 
-/// Character by character, from the rule's own words.
+/// The rule character by character, as it is worded.
 void expectRuleFollowed(const QString& name, const QString& safe, const QString& fallback) {
     const QList<uint> scalars = name.toUcs4();
     qsizetype first = 0;

@@ -13,8 +13,8 @@ namespace {
 std::atomic<std::uint8_t> fill{0};
 
 void fillBlock(const volatile void* block, std::size_t size) {
-    // The sanitizer clears the small blocks of calloc after this, but takes larger ones as the system gives
-    // them.
+    // After this, the sanitizer clears small blocks of calloc, but returns larger ones as they come from the
+    // system.
     constexpr std::size_t largestClearedBlock = std::size_t{1} << 16U;
     if (size <= largestClearedBlock) {
         std::memset(const_cast<void*>(block), fill, size);

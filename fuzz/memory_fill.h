@@ -4,8 +4,8 @@
 
 namespace quarlin::fuzz {
 
-/// From now on memory that is allocated holds `value` everywhere, so that a result which depends on bytes
-/// that nobody wrote differs between two fills. Large blocks are left alone: they may have to be zero.
+/// Fills memory that is allocated from now on with `value`, so that a result which depends on uninitialized
+/// bytes differs between two fills. Large blocks are not filled: they may have to be zero.
 void fillNewMemoryWith(std::uint8_t value);
 
 }  // namespace quarlin::fuzz

@@ -1,4 +1,4 @@
-// Changes PNG files so that the change gets past checksums and compression; other files anyhow.
+// Changes PNG files in ways that checksums and compression do not catch; other files byte by byte.
 
 #include "imaging/png/png_signature.h"
 
@@ -25,7 +25,7 @@ struct Chunk {
     QByteArray data;
 };
 
-/// The chunks as far as they are whole, whatever their checksums say.
+/// The chunks up to the first incomplete one, with or without a correct checksum.
 std::vector<Chunk> chunksOf(const QByteArray& png) {
     std::vector<Chunk> chunks;
     qsizetype position = pngSignature.size();
@@ -66,7 +66,7 @@ QByteArray mutated(const QByteArray& bytes, qsizetype room) {
     return result.first(static_cast<qsizetype>(size));
 }
 
-/// What the pixel chunks inflate to, as far as they do.
+/// The bytes that the pixel chunks inflate to, up to the first error.
 QByteArray inflatedRows(const std::vector<Chunk>& chunks) {
     QByteArray stream;
     for (const Chunk& chunk : chunks) {
@@ -82,7 +82,7 @@ QByteArray inflatedRows(const std::vector<Chunk>& chunks) {
     return rows.first(static_cast<qsizetype>(size));
 }
 
-/// Changes what the pixel chunks hold behind their compression.
+/// Changes the data inside the compressed pixel chunks.
 void mutateRows(std::vector<Chunk>& chunks, std::minstd_rand& random) {
     const QByteArray rows = mutated(inflatedRows(chunks), random() % 4 == 0 ? 64 : 1);
     QByteArray stream(static_cast<qsizetype>(compressBound(static_cast<uLong>(rows.size()))), 0);
@@ -121,7 +121,7 @@ void mutateChunks(std::vector<Chunk>& chunks, std::minstd_rand& random) {
         }
         case 5:
             if (!chosen->data.isEmpty()) {
-                // A chunk cut in two, as pixels may be.
+                // Cuts a chunk in two, which is allowed for pixels.
                 const Chunk rest{chosen->type, chosen->data.mid(chosen->data.size() / 2)};
                 chosen->data.truncate(chosen->data.size() / 2);
                 chunks.insert(chosen + 1, rest);

@@ -1,7 +1,8 @@
-// What the PNG writer writes, read back by the format's reference library.
+// Writes PNG files and reads them with the reference library of the format.
 
 #include "drawn_pixels.h"
 #include "expectation.h"
+#include "imaging/pixels/pixel_image.h"
 #include "imaging/png/png_encoder.h"
 
 #include <fuzzer/FuzzedDataProvider.h>

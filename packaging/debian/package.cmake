@@ -10,8 +10,8 @@ set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
     "Quarlin packs texture files into a material set: base color, a packed
 occlusion, roughness and metallic map, a normal map, a glTF material and
-notes. From a single texture it estimates height, normal, roughness, gloss,
-metallic and occlusion maps.
+notes. From a single texture it makes a normal map, the other maps of a
+material and a packed map.
 .
 The package holds the program with a window, quarlin, and the same tools for
 scripts, quarlin-cli.")

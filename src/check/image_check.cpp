@@ -8,6 +8,7 @@
 #include "imaging/files/file_error.h"
 #include "imaging/files/file_names.h"
 #include "imaging/pixels/image_view.h"
+#include "imaging/pixels/pixel_image.h"
 
 #include <QFileInfo>
 

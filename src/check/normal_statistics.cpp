@@ -1,6 +1,7 @@
 #include "check/normal_statistics.h"
 
 #include "imaging/pixels/image_view.h"
+#include "imaging/pixels/pixel_image.h"
 
 #include <algorithm>
 #include <array>

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <initializer_list>
 #include <set>
 #include <system_error>
 
@@ -37,12 +38,16 @@ std::optional<QStringList> namesIn(const QUrl& folder) {
     return names;
 }
 
-/// The names of the materials of which a file with the ending of `ofNothing` is there.
-std::set<QString> materialsWith(const QStringList& names, const QString& ofNothing) {
+/// The names of the materials that have one of `files` in their set.
+template <typename File>
+std::set<QString> materialsWith(const QStringList& names, std::initializer_list<File> files) {
     std::set<QString> materials;
-    for (const QString& name : names) {
-        if (name.endsWith(ofNothing) && name.size() > ofNothing.size()) {
-            materials.insert(name.chopped(ofNothing.size()));
+    for (const File file : files) {
+        const QString suffix = tableRow(file).suffix;
+        for (const QString& name : names) {
+            if (name.endsWith(suffix) && name.size() > suffix.size()) {
+                materials.insert(name.chopped(suffix.size()));
+            }
         }
     }
     return materials;
@@ -52,13 +57,11 @@ std::optional<QString> nameIfThere(const QStringList& names, const QString& name
     return names.contains(name) ? std::optional(name) : std::nullopt;
 }
 
-/// The sets that the names of the files tell. A material set always has a base color and an ORM image, a
-/// generated one a base color and a normal map.
+/// The sets that the names of the files show. A material set always has a base color and an ORM image, a
+/// generated one always has a base color and a normal map.
 std::vector<CheckedMaterial> materialsByNames(const QStringList& names) {
     std::vector<CheckedMaterial> materials;
-    std::set<QString> found = materialsWith(names, OutputNames{}.baseColor());
-    found.merge(materialsWith(names, OutputNames{}.orm()));
-    for (const QString& material : found) {
+    for (const QString& material : materialsWith(names, {MaterialFile::baseColor, MaterialFile::orm})) {
         const OutputNames files{material};
         materials.push_back({.document = {},
                              .name = material,
@@ -67,9 +70,7 @@ std::vector<CheckedMaterial> materialsByNames(const QStringList& names) {
                              .occlusion = files.orm(),
                              .normal = nameIfThere(names, files.normal())});
     }
-    std::set<QString> generated = materialsWith(names, NormalOutputNames{}.baseColor());
-    generated.merge(materialsWith(names, NormalOutputNames{}.normal()));
-    for (const QString& material : generated) {
+    for (const QString& material : materialsWith(names, {GeneratedFile::baseColor, GeneratedFile::normal})) {
         const NormalOutputNames files{material};
         const auto orm = nameIfThere(names, files.orm());
         materials.push_back({.document = {},

@@ -6,10 +6,10 @@
 
 namespace quarlin {
 
-/// The user's choices for one material set. Nothing is clamped here: the ranges belong to the controls that
-/// edit the fields.
+/// The user's choices for one material set. Nothing is clamped here: the controls that edit the
+/// fields have the ranges.
 struct ConversionSettings {
-    /// The name that a fresh value carries, and that stands in for a name of which no character can be kept.
+    /// The default name. It also replaces a name of which nothing is left once it is cleaned.
     static QString defaultMaterialName();
 
     /// Base name of the exported files and of the material.
@@ -18,13 +18,13 @@ struct ConversionSettings {
     OutputResolution outputResolution = OutputResolution::px2048;
     /// Inverts the normal map's green channel, for DirectX-style sources.
     bool flipNormalGreen = false;
-    /// The roughness slot holds gloss (smoothness), which is inverted.
+    /// The texture of the roughness slot is gloss (smoothness); the export inverts it.
     bool roughnessInputIsGloss = false;
-    /// Occlusion where no occlusion texture is loaded, 0...1.
+    /// Occlusion when no occlusion texture is loaded, 0...1.
     double defaultOcclusion = 1.0;
-    /// Roughness where no roughness texture is loaded, 0...1.
+    /// Roughness when no roughness texture is loaded, 0...1.
     double defaultRoughness = 0.65;
-    /// Metallic where no metallic texture is loaded, 0...1.
+    /// Metallic when no metallic texture is loaded, 0...1.
     double defaultMetallic = 0.0;
     /// Also write the glTF material document.
     bool exportGLTF = true;

@@ -9,11 +9,11 @@
 
 namespace quarlin {
 
-// The closed enumerations of the model. Each lists its cases from zero upwards in display order and has,
-// beside it, a specialization of `EnumerationTable` with one row per case, in the same order. A row carries
-// at least `rawValue`, the case's stable identifier; the other columns are the case's labels.
+// The closed enumerations of the model. Each one counts its cases from zero, in display order, and has a
+// specialization of `EnumerationTable` with one row per case, in the same order. A row has at least a
+// `rawValue`, the stable identifier of the case; the other columns are its labels and properties.
 
-/// The rows of an enumeration; specialized beside each enumeration as `static constexpr std::array rows`.
+/// The rows of an enumeration, as `static constexpr std::array rows`. Every enumeration specializes it.
 template <typename Enum>
 struct EnumerationTable;
 

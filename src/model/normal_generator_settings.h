@@ -6,10 +6,10 @@
 
 namespace quarlin {
 
-/// The user's choices for one generated map set. Nothing is clamped here: the ranges belong to the controls
-/// that edit the fields, and the engine applies only the guards that its formulas name.
+/// The user's choices for one generated map set. Nothing is clamped here: the controls that
+/// edit the fields have the ranges, and the engine clamps only what its formulas do.
 struct NormalGeneratorSettings {
-    /// The name that a fresh value carries, and that stands in for a name of which no character can be kept.
+    /// The default name. It also replaces a name of which nothing is left once it is cleaned.
     static QString defaultMaterialName();
 
     /// Base name of the exported files.
@@ -31,7 +31,7 @@ struct NormalGeneratorSettings {
     double metallicStrength = 0.45;
     /// Depth of the generated occlusion, 0...1.
     double aoStrength = 0.55;
-    /// Which files an export writes beside base color and normal map.
+    /// Which files an export writes besides the base color and the normal map.
     bool exportHeight = true;
     bool exportRoughness = true;
     bool exportGloss = true;

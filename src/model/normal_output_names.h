@@ -1,26 +1,28 @@
 #pragma once
 
+#include "model/generated_set.h"
+
 #include <QString>
 
 namespace quarlin {
-
-using namespace Qt::StringLiterals;
 
 /// The file names of one generated map set, without folder.
 struct NormalOutputNames {
     /// The cleaned material name that every file name begins with.
     QString materialName;
 
-    QString baseColor() const { return materialName + u"_basecolor.png"_s; }
-    QString normal() const { return materialName + u"_normal.png"_s; }
-    QString height() const { return materialName + u"_height.png"_s; }
-    QString roughness() const { return materialName + u"_roughness.png"_s; }
-    QString gloss() const { return materialName + u"_gloss.png"_s; }
-    QString metallic() const { return materialName + u"_metallic.png"_s; }
-    QString occlusion() const { return materialName + u"_ao.png"_s; }
-    QString orm() const { return materialName + u"_orm.png"_s; }
-    QString gltf() const { return materialName + u".gltf"_s; }
-    QString notes() const { return materialName + u"_maps_notes.txt"_s; }
+    QString operator[](GeneratedFile file) const { return fileName(materialName, file); }
+
+    QString baseColor() const { return (*this)[GeneratedFile::baseColor]; }
+    QString normal() const { return (*this)[GeneratedFile::normal]; }
+    QString height() const { return (*this)[GeneratedFile::height]; }
+    QString roughness() const { return (*this)[GeneratedFile::roughness]; }
+    QString gloss() const { return (*this)[GeneratedFile::gloss]; }
+    QString metallic() const { return (*this)[GeneratedFile::metallic]; }
+    QString occlusion() const { return (*this)[GeneratedFile::occlusion]; }
+    QString orm() const { return (*this)[GeneratedFile::orm]; }
+    QString gltf() const { return (*this)[GeneratedFile::gltf]; }
+    QString notes() const { return (*this)[GeneratedFile::notes]; }
 };
 
 }  // namespace quarlin

@@ -28,8 +28,8 @@ struct TextureAsset {
     std::int64_t pixelHeight;
     /// The decoded image at its own size.
     QImage preview;
-    /// What the file was when `preview` was decoded from it; nothing when `preview` does not come from the
-    /// file. As long as the file still bears this stamp, `preview` stands for its pixels.
+    /// The state of the file from which `preview` was decoded; nothing when `preview` does not come from the
+    /// file. While the file has this stamp, `preview` holds its pixels.
     std::optional<FileStamp> decodedFrom;
 
     /// The size as shown to the user, such as "2048x1024".

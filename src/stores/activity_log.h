@@ -8,21 +8,21 @@
 
 namespace quarlin {
 
-/// Tells the local time of day.
+/// Returns the local time of day.
 using Clock = std::function<QTime()>;
 
-/// What a tool has done, newest line first.
+/// The log lines of a tool, newest first.
 class ActivityLog {
 public:
     /// The most lines that are kept; older ones are dropped.
     static constexpr qsizetype capacity = 80;
 
-    /// A log holding `hint` alone, without a time. `clock` stamps the lines appended later.
+    /// A log with the one line `hint`, without a time. `clock` gives the times of the lines that follow.
     ActivityLog(const QString& hint, Clock clock);
 
     const QStringList& lines() const { return m_lines; }
 
-    /// The log with `message` in front, behind its time as in "[14:03:27] Preview updated.".
+    /// The lines with one more in front: the time and `message`, as in "[14:03:27] Preview updated.".
     QStringList linesWith(const QString& message) const;
 
     /// Replaces every line.

@@ -16,13 +16,13 @@ struct FileQuestion {
     QString title;
     /// Label of the button that confirms.
     QString confirmLabel;
-    /// What may be chosen, in the order in which the types are offered.
+    /// The types that may be chosen, in the order in which they are offered.
     std::vector<ImageFileType> types;
 
     bool operator==(const FileQuestion&) const = default;
 };
 
-/// A question for one folder, which may be made on the way.
+/// A question for one folder; the user may create it in the dialog.
 struct FolderQuestion {
     /// Title of the dialog.
     QString title;
@@ -32,7 +32,8 @@ struct FolderQuestion {
     bool operator==(const FolderQuestion&) const = default;
 };
 
-/// Asks the user for files and folders. Each question returns once it is answered; nothing means canceled.
+/// Asks the user for files and folders. A call returns once the user has answered; nothing means
+/// canceled.
 class Chooser {
 public:
     virtual ~Chooser() = default;

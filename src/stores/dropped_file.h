@@ -8,7 +8,7 @@ class QMimeData;
 
 namespace quarlin {
 
-/// The first file in dragged data, or nothing when the data names none on this machine.
+/// The first local file in dragged data, or nothing when there is none.
 std::optional<QUrl> droppedFile(const QMimeData& data);
 
 }  // namespace quarlin

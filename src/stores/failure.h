@@ -7,8 +7,8 @@
 
 namespace quarlin {
 
-/// Does `work` and returns the text for the user if it throws: an engine failure's own description, or what
-/// can be said of memory running out and of any other exception.
+/// Calls `work` and returns the text for the user if it throws: the description of an `EngineError`, a text
+/// of our own for a lack of memory, `what()` of any other exception. Returns nothing on success.
 std::optional<QString> failureOf(const std::function<void()>& work);
 
 }  // namespace quarlin

@@ -11,7 +11,9 @@ MaterialStore::MaterialStore(Chooser& chooser, Clock clock)
                 u"Load Base Color first, then add Normal, AO, Roughness/Gloss and Metallic as "
                 "needed."_s) {}
 
-void MaterialStore::setSettings(const ConversionSettings& settings) { publish(m_settings, settings); }
+void MaterialStore::setSettings(const ConversionSettings& settings) {
+    publish(StoreProperty::settings, m_settings, settings);
+}
 
 void MaterialStore::chooseTexture(TextureSlotKind slot) {
     chooseImage(u"Choose "_s + title(slot) + u" Texture"_s,
@@ -25,13 +27,13 @@ void MaterialStore::importTexture(const QUrl& url, TextureSlotKind slot) {
     }
     TextureMap textures = m_textures;
     textures.insert_or_assign(slot, *asset);
-    publish(m_textures, std::move(textures));
+    publish(StoreProperty::inputs, m_textures, std::move(textures));
     if (slot == TextureSlotKind::baseColor) {
         ConversionSettings settings = m_settings;
         settings.materialName =
             adoptedName(settings.materialName, ConversionSettings::defaultMaterialName(), url);
         if (settings != m_settings) {
-            publish(m_settings, std::move(settings));
+            publish(StoreProperty::settings, m_settings, std::move(settings));
         }
     }
     appendLog(title(slot) + u" loaded: "_s + asset->fileName + u", "_s + asset->sizeLabel());
@@ -45,8 +47,8 @@ bool MaterialStore::acceptDrop(const QMimeData& data, TextureSlotKind slot) {
 void MaterialStore::removeTexture(TextureSlotKind slot) {
     TextureMap textures = m_textures;
     textures.erase(slot);
-    publish(m_textures, std::move(textures));
-    publish(m_previews, {});
+    publish(StoreProperty::inputs, m_textures, std::move(textures));
+    publish(StoreProperty::previews, m_previews, {});
     appendLog(title(slot) + u" removed."_s);
     if (hasAnyTexture()) {
         buildPreview();
@@ -54,9 +56,9 @@ void MaterialStore::removeTexture(TextureSlotKind slot) {
 }
 
 void MaterialStore::reset() {
-    publish(m_textures, {});
-    publish(m_previews, {});
-    publish(m_settings, {});
+    publish(StoreProperty::inputs, m_textures, {});
+    publish(StoreProperty::previews, m_previews, {});
+    publish(StoreProperty::settings, m_settings, {});
     resetShared();
 }
 
@@ -65,7 +67,7 @@ void MaterialStore::buildPreview() {
     if (!attempt(u"Preview"_s, [&] { previews = processor().buildPreviews(m_textures, m_settings); })) {
         return;
     }
-    publish(m_previews, std::move(previews));
+    publish(StoreProperty::previews, m_previews, std::move(previews));
     if (!m_previews.empty()) {
         appendLog(u"Preview updated."_s);
     }

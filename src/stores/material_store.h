@@ -1,6 +1,8 @@
 #pragma once
 
 #include "model/conversion_settings.h"
+#include "model/previews.h"
+#include "model/texture_map.h"
 #include "model/texture_slot_kind.h"
 #include "stores/tool_store.h"
 
@@ -20,7 +22,7 @@ public:
     /// The loaded inputs.
     const TextureMap& textures() const { return m_textures; }
     const ConversionSettings& settings() const { return m_settings; }
-    /// The pictures of the last preview; empty until one was built.
+    /// The pictures of the last preview; empty until the first one is built.
     const OutputPreviews& previews() const { return m_previews; }
 
     /// Whether the one required input is loaded.
@@ -30,29 +32,30 @@ public:
     // ---- Actions
     // ----------------------------------------------------------------------------------------------
 
-    /// Replaces the settings. The previews stay as they are until they are asked for.
+    /// Replaces the settings. The previews stay as they are until `buildPreview`.
     void setSettings(const ConversionSettings& settings);
 
     /// Lets the user choose the texture of `slot`.
     void chooseTexture(TextureSlotKind slot);
 
-    /// Loads the texture of `slot` and rebuilds the previews. A base color gives its name to a material that
-    /// has not been named yet.
+    /// Loads the texture of `slot` and rebuilds the previews. The name of a base
+    /// color file becomes that of a material that still has the default name.
     void importTexture(const QUrl& url, TextureSlotKind slot);
 
-    /// Imports the first file in dragged `data` into `slot`, after this call. Returns whether there is a
-    /// file.
+    /// Imports the first file of the dragged `data` into `slot` after this call has returned. Returns whether
+    /// there is a file.
     bool acceptDrop(const QMimeData& data, TextureSlotKind slot);
 
     /// Empties `slot`.
     void removeTexture(TextureSlotKind slot);
 
-    /// Back to a fresh state.
+    /// Returns to the initial state, with its own line in the log.
     void reset();
 
     void buildPreview();
 
-    /// Asks for a folder and writes the material set into it. Without a base color it only logs why not.
+    /// Asks for a folder and writes the material set into it. Without a base color nothing is
+    /// exported, and the log says why.
     void exportMaterialSet();
 
 private:

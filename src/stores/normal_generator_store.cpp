@@ -12,7 +12,7 @@ NormalGeneratorStore::NormalGeneratorStore(Chooser& chooser, Clock clock)
                 "ORM maps."_s) {}
 
 void NormalGeneratorStore::setSettings(const NormalGeneratorSettings& settings) {
-    publish(m_settings, settings);
+    publish(StoreProperty::settings, m_settings, settings);
 }
 
 void NormalGeneratorStore::chooseSourceTexture() {
@@ -24,12 +24,12 @@ void NormalGeneratorStore::importSourceTexture(const QUrl& url) {
     if (!attempt(u"Load"_s, [&] { asset = processor().loadAsset(url); })) {
         return;
     }
-    publish(m_source, asset);
+    publish(StoreProperty::inputs, m_source, asset);
     NormalGeneratorSettings settings = m_settings;
     settings.materialName =
         adoptedName(settings.materialName, NormalGeneratorSettings::defaultMaterialName(), url);
     if (settings != m_settings) {
-        publish(m_settings, std::move(settings));
+        publish(StoreProperty::settings, m_settings, std::move(settings));
     }
     appendLog(u"Source loaded: "_s + asset->fileName + u", "_s + asset->sizeLabel());
     buildPreview();
@@ -40,15 +40,15 @@ bool NormalGeneratorStore::acceptDrop(const QMimeData& data) {
 }
 
 void NormalGeneratorStore::removeSourceTexture() {
-    publish(m_source, {});
-    publish(m_previews, {});
+    publish(StoreProperty::inputs, m_source, {});
+    publish(StoreProperty::previews, m_previews, {});
     appendLog(u"Source removed."_s);
 }
 
 void NormalGeneratorStore::reset() {
-    publish(m_source, {});
-    publish(m_previews, {});
-    publish(m_settings, {});
+    publish(StoreProperty::inputs, m_source, {});
+    publish(StoreProperty::previews, m_previews, {});
+    publish(StoreProperty::settings, m_settings, {});
     resetShared();
 }
 
@@ -57,7 +57,7 @@ void NormalGeneratorStore::buildPreview() {
     if (!attempt(u"Preview"_s, [&] { previews = processor().buildNormalPreviews(m_source, m_settings); })) {
         return;
     }
-    publish(m_previews, std::move(previews));
+    publish(StoreProperty::previews, m_previews, std::move(previews));
     if (!m_previews.empty()) {
         appendLog(u"Generated map preview updated."_s);
     }

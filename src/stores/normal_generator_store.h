@@ -1,6 +1,8 @@
 #pragma once
 
 #include "model/normal_generator_settings.h"
+#include "model/previews.h"
+#include "model/texture_asset.h"
 #include "stores/tool_store.h"
 
 namespace quarlin {
@@ -16,10 +18,10 @@ public:
     // ---- Published state
     // --------------------------------------------------------------------------------------
 
-    /// The texture that every map is estimated from.
+    /// The texture that every map is generated from.
     const std::optional<TextureAsset>& source() const { return m_source; }
     const NormalGeneratorSettings& settings() const { return m_settings; }
-    /// The pictures of the last preview; empty until one was built.
+    /// The pictures of the last preview; empty until the first one is built.
     const NormalPreviews& previews() const { return m_previews; }
 
     /// Whether a source is loaded.
@@ -28,27 +30,29 @@ public:
     // ---- Actions
     // ----------------------------------------------------------------------------------------------
 
-    /// Replaces the settings. The previews stay as they are until they are asked for.
+    /// Replaces the settings. The previews stay as they are until `buildPreview`.
     void setSettings(const NormalGeneratorSettings& settings);
 
     /// Lets the user choose the source.
     void chooseSourceTexture();
 
-    /// Loads the source, which gives its name to a material that has not been named yet, and rebuilds the
-    /// previews.
+    /// Loads the source and rebuilds the previews. Its file name becomes that of a material that still has
+    /// the default name.
     void importSourceTexture(const QUrl& url);
 
-    /// Imports the first file in dragged `data`, after this call. Returns whether there is a file.
+    /// Imports the first file of the dragged `data` after this call has returned. Returns whether there is a
+    /// file.
     bool acceptDrop(const QMimeData& data);
 
     void removeSourceTexture();
 
-    /// Back to a fresh state.
+    /// Returns to the initial state, with its own line in the log.
     void reset();
 
     void buildPreview();
 
-    /// Asks for a folder and writes the generated set into it. Without a source it only logs why not.
+    /// Asks for a folder and writes the generated set into it. Without a source nothing is
+    /// exported, and the log says why.
     void exportSet();
 
 private:

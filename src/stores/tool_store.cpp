@@ -24,13 +24,13 @@ ToolStore::ToolStore(Chooser& chooser, Clock clock, const QString& hint)
 
 void ToolStore::appendLog(const QString& message) {
     const QStringList lines = m_log.linesWith(message);
-    Q_EMIT willChange();
+    Q_EMIT willChange(StoreProperty::log);
     m_log.setLines(lines);
 }
 
 void ToolStore::resetShared() {
-    publish(m_lastExportURL, {});
-    Q_EMIT willChange();
+    publish(StoreProperty::lastExport, m_lastExportURL, {});
+    Q_EMIT willChange(StoreProperty::log);
     m_log.setLines({u"Inputs cleared."_s});
 }
 
@@ -55,7 +55,7 @@ void ToolStore::chooseImage(const QString& title, const std::function<void(const
 bool ToolStore::importLater(const QMimeData& data, std::function<void(const QUrl&)> import) {
     const std::optional<QUrl> file = droppedFile(data);
     if (file) {
-        // As the context of the call, a store that is destroyed first takes the call with it.
+        // The store is the context of the call: destroying it cancels the call.
         QMetaObject::invokeMethod(
             this, [import = std::move(import), file = *file] { import(file); }, Qt::QueuedConnection);
     }
@@ -68,15 +68,15 @@ void ToolStore::exportWith(const std::function<ExportResult(const QUrl&)>& write
     if (!parent || !attempt(u"Export"_s, [&] { result = write(*parent); })) {
         return;
     }
-    publish(m_lastExportURL, std::optional(result.folderURL));
+    publish(StoreProperty::lastExport, m_lastExportURL, result.folderURL);
     appendLog(u"Export complete: "_s + fileSystemPath(result.folderURL));
     for (const QString& name : std::as_const(result.files)) {
         appendLog(u"Wrote "_s + name);
     }
 }
 
-QString ToolStore::adoptedName(const QString& current, const QString& untouched, const QUrl& file) {
-    return current == untouched ? fileStem(file) : current;
+QString ToolStore::adoptedName(const QString& current, const QString& defaultName, const QUrl& file) {
+    return current == defaultName ? fileStem(file) : current;
 }
 
 }  // namespace quarlin

@@ -11,17 +11,22 @@
 
 #include <functional>
 #include <optional>
+#include <type_traits>
 #include <utility>
 
 class QMimeData;
 
 namespace quarlin {
 
-/// What the state objects of both tools share: how a change is announced, the log, the location of the last
-/// export, and the ways to ask for files, take drops and run the engine.
+/// The published properties of a store. `inputs` are the textures of a material, or the source of a generated
+/// set.
+enum class StoreProperty { inputs, settings, previews, log, lastExport };
+
+/// What the state objects of both tools share: the announcement of changes, the log, the folder of the last
+/// export, file choosers, drops, and running the engine.
 ///
-/// A store belongs to the main thread. Its operations run to their end before they return and report failures
-/// as one log line each.
+/// A store belongs to the main thread. Its operations run to their end before they return and report each
+/// failure as one log line.
 class ToolStore : public QObject {
     Q_OBJECT
 
@@ -33,10 +38,10 @@ public:
     const std::optional<QUrl>& lastExportURL() const { return m_lastExportURL; }
 
 Q_SIGNALS:
-    /// A published property is about to change; its old value can still be read.
-    void willChange();
+    /// `property` is about to change; its old value can still be read.
+    void willChange(StoreProperty property);
 
-    /// The engine is about to run, and the store will not return before it has finished.
+    /// Before and after a run of the engine, during which the main thread is blocked.
     void workStarted();
     void workFinished();
 
@@ -46,35 +51,36 @@ protected:
 
     const TextureProcessor& processor() const { return m_processor; }
 
-    /// Announces the change of a published property, then makes it.
-    template <typename Property>
-    void publish(Property& property, Property value) {
-        Q_EMIT willChange();
-        property = std::move(value);
+    /// Announces the change of `property`, then gives `place`, which holds it, its new value.
+    template <typename Value>
+    void publish(StoreProperty property, Value& place, std::type_identity_t<Value> value) {
+        Q_EMIT willChange(property);
+        place = std::move(value);
     }
 
-    /// Puts `message`, behind the time, at the front of the log.
+    /// Adds `message` with the time as the first line of the log.
     void appendLog(const QString& message);
 
-    /// Empties the state that both tools share: no last export, and a log of one line that tells of it.
+    /// Resets the state that both tools share: no last export, and a log with the one line "Inputs cleared.".
     void resetShared();
 
-    /// Runs the engine. A failure is logged as "`action` failed: " and its description; returns whether there
-    /// was none.
+    /// Runs the engine. A failure is logged as "`action` failed: " and its description. Returns true on
+    /// success.
     bool attempt(const QString& action, const std::function<void()>& work);
 
-    /// Asks for one image file and hands it to `import` unless the user cancels.
+    /// Asks for one image file and calls `import` with it unless the user cancels.
     void chooseImage(const QString& title, const std::function<void(const QUrl&)>& import);
 
-    /// Hands the first dropped file to `import` once control is back in the event loop; dropped too when the
-    /// store is gone by then. Returns whether `data` holds a file.
+    /// Calls `import` with the first dropped file from the event loop, unless the store is destroyed before.
+    /// Returns whether `data` holds a file.
     bool importLater(const QMimeData& data, std::function<void(const QUrl&)> import);
 
-    /// Asks for a folder, lets `write` export into it and logs what was written.
+    /// Asks for a folder, calls `write` to export into it and logs what was written.
     void exportWith(const std::function<ExportResult(const QUrl&)>& write);
 
-    /// The name that a material takes from `file`: the file's, while `current` is still `untouched`.
-    static QString adoptedName(const QString& current, const QString& untouched, const QUrl& file);
+    /// The name of the material once `file` is loaded: the file's name without extension while `current` is
+    /// still `defaultName`, else `current`.
+    static QString adoptedName(const QString& current, const QString& defaultName, const QUrl& file);
 
 private:
     Chooser& m_chooser;

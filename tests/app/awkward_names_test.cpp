@@ -3,7 +3,10 @@
 #include "awkward_names.h"
 
 #include "imaging/pixels/image_view.h"
+#include "model/conversion_settings.h"
 #include "model/material_name.h"
+#include "model/normal_generator_settings.h"
+#include "model/texture_slot_kind.h"
 #include "ui/controls/name_field.h"
 #include "ui/panels/texture_card.h"
 #include "window_fixture.h"

@@ -1,4 +1,6 @@
+#include "model/texture_slot_kind.h"
 #include "painted_textures.h"
+#include "set_files.h"
 #include "ui/controls/segment.h"
 #include "ui/controls/slider.h"
 #include "ui/controls/stepper.h"
@@ -76,7 +78,7 @@ TEST_F(CommandLine, WritesTheSameMaterialSet) {
     run({u"material"_s, u"--base-color"_s, tiles.toLocalFile(), u"--normal"_s, dots.toLocalFile(),
          u"--roughness"_s, dots.toLocalFile(), u"--size"_s, u"512"_s, u"--gloss"_s, u"--flip-normal-green"_s,
          u"--default-metallic"_s, u"1"_s, u"--output"_s, folder.path(u"command"_s)});
-    expectSame(u"Tiles"_s, 5);
+    expectSame(u"Tiles"_s, materialFiles().size());
 }
 
 TEST_F(CommandLine, WritesTheSameGeneratedSet) {
@@ -93,7 +95,7 @@ TEST_F(CommandLine, WritesTheSameGeneratedSet) {
     run({u"maps"_s, u"--source"_s, tiles.toLocalFile(), u"--size"_s, u"base"_s, u"--strength"_s, u"10"_s,
          u"--smoothing"_s, u"2"_s, u"--invert-height"_s, u"--no-gloss"_s, u"--output"_s,
          folder.path(u"command"_s)});
-    expectSame(u"Tiles"_s, 9);
+    expectSame(u"Tiles"_s, generatedFiles().size() - 1);
 }
 
 }  // namespace

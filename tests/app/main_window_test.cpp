@@ -1,3 +1,4 @@
+#include "model/texture_slot_kind.h"
 #include "ui/controls/name_field.h"
 #include "ui/controls/toggle.h"
 #include "ui/panels/texture_card.h"

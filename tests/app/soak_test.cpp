@@ -1,6 +1,10 @@
 // A long day in the window: nothing grows and nothing stays open.
 
 #include "memory_in_use.h"
+#include "model/conversion_settings.h"
+#include "model/normal_generator_settings.h"
+#include "model/output_resolution.h"
+#include "model/texture_slot_kind.h"
 #include "window_fixture.h"
 
 #include <QDir>

@@ -2,6 +2,7 @@
 
 #include "app/content_view.h"
 #include "app/main_window.h"
+#include "model/texture_slot_kind.h"
 #include "stores/material_store.h"
 #include "stores/normal_generator_store.h"
 #include "ui/controls/button.h"

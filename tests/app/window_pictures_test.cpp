@@ -1,3 +1,4 @@
+#include "model/texture_slot_kind.h"
 #include "painted_textures.h"
 #include "picture_baseline.h"
 #include "window_fixture.h"

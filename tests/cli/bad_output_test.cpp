@@ -1,4 +1,5 @@
 #include "cli_test.h"
+#include "set_files.h"
 
 #include <QDir>
 
@@ -6,6 +7,7 @@
 
 using namespace Qt::StringLiterals;
 
+using namespace quarlin;
 using namespace quarlin::tests;
 
 namespace {
@@ -60,7 +62,10 @@ TEST_F(BadOutput, FolderInThePlaceOfAnImage) {
 TEST_F(BadOutput, FolderInThePlaceOfTheNotes) {
     ASSERT_TRUE(QDir(path({})).mkpath(u"output/Brick/Brick_maps_notes.txt/in the way"_s));
     expectExportFailure(runCli(maps(output())), "Could not write file: Brick_maps_notes.txt");
-    EXPECT_EQ(contentsOf(output() + u"/Brick"_s).size(), 9);
+    QStringList written = namesOf(fixtures::generatedFiles(), u"Brick"_s);
+    written.removeOne(u"Brick_maps_notes.txt"_s);
+    written.sort();
+    EXPECT_EQ(contentsOf(output() + u"/Brick"_s).keys(), written);
 }
 
 TEST_F(BadOutput, FullDiskLeavesTheEarlierImage) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli_test.h"
+#include "set_files.h"
 
 #include <QDir>
 #include <QJsonDocument>
@@ -48,13 +49,8 @@ protected:
 
     /// What the program prints when it has exported a generated set without options.
     std::string mapsReport(const std::string& name) const {
-        std::string report = "Export complete: " + output().toStdString() + "/" + name + "\n";
-        for (const char* suffix :
-             {"_basecolor.png", "_normal.png", "_height.png", "_roughness.png", "_gloss.png", "_metallic.png",
-              "_ao.png", "_orm.png", ".gltf", "_maps_notes.txt"}) {
-            report += "Wrote " + name + suffix + "\n";
-        }
-        return report;
+        return "Export complete: " + output().toStdString() + "/" + name + "\n" +
+               fixtures::writtenLines(namesOf(fixtures::generatedFiles(), QString::fromStdString(name)));
     }
     std::string materialReport(const std::string& name, bool hasNormal = false) const {
         return "Export complete: " + output().toStdString() + "/" + name + "\nWrote " + name +

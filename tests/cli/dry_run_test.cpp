@@ -2,6 +2,13 @@
 
 #include "cli/batch/planned_files.h"
 #include "engine/texture_processor.h"
+#include "model/conversion_settings.h"
+#include "model/export_result.h"
+#include "model/normal_generator_settings.h"
+#include "model/output_resolution.h"
+#include "model/texture_asset.h"
+#include "model/texture_map.h"
+#include "model/texture_slot_kind.h"
 
 #include <functional>
 
@@ -99,13 +106,10 @@ TEST_F(PlannedFiles, AreThoseOfAMaterialSet) {
 }
 
 TEST_F(PlannedFiles, AreThoseOfAGeneratedSet) {
-    using Switch = bool NormalGeneratorSettings::*;
-    using S = NormalGeneratorSettings;
-    for (const Switch off : {&S::exportHeight, &S::exportRoughness, &S::exportGloss, &S::exportMetallic,
-                             &S::exportAO, &S::exportORM, &S::exportGLTF, &S::exportNotes}) {
+    for (const auto& file : fixtures::withSwitch(fixtures::generatedFiles())) {
         NormalGeneratorSettings settings;
         settings.outputResolution = OutputResolution::matchBase;
-        settings.*off = false;
+        settings.*file.isExported = false;
         EXPECT_EQ(plannedFiles(settings),
                   processor.exportGeneratedNormalSet(texture, settings, parent).files);
     }

@@ -1,6 +1,7 @@
 // What an exported set is to the programs of others.
 
 #include "cli_test.h"
+#include "set_files.h"
 
 #include <QDir>
 
@@ -11,6 +12,7 @@
 
 using namespace Qt::StringLiterals;
 
+using namespace quarlin;
 using namespace quarlin::tests;
 using testing::HasSubstr;
 
@@ -96,7 +98,7 @@ TEST_P(ExportedSet, LoadsWithItsImages) {
 }
 
 TEST_P(ExportedSet, HoldsPngFilesThatOthersAccept) {
-    int count = 0;
+    std::size_t count = 0;
     for (const QString& folder : {materialSet(), generatedSet()}) {
         for (const QString& file : QDir(folder).entryList({u"*.png"_s}, QDir::Files)) {
             const QString png = folder + u'/' + file;
@@ -113,7 +115,8 @@ TEST_P(ExportedSet, HoldsPngFilesThatOthersAccept) {
             ++count;
         }
     }
-    EXPECT_EQ(count, 3 + 8);
+    EXPECT_EQ(count,
+              imagesOf(fixtures::materialFiles()).size() + imagesOf(fixtures::generatedFiles()).size());
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, ExportedSet,

@@ -4,6 +4,7 @@
 
 #include <unistd.h>
 
+using namespace quarlin;
 using namespace quarlin::tests;
 using testing::HasSubstr;
 
@@ -218,9 +219,7 @@ TEST_F(MapsBatch, ReportsLinesOfJson) {
     writeSource(word("a.png"));
     writeBrokenSource(word("b.png"));
     const Outcome outcome =
-        runMaps(fromFolder() + QStringList{word("--json"), word("--no-height"), word("--no-roughness"),
-                                           word("--no-gloss"), word("--no-metallic"), word("--no-ao"),
-                                           word("--no-orm"), word("--no-gltf"), word("--no-notes")});
+        runMaps(fromFolder() + leavingOut(fixtures::generatedFiles()) + QStringList{word("--json")});
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.errors, "");
     const std::string folder = path({}).toStdString() + "/";

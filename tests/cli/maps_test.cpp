@@ -1,5 +1,10 @@
 #include "cli_test.h"
 #include "engine/texture_processor.h"
+#include "model/export_result.h"
+#include "model/normal_generator_settings.h"
+#include "model/output_resolution.h"
+#include "model/texture_asset.h"
+#include "set_files.h"
 
 #include <QDir>
 
@@ -8,6 +13,7 @@
 using namespace Qt::StringLiterals;
 
 using namespace quarlin;
+using namespace quarlin::fixtures;
 using namespace quarlin::tests;
 
 namespace {
@@ -42,25 +48,15 @@ TEST_F(MapsCommand, ReportsFolderAndFilesInWritingOrder) {
     const Outcome outcome = runCli(leastWords());
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
-    EXPECT_EQ(outcome.output, "Export complete: " + output().toStdString() +
-                                  "/Old_Wood\n"
-                                  "Wrote Old_Wood_basecolor.png\n"
-                                  "Wrote Old_Wood_normal.png\n"
-                                  "Wrote Old_Wood_height.png\n"
-                                  "Wrote Old_Wood_roughness.png\n"
-                                  "Wrote Old_Wood_gloss.png\n"
-                                  "Wrote Old_Wood_metallic.png\n"
-                                  "Wrote Old_Wood_ao.png\n"
-                                  "Wrote Old_Wood_orm.png\n"
-                                  "Wrote Old_Wood.gltf\n"
-                                  "Wrote Old_Wood_maps_notes.txt\n");
-    EXPECT_EQ(contentsOf(output() + u"/Old_Wood"_s).size(), 10);
+    EXPECT_EQ(outcome.output, "Export complete: " + output().toStdString() + "/Old_Wood\n" +
+                                  writtenLines(namesOf(generatedFiles(), u"Old_Wood"_s)));
+    QStringList names = namesOf(generatedFiles(), u"Old_Wood"_s);
+    names.sort();
+    EXPECT_EQ(contentsOf(output() + u"/Old_Wood"_s).keys(), names);
 }
 
 TEST_F(MapsCommand, WritesTwoMapsWhenAllElseIsOff) {
-    const Outcome outcome = runCli(leastWords() +
-                                   u"--no-height --no-roughness --no-gloss --no-metallic --no-ao --no-orm "
-                                   "--no-gltf --no-notes --json"_s.split(u' '));
+    const Outcome outcome = runCli(leastWords() + leavingOut(generatedFiles()) + QStringList{u"--json"_s});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output,
               "{\"folder\": \"" + output().toStdString() +
@@ -120,15 +116,26 @@ INSTANTIATE_TEST_SUITE_P(
                        s.roughnessMax = 0.1;
                    }},
         MapsOption{"MetallicStrength", "--metallic-strength 1", [](auto& s) { s.metallicStrength = 1; }},
-        MapsOption{"AoStrength", "--ao-strength 0", [](auto& s) { s.aoStrength = 0; }},
-        MapsOption{"NoHeight", "--no-height", [](auto& s) { s.exportHeight = false; }},
-        MapsOption{"NoRoughness", "--no-roughness", [](auto& s) { s.exportRoughness = false; }},
-        MapsOption{"NoGloss", "--no-gloss", [](auto& s) { s.exportGloss = false; }},
-        MapsOption{"NoMetallic", "--no-metallic", [](auto& s) { s.exportMetallic = false; }},
-        MapsOption{"NoAo", "--no-ao", [](auto& s) { s.exportAO = false; }},
-        MapsOption{"NoOrm", "--no-orm", [](auto& s) { s.exportORM = false; }},
-        MapsOption{"NoGltf", "--no-gltf", [](auto& s) { s.exportGLTF = false; }},
-        MapsOption{"NoNotes", "--no-notes", [](auto& s) { s.exportNotes = false; }}),
+        MapsOption{"AoStrength", "--ao-strength 0", [](auto& s) { s.aoStrength = 0; }}),
     [](const auto& tested) { return std::string(tested.param.name); });
+
+/// The files that an option leaves out.
+class MapsFile : public MapsCommand, public testing::WithParamInterface<ExpectedGeneratedFile> {};
+
+TEST_P(MapsFile, IsLeftOutByItsOption) {
+    NormalGeneratorSettings settings = leastSettings();
+    settings.*GetParam().isExported = false;
+    const FolderContents wanted = expected(settings);
+    ASSERT_FALSE(wanted.contains(GetParam().name(u"Old_Wood"_s)));
+
+    const Outcome outcome = runCli(leastWords() + QStringList{QString::fromLatin1(GetParam().option)});
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    expectSame(contentsOf(output() + u"/Old_Wood"_s), wanted);
+}
+
+INSTANTIATE_TEST_SUITE_P(Options, MapsFile, testing::ValuesIn(withSwitch(generatedFiles())),
+                         [](const auto& tested) {
+                             return std::string(tested.param.option).substr(std::string("--no-").size());
+                         });
 
 }  // namespace

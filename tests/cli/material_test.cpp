@@ -1,5 +1,10 @@
 #include "cli_test.h"
 #include "engine/texture_processor.h"
+#include "model/conversion_settings.h"
+#include "model/export_result.h"
+#include "model/output_resolution.h"
+#include "model/texture_map.h"
+#include "model/texture_slot_kind.h"
 
 #include <QDir>
 

@@ -1,4 +1,5 @@
 #include "cli_test.h"
+#include "set_files.h"
 
 #include <QDir>
 
@@ -6,6 +7,7 @@
 
 using namespace Qt::StringLiterals;
 
+using namespace quarlin;
 using namespace quarlin::tests;
 using testing::HasSubstr;
 using testing::StartsWith;
@@ -51,36 +53,31 @@ TEST_P(CommandHelp, NamesEveryOption) {
 
 INSTANTIATE_TEST_SUITE_P(
     Commands, CommandHelp,
-    testing::Values(
-        CommandWords{"material",
-                     {"base-color FILE",
-                      "normal FILE",
-                      "occlusion FILE",
-                      "roughness FILE",
-                      "metallic FILE",
-                      "name TEXT",
-                      "size SIZE",
-                      "gloss",
-                      "flip-normal-green",
-                      "default-occlusion F",
-                      "default-roughness F",
-                      "default-metallic F",
-                      "no-gltf",
-                      "no-notes",
-                      "output DIR",
-                      "json",
-                      "folder DIR",
-                      "recursive",
-                      "jobs N",
-                      "dry-run"}},
-        CommandWords{
-            "maps",
-            {"source FILE",   "name TEXT",  "size SIZE",       "strength F",      "smoothing N",
-             "invert-height", "flip-green", "roughness-min F", "roughness-max F", "metallic-strength F",
-             "ao-strength F", "no-height",  "no-roughness",    "no-gloss",        "no-metallic",
-             "no-ao",         "no-orm",     "no-gltf",         "no-notes",        "output DIR",
-             "json",          "recursive",  "jobs N",          "dry-run"}}),
+    testing::Values(CommandWords{"material",
+                                 {"base-color FILE", "normal FILE", "occlusion FILE", "roughness FILE",
+                                  "metallic FILE", "name TEXT", "size SIZE", "gloss", "flip-normal-green",
+                                  "default-occlusion F", "default-roughness F", "default-metallic F",
+                                  "output DIR", "json", "folder DIR", "recursive", "jobs N", "dry-run"}},
+                    CommandWords{"maps",
+                                 {"source FILE", "name TEXT", "size SIZE", "strength F", "smoothing N",
+                                  "invert-height", "flip-green", "roughness-min F", "roughness-max F",
+                                  "metallic-strength F", "ao-strength F", "output DIR", "json", "recursive",
+                                  "jobs N", "dry-run"}}),
     [](const auto& tested) { return std::string(tested.param.name); });
+
+template <typename File>
+void expectFileOptions(const QString& command, const std::vector<File>& files) {
+    const Outcome outcome = runCli({command, u"--help"_s});
+    for (const File& file : fixtures::withSwitch(files)) {
+        EXPECT_THAT(outcome.output,
+                    testing::ContainsRegex("\n  " + std::string(file.option) + " +" + file.help + "\n"));
+    }
+}
+
+TEST(CommandHelp, NamesTheOptionThatLeavesOutAFile) {
+    expectFileOptions(u"maps"_s, fixtures::generatedFiles());
+    expectFileOptions(u"material"_s, fixtures::materialFiles());
+}
 
 struct BadWords {
     const char* name;

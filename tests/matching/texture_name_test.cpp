@@ -1,4 +1,5 @@
 #include "matching/texture_name.h"
+#include "model/texture_slot_kind.h"
 
 #include <gtest/gtest.h>
 

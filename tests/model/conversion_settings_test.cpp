@@ -1,5 +1,6 @@
 #include "model/conversion_settings.h"
 
+#include "model/output_resolution.h"
 #include "qstring_printing.h"
 
 #include <gtest/gtest.h>

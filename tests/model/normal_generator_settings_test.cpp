@@ -1,6 +1,8 @@
 #include "model/normal_generator_settings.h"
 
+#include "model/output_resolution.h"
 #include "qstring_printing.h"
+#include "set_files.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +12,7 @@
 using namespace Qt::StringLiterals;
 
 using namespace quarlin;
+using namespace quarlin::fixtures;
 
 namespace {
 
@@ -25,14 +28,9 @@ TEST(NormalGeneratorSettings, FreshValuesCarryTheDefaults) {
     EXPECT_EQ(settings.roughnessMax, 0.82);
     EXPECT_EQ(settings.metallicStrength, 0.45);
     EXPECT_EQ(settings.aoStrength, 0.55);
-    EXPECT_TRUE(settings.exportHeight);
-    EXPECT_TRUE(settings.exportRoughness);
-    EXPECT_TRUE(settings.exportGloss);
-    EXPECT_TRUE(settings.exportMetallic);
-    EXPECT_TRUE(settings.exportAO);
-    EXPECT_TRUE(settings.exportORM);
-    EXPECT_TRUE(settings.exportGLTF);
-    EXPECT_TRUE(settings.exportNotes);
+    for (const auto& file : withSwitch(generatedFiles())) {
+        EXPECT_TRUE(settings.*file.isExported) << file.suffix;
+    }
 }
 
 TEST(NormalGeneratorSettings, TwoDefaultsAreEqual) {
@@ -40,7 +38,7 @@ TEST(NormalGeneratorSettings, TwoDefaultsAreEqual) {
 }
 
 TEST(NormalGeneratorSettings, AChangeOfAnyOneFieldMakesThemUnequal) {
-    const std::vector<std::function<void(NormalGeneratorSettings&)>> changes{
+    std::vector<std::function<void(NormalGeneratorSettings&)>> changes{
         [](auto& settings) { settings.materialName = u"Other"_s; },
         [](auto& settings) { settings.outputResolution = OutputResolution::matchBase; },
         [](auto& settings) { settings.strength = 3.01; },
@@ -51,15 +49,10 @@ TEST(NormalGeneratorSettings, AChangeOfAnyOneFieldMakesThemUnequal) {
         [](auto& settings) { settings.roughnessMax = 0.81; },
         [](auto& settings) { settings.metallicStrength = 0.46; },
         [](auto& settings) { settings.aoStrength = 0.56; },
-        [](auto& settings) { settings.exportHeight = false; },
-        [](auto& settings) { settings.exportRoughness = false; },
-        [](auto& settings) { settings.exportGloss = false; },
-        [](auto& settings) { settings.exportMetallic = false; },
-        [](auto& settings) { settings.exportAO = false; },
-        [](auto& settings) { settings.exportORM = false; },
-        [](auto& settings) { settings.exportGLTF = false; },
-        [](auto& settings) { settings.exportNotes = false; },
     };
+    for (const auto& file : withSwitch(generatedFiles())) {
+        changes.emplace_back([=](auto& settings) { settings.*file.isExported = false; });
+    }
     for (std::size_t index = 0; index < changes.size(); ++index) {
         NormalGeneratorSettings changed;
         changes[index](changed);

@@ -1,4 +1,4 @@
-#include "model/output_preview_kind.h"
+#include "model/material_set.h"
 
 #include "qstring_printing.h"
 

@@ -1,6 +1,8 @@
-// Exports that fail on the disk, as the log tells them; for both stores.
+// What both stores log when an export fails on the disk.
 
 #include "limited_writing.h"
+#include "model/output_resolution.h"
+#include "model/texture_slot_kind.h"
 #include "rename_hook.h"
 #include "store_fixture.h"
 #include "stores/material_store.h"

@@ -1,5 +1,6 @@
-// Textures that fail while they are loaded, previewed and exported, as the log tells them; for both stores.
+// What both stores log when a texture fails to load, preview or export.
 
+#include "model/texture_slot_kind.h"
 #include "store_fixture.h"
 #include "stores/material_store.h"
 #include "stores/normal_generator_store.h"

@@ -1,6 +1,6 @@
 #include "stores/failure.h"
 
-#include "engine/texture_processor_error.h"
+#include "engine/base/texture_processor_error.h"
 
 #include <gtest/gtest.h>
 

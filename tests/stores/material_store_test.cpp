@@ -1,5 +1,10 @@
 #include "stores/material_store.h"
 
+#include "model/conversion_settings.h"
+#include "model/material_set.h"
+#include "model/output_resolution.h"
+#include "model/previews.h"
+#include "model/texture_slot_kind.h"
 #include "store_fixture.h"
 
 #include <QFile>
@@ -327,6 +332,18 @@ TEST_F(MaterialStoreTest, AnnouncesEveryChangeBeforeItIsMade) {
     EXPECT_EQ(previews[4], store.previews().size());
 }
 
+TEST_F(MaterialStoreTest, NamesThePropertyThatChanges) {
+    using enum StoreProperty;
+    QList<StoreProperty> announced;
+    QObject::connect(&store, &MaterialStore::willChange,
+                     [&](StoreProperty property) { announced << property; });
+    store.importTexture(folder.texture(u"Brick.png"_s), baseColor);
+    EXPECT_EQ(announced, QList({inputs, settings, log, previews, log}));
+    announced.clear();
+    store.reset();
+    EXPECT_EQ(announced, QList({inputs, previews, settings, lastExport, log}));
+}
+
 TEST_F(MaterialStoreTest, AnnouncesANewSettingBeforeItIsThere) {
     double announced = -1;
     QObject::connect(&store, &MaterialStore::willChange,
@@ -338,7 +355,7 @@ TEST_F(MaterialStoreTest, AnnouncesANewSettingBeforeItIsThere) {
     EXPECT_EQ(store.settings().defaultMetallic, 0.5);
 }
 
-TEST_F(MaterialStoreTest, TellsWhenTheEngineRuns) {
+TEST_F(MaterialStoreTest, SignalsWhenTheEngineRuns) {
     QStringList phases;
     QObject::connect(&store, &MaterialStore::workStarted, [&] { phases << u"started"_s; });
     QObject::connect(&store, &MaterialStore::workFinished, [&] { phases << u"finished"_s; });

@@ -1,5 +1,10 @@
 #include "stores/normal_generator_store.h"
 
+#include "model/generated_set.h"
+#include "model/normal_generator_settings.h"
+#include "model/output_resolution.h"
+#include "model/previews.h"
+#include "set_files.h"
 #include "store_fixture.h"
 
 #include <QFile>
@@ -8,6 +13,7 @@
 using namespace Qt::StringLiterals;
 
 using namespace quarlin;
+using namespace quarlin::fixtures;
 
 namespace {
 
@@ -180,12 +186,9 @@ TEST_F(GeneratorStoreTest, LogsTheFolderAndEveryWrittenFile) {
     chooser.folder = folder.url();
     store.importSourceTexture(folder.texture(u"Stone.png"_s));
     exportSmall();
-    const QStringList suffixes{
-        u"_maps_notes.txt"_s, u".gltf"_s,          u"_orm.png"_s,    u"_ao.png"_s,     u"_metallic.png"_s,
-        u"_gloss.png"_s,      u"_roughness.png"_s, u"_height.png"_s, u"_normal.png"_s, u"_basecolor.png"_s};
     QStringList expected;
-    for (const QString& suffix : suffixes) {
-        expected << stamped(u"Wrote Stone"_s + suffix);
+    for (const QString& name : namesOf(generatedFiles(), u"Stone"_s)) {
+        expected.prepend(stamped(u"Wrote "_s + name));
     }
     const QString into = folder.path(u"Stone"_s);
     expected << stamped(u"Export complete: "_s + into);

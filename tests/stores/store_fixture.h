@@ -16,7 +16,7 @@ namespace quarlin::fixtures {
 
 using namespace Qt::StringLiterals;
 
-/// One store on a scripted chooser, at 14:03:27.
+/// One store with a scripted chooser and a clock that stands at 14:03:27.
 template <typename Store>
 class StoreFixture : public testing::Test {
 protected:
@@ -35,7 +35,7 @@ protected:
         return data;
     }
 
-    /// Lets what was posted to the event loop happen.
+    /// Processes the calls posted to the event loop.
     static void runEventLoop() { QCoreApplication::sendPostedEvents(); }
 };
 

@@ -14,7 +14,7 @@ namespace quarlin::fixtures {
 
 using namespace Qt::StringLiterals;
 
-/// A folder of its own for one test, with ways to put files into it.
+/// The temporary folder of one test, and functions that write files into it.
 class TextureFolder {
 public:
     QUrl url() const { return QUrl::fromLocalFile(m_folder.path()); }
@@ -33,14 +33,14 @@ public:
         return QUrl::fromLocalFile(path(name));
     }
 
-    /// Writes a file that holds no image, whatever its name says.
+    /// Writes a file that is not an image, whatever its name.
     QUrl noTexture(const QString& name) const {
         QFile file(path(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write("no image") > 0) << name.toStdString();
         return QUrl::fromLocalFile(path(name));
     }
 
-    /// A folder that nothing can be exported into, because a file is in its place.
+    /// The location of a file where an export expects a folder.
     QUrl blocked() const { return noTexture(u"blocked"_s); }
 
 private:

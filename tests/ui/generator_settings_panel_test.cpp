@@ -1,5 +1,7 @@
 #include "ui/panels/generator_settings_panel.h"
 
+#include "model/normal_generator_settings.h"
+#include "set_files.h"
 #include "ui/controls/button.h"
 #include "ui/controls/segment.h"
 #include "ui/controls/slider.h"
@@ -57,25 +59,20 @@ TEST_F(GeneratorSettingsPanelTest, GroupsItsControlsInOrder) {
     for (const Toggle* candidate : view.findChildren<Toggle*>()) {
         toggles << candidate->text();
     }
-    EXPECT_EQ(toggles,
-              QStringList({u"Invert height"_s, u"Flip green channel"_s, u"Write height helper"_s,
-                           u"Write roughness"_s, u"Write gloss"_s, u"Write metallic"_s, u"Write AO"_s,
-                           u"Write ORM"_s, u"Write .gltf material"_s, u"Write notes"_s}));
+    QStringList expected{u"Invert height"_s, u"Flip green channel"_s};
+    for (const auto& file : withSwitch(generatedFiles())) {
+        expected << QString::fromLatin1(file.toggle);
+    }
+    EXPECT_EQ(toggles, expected);
 }
 
 TEST_F(GeneratorSettingsPanelTest, WritesEachToggleIntoItsOwnField) {
     using Settings = NormalGeneratorSettings;
-    const std::vector<std::pair<QString, bool Settings::*>> fields{
-        {u"Invert height"_s, &Settings::invertHeight},
-        {u"Flip green channel"_s, &Settings::flipGreen},
-        {u"Write height helper"_s, &Settings::exportHeight},
-        {u"Write roughness"_s, &Settings::exportRoughness},
-        {u"Write gloss"_s, &Settings::exportGloss},
-        {u"Write metallic"_s, &Settings::exportMetallic},
-        {u"Write AO"_s, &Settings::exportAO},
-        {u"Write ORM"_s, &Settings::exportORM},
-        {u"Write .gltf material"_s, &Settings::exportGLTF},
-        {u"Write notes"_s, &Settings::exportNotes}};
+    std::vector<std::pair<QString, bool Settings::*>> fields{{u"Invert height"_s, &Settings::invertHeight},
+                                                             {u"Flip green channel"_s, &Settings::flipGreen}};
+    for (const auto& file : withSwitch(generatedFiles())) {
+        fields.emplace_back(QString::fromLatin1(file.toggle), file.isExported);
+    }
     for (const auto& [title, field] : fields) {
         Settings expected = store.settings();
         expected.*field = !(expected.*field);

@@ -1,5 +1,7 @@
 #include "ui/panels/material_settings_panel.h"
 
+#include "model/output_resolution.h"
+#include "model/texture_slot_kind.h"
 #include "ui/controls/button.h"
 #include "ui/controls/segment.h"
 #include "ui/controls/slider.h"

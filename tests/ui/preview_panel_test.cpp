@@ -1,3 +1,8 @@
+#include "model/conversion_settings.h"
+#include "model/generated_set.h"
+#include "model/material_set.h"
+#include "model/output_resolution.h"
+#include "model/texture_slot_kind.h"
 #include "stores/material_store.h"
 #include "stores/normal_generator_store.h"
 #include "ui/controls/symbol_view.h"

@@ -1,5 +1,6 @@
 #include "ui/panels/texture_sidebar.h"
 
+#include "model/texture_slot_kind.h"
 #include "stores/material_store.h"
 #include "ui/controls/button.h"
 #include "ui/panels/texture_card.h"

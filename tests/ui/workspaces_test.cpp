@@ -1,4 +1,5 @@
 #include "ui/panels/workspaces.h"
+#include "model/texture_slot_kind.h"
 #include "stores/material_store.h"
 #include "stores/normal_generator_store.h"
 #include "ui/layout/column_splitter.h"

@@ -2,7 +2,7 @@
 
 #include "cli/batch/interruption.h"
 #include "cli/commands/command_failure.h"
-#include "engine/texture_processor_error.h"
+#include "engine/base/texture_processor_error.h"
 #include "imaging/base/parallel.h"
 #include "imaging/files/file_bytes.h"
 

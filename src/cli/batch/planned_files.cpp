@@ -3,47 +3,28 @@
 #include "model/normal_output_names.h"
 #include "model/output_names.h"
 
-#include <utility>
-#include <vector>
-
 namespace quarlin {
 
-namespace {
-
-/// The names beside which true stands.
-QStringList chosen(const std::vector<std::pair<QString, bool>>& names) {
+QStringList plannedFiles(const ConversionSettings& settings, bool hasNormal) {
+    const OutputNames names{settings.safeMaterialName()};
     QStringList files;
-    for (const auto& [name, isWritten] : names) {
-        if (isWritten) {
-            files += name;
+    for (const MaterialFile file : allCases<MaterialFile>()) {
+        if (isWritten(file, settings, hasNormal)) {
+            files += names[file];
         }
     }
     return files;
 }
 
-}  // namespace
-
-QStringList plannedFiles(const ConversionSettings& settings, bool hasNormal) {
-    const OutputNames names{settings.safeMaterialName()};
-    return chosen({{names.baseColor(), true},
-                   {names.orm(), true},
-                   {names.normal(), hasNormal},
-                   {names.gltf(), settings.exportGLTF},
-                   {names.notes(), settings.exportNotes}});
-}
-
 QStringList plannedFiles(const NormalGeneratorSettings& settings) {
     const NormalOutputNames names{settings.safeMaterialName()};
-    return chosen({{names.baseColor(), true},
-                   {names.normal(), true},
-                   {names.height(), settings.exportHeight},
-                   {names.roughness(), settings.exportRoughness},
-                   {names.gloss(), settings.exportGloss},
-                   {names.metallic(), settings.exportMetallic},
-                   {names.occlusion(), settings.exportAO},
-                   {names.orm(), settings.exportORM},
-                   {names.gltf(), settings.exportGLTF},
-                   {names.notes(), settings.exportNotes}});
+    QStringList files;
+    for (const GeneratedFile file : allCases<GeneratedFile>()) {
+        if (isWritten(file, settings)) {
+            files += names[file];
+        }
+    }
+    return files;
 }
 
 }  // namespace quarlin

@@ -2,8 +2,16 @@
 
 #include "cli/commands/command_failure.h"
 #include "cli/local_file.h"
+#include "imaging/base/parallel.h"
+#include "model/texture_asset.h"
+#include "model/texture_map.h"
+#include "model/texture_slot_kind.h"
 
-#include <future>
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <utility>
+#include <vector>
 
 namespace quarlin {
 
@@ -14,17 +22,17 @@ TextureAsset loadTexture(const TextureProcessor& processor, const QString& path)
 }
 
 TextureMap loadTextures(const TextureProcessor& processor, const std::map<TextureSlotKind, QString>& paths) {
-    std::map<TextureSlotKind, std::future<TextureAsset>> loading;
-    for (const auto& [slot, path] : paths) {
-        if (!path.isEmpty()) {
-            loading[slot] = std::async(std::launch::async,
-                                       [&processor, file = path] { return loadTexture(processor, file); });
-        }
-    }
-    // A failure that is met here waits for the slots behind it as `loading` is destroyed.
+    std::vector<std::pair<TextureSlotKind, QString>> files;
+    std::copy_if(paths.begin(), paths.end(), std::back_inserter(files),
+                 [](const auto& path) { return !path.second.isEmpty(); });
+    std::vector<std::optional<TextureAsset>> loaded(files.size());
+    forEachInParallel(static_cast<std::int64_t>(files.size()), [&](std::int64_t index) {
+        const auto place = static_cast<std::size_t>(index);
+        loaded[place] = loadTexture(processor, files[place].second);
+    });
     TextureMap textures;
-    for (auto& [slot, texture] : loading) {
-        textures.emplace(slot, texture.get());
+    for (std::size_t index = 0; index < files.size(); ++index) {
+        textures.emplace(files[index].first, *std::move(loaded[index]));
     }
     return textures;
 }

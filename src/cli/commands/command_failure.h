@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/texture_processor_error.h"
+#include "engine/base/texture_processor_error.h"
 
 #include <QString>
 

@@ -6,6 +6,7 @@
 #include "cli/options/usage_error.h"
 #include "cli/report/print.h"
 #include "cli/report/report.h"
+#include "model/export_result.h"
 
 namespace quarlin {
 

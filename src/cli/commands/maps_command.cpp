@@ -4,7 +4,11 @@
 #include "cli/batch/texture_loading.h"
 #include "cli/commands/command_failure.h"
 #include "cli/local_file.h"
+#include "cli/options/file_options.h"
+#include "engine/texture_processor.h"
 #include "imaging/files/file_names.h"
+#include "model/generated_set.h"
+#include "model/texture_asset.h"
 
 #include <QFileInfo>
 #include <QSet>
@@ -13,15 +17,27 @@ namespace quarlin {
 
 using namespace Qt::StringLiterals;
 
-QString MapsCommand::summary() const {
-    return u"Generates normal, height, roughness, gloss, metallic and occlusion maps from a texture."_s;
+namespace {
+
+/// The maps that are computed, in writing order, as a sentence lists them. The packed map is none of its own:
+/// it repeats others.
+QString mapList() {
+    QStringList names;
+    for (const auto& file : EnumerationTable<GeneratedFile>::rows) {
+        if (file.map && *file.map != GeneratedMap::source && *file.map != GeneratedMap::orm) {
+            names += rawValue(*file.map);
+        }
+    }
+    const QString last = names.takeLast();
+    return names.join(u", "_s) + u" and "_s + last;
 }
 
+}  // namespace
+
+QString MapsCommand::summary() const { return u"Generates "_s + mapList() + u" maps from a texture."_s; }
+
 CommandOptions MapsCommand::ownOptions() {
-    const auto without = [](const QString& file, const QString& description, bool& target) {
-        return switchOption(u"no-"_s + file, u"write no "_s + description, target, false);
-    };
-    return {
+    CommandOptions options{
         required(pathsOption(u"source"_s, u"FILE"_s,
                              u"the texture that the maps are estimated from, or a folder of "
                              "them; can be given more than once"_s,
@@ -41,15 +57,9 @@ CommandOptions MapsCommand::ownOptions() {
                      fractionRange),
         numberOption(u"ao-strength"_s, u"depth of the ambient occlusion"_s, m_settings.aoStrength,
                      fractionRange),
-        without(u"height"_s, u"height map"_s, m_settings.exportHeight),
-        without(u"roughness"_s, u"roughness map"_s, m_settings.exportRoughness),
-        without(u"gloss"_s, u"gloss map"_s, m_settings.exportGloss),
-        without(u"metallic"_s, u"metallic map"_s, m_settings.exportMetallic),
-        without(u"ao"_s, u"ambient occlusion map"_s, m_settings.exportAO),
-        without(u"orm"_s, u"packed ORM map"_s, m_settings.exportORM),
-        without(u"gltf"_s, u".gltf material"_s, m_settings.exportGLTF),
-        without(u"notes"_s, u"notes"_s, m_settings.exportNotes),
     };
+    addFileOptions<GeneratedFile>(options, m_settings);
+    return options;
 }
 
 QStringList MapsCommand::ownRemarks() const {

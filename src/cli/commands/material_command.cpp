@@ -4,9 +4,14 @@
 #include "cli/batch/texture_loading.h"
 #include "cli/commands/command_failure.h"
 #include "cli/local_file.h"
+#include "cli/options/file_options.h"
 #include "cli/options/usage_error.h"
+#include "engine/base/texture_processor_error.h"
+#include "engine/texture_processor.h"
 #include "imaging/files/file_names.h"
 #include "matching/texture_name.h"
+#include "model/material_set.h"
+#include "model/texture_map.h"
 
 #include <QSet>
 
@@ -45,7 +50,7 @@ CommandOptions MaterialCommand::ownOptions() {
     const auto file = [this](const QString& option, TextureSlotKind slot, const QString& description) {
         return pathOption(option, u"FILE"_s, description, ValueKind::file, m_paths[slot]);
     };
-    return {
+    CommandOptions options{
         requiredUnless(u"folder"_s,
                        file(u"base-color"_s, TextureSlotKind::baseColor, u"the color of the surface"_s)),
         file(u"normal"_s, TextureSlotKind::normal, u"a tangent-space normal map"_s),
@@ -68,9 +73,9 @@ CommandOptions MaterialCommand::ownOptions() {
                      fractionRange),
         numberOption(u"default-metallic"_s, u"metallic without a file"_s, m_settings.defaultMetallic,
                      fractionRange),
-        switchOption(u"no-gltf"_s, u"write no .gltf material"_s, m_settings.exportGLTF, false),
-        switchOption(u"no-notes"_s, u"write no notes"_s, m_settings.exportNotes, false),
     };
+    addFileOptions<MaterialFile>(options, m_settings);
+    return options;
 }
 
 QStringList MaterialCommand::ownRemarks() const {

@@ -3,6 +3,7 @@
 #include "cli/report/json_line.h"
 #include "cli/report/report.h"
 #include "imaging/files/file_names.h"
+#include "model/export_result.h"
 
 #include <QFileInfo>
 

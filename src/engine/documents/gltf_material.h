@@ -7,7 +7,7 @@
 
 namespace quarlin {
 
-/// What a glTF material document names.
+/// The names in a glTF material document.
 struct GltfMaterial {
     QString materialName;
     /// File names, used as relative URIs.

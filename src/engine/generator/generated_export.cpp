@@ -1,78 +1,63 @@
-#include "engine/export_folder.h"
+#include "engine/base/export_folder.h"
+#include "engine/base/imaging_errors.h"
+#include "engine/base/output_size.h"
+#include "engine/base/rendered_texture.h"
+#include "engine/base/texture_processor_error.h"
+#include "engine/documents/documents.h"
+#include "engine/generator/generated_set.h"
 #include "engine/generator/generated_strips.h"
-#include "engine/imaging_errors.h"
-#include "engine/rendered_texture.h"
-#include "engine/texture_processor.h"
+#include "imaging/base/parallel.h"
+#include "imaging/base/pixel_size.h"
+#include "imaging/pixels/pixel_image.h"
 #include "imaging/png/png_file.h"
+#include "model/export_result.h"
+#include "model/normal_generator_settings.h"
+#include "model/normal_output_names.h"
+#include "model/texture_asset.h"
 
-#include <functional>
+#include <utility>
 #include <vector>
 
 namespace quarlin {
 
 namespace {
 
-/// Encodes one strip of a map into its file.
-using EncodeMap = std::function<void(PngFile& file, std::int64_t index, const GeneratedStrip& strip)>;
-
-EncodeMap grayMap(PixelBuffer GeneratedStrip::*map) {
-    return [map](PngFile& file, std::int64_t index, const GeneratedStrip& strip) {
-        file.encodeGrayStrip(index, (strip.*map).data());
-    };
+/// Encodes a strip of `map` into its file.
+void encodeStrip(PngFile& file, std::int64_t index, GeneratedMap map, const ImageView& source,
+                 const GeneratedStrip& strip) {
+    if (map == GeneratedMap::source) {
+        file.encodeStrip(index, source.row(strip.rows.first));
+    } else if (isGray(map)) {
+        file.encodeGrayStrip(index, strip.maps[map].data());
+    } else {
+        file.encodeStrip(index, strip.maps[map].data());
+    }
 }
 
-EncodeMap colorMap(PixelBuffer GeneratedStrip::*map) {
-    return [map](PngFile& file, std::int64_t index, const GeneratedStrip& strip) {
-        file.encodeStrip(index, (strip.*map).data());
-    };
-}
-
-/// Adds the images that `settings` ask for to `files`, in writing order, and encodes them. Each strip of the
-/// source is turned into its maps, and these into their part of the files, before the next: no map is ever
-/// held whole.
+/// Adds the images that `settings` ask for to `files`, in writing order, and encodes them. A strip of
+/// the source goes all the way from its maps to its part of every file before the next one begins, so that no
+/// map is ever held whole.
 void encodeMaps(const ImageView& source, const NormalOutputNames& names,
                 const NormalGeneratorSettings& settings, PngFileSet& files) {
-    struct Map {
-        PngFile& file;
-        EncodeMap encode;
-    };
-    std::vector<Map> maps;
-    const auto add = [&](bool isWanted, const QString& name, const EncodeMap& encode) {
-        if (isWanted) {
-            maps.push_back({files.add(name), encode});
+    std::vector<std::pair<GeneratedMap, PngFile*>> images;
+    for (const GeneratedFile file : allCases<GeneratedFile>()) {
+        if (const auto map = tableRow(file).map; map && isWritten(file, settings)) {
+            images.emplace_back(*map, &files.add(names[file]));
         }
-    };
-    add(true, names.baseColor(), [&source](PngFile& file, std::int64_t index, const GeneratedStrip& strip) {
-        file.encodeStrip(index, source.row(strip.rows.first));
-    });
-    add(true, names.normal(), colorMap(&GeneratedStrip::normal));
-    add(settings.exportHeight, names.height(), grayMap(&GeneratedStrip::height));
-    add(settings.exportRoughness, names.roughness(), grayMap(&GeneratedStrip::roughness));
-    add(settings.exportGloss, names.gloss(), grayMap(&GeneratedStrip::gloss));
-    add(settings.exportMetallic, names.metallic(), grayMap(&GeneratedStrip::metallic));
-    add(settings.exportAO, names.occlusion(), grayMap(&GeneratedStrip::occlusion));
-    add(settings.exportORM, names.orm(), colorMap(&GeneratedStrip::orm));
-
+    }
     const RowStrips strips = files.strips();
     forEachInParallel(strips.count(), [&](std::int64_t index) {
         const GeneratedStrip strip = generateStrip(source, settings, strips[index]);
-        for (const Map& map : maps) {
-            map.encode(map.file, index, strip);
+        for (const auto& [map, file] : images) {
+            encodeStrip(*file, index, map, source, strip);
         }
     });
 }
 
 }  // namespace
 
-NormalOutputs TextureProcessor::makeGeneratedNormalOutputs(const QUrl& sourceURL,
-                                                           const NormalGeneratorSettings& settings,
-                                                           std::int64_t width, std::int64_t height) const {
-    return generateOutputs(ImageView(renderFile(sourceURL, width, height)), settings);
-}
-
-ExportResult TextureProcessor::exportGeneratedNormalSet(const std::optional<TextureAsset>& source,
-                                                        const NormalGeneratorSettings& settings,
-                                                        const QUrl& parentDirectory) const {
+ExportResult exportGeneratedSet(const std::optional<TextureAsset>& source,
+                                const NormalGeneratorSettings& settings, const QUrl& parentDirectory) {
     if (!source) {
         throw TextureProcessorError::missingNormalSource();
     }

@@ -1,11 +1,19 @@
+#include "engine/base/generated_maps.h"
+#include "engine/base/on_screen_image.h"
+#include "engine/base/output_size.h"
+#include "engine/base/rendered_texture.h"
+#include "engine/generator/generated_set.h"
 #include "engine/generator/generated_strips.h"
-#include "engine/rendered_texture.h"
-#include "engine/texture_processor.h"
+#include "imaging/base/pixel_size.h"
+#include "model/generated_set.h"
+#include "model/normal_generator_settings.h"
+#include "model/previews.h"
+#include "model/texture_asset.h"
 
 namespace quarlin {
 
-NormalPreviews TextureProcessor::buildNormalPreviews(const std::optional<TextureAsset>& source,
-                                                     const NormalGeneratorSettings& settings) const {
+NormalPreviews buildGeneratedPreviews(const std::optional<TextureAsset>& source,
+                                      const NormalGeneratorSettings& settings) {
     if (!source) {
         return {};
     }
@@ -13,14 +21,11 @@ NormalPreviews TextureProcessor::buildNormalPreviews(const std::optional<Texture
         previewSize(resolvedOutputSize(source->pixelWidth, source->pixelHeight, settings.outputResolution));
     const QImage rendered = renderTexture(*source, size.width, size.height);
     const NormalOutputs outputs = generateOutputs(ImageView(rendered), settings);
-    return {{NormalPreviewKind::source, makeNSImage(outputs.source)},
-            {NormalPreviewKind::height, makeNSImage(outputs.height)},
-            {NormalPreviewKind::normal, makeNSImage(outputs.normal)},
-            {NormalPreviewKind::roughness, makeNSImage(outputs.roughness)},
-            {NormalPreviewKind::gloss, makeNSImage(outputs.gloss)},
-            {NormalPreviewKind::metallic, makeNSImage(outputs.metallic)},
-            {NormalPreviewKind::occlusion, makeNSImage(outputs.occlusion)},
-            {NormalPreviewKind::orm, makeNSImage(outputs.orm)}};
+    NormalPreviews previews;
+    for (const GeneratedMap map : allCases<GeneratedMap>()) {
+        previews.emplace(map, onScreenImage(outputs[map]));
+    }
+    return previews;
 }
 
 }  // namespace quarlin

@@ -1,6 +1,8 @@
 #include "engine/generator/generated_strips.h"
 
+#include "imaging/base/parallel.h"
 #include "imaging/pixels/pixel_image.h"
+#include "model/normal_generator_settings.h"
 
 #include <algorithm>
 #include <array>
@@ -11,12 +13,12 @@ namespace quarlin {
 
 namespace {
 
-/// A run of rows of heights, each padded as the row operations ask for.
+/// A run of rows of heights, each padded as the row operations require.
 class HeightRows {
 public:
     HeightRows(RowRange range, std::int64_t width)
         : m_range(range), m_stride(width + 2 * rowSlack), m_values(pixelCount(m_stride, range.count)) {
-        // Vectors may read what stands around a row, to no effect; the row itself is going to be written.
+        // Vectors read beyond both ends of a row and drop the results; the row itself is written later.
         for (std::int64_t y = range.first; y < range.end(); ++y) {
             std::fill_n(row(y) - rowSlack, rowSlack, 0.0);
             std::fill_n(row(y) + width, rowSlack, 0.0);
@@ -70,7 +72,7 @@ HeightRows smoothedHeights(const ImageView& source, const NormalGeneratorSetting
 }
 
 /// Spreads a gray map out to opaque RGBA.
-void storeGrayPixels(const PixelBuffer& gray, std::uint8_t* pixels) {
+void spreadGray(const PixelBuffer& gray, std::uint8_t* pixels) {
     for (const std::uint8_t value : gray) {
         pixels[0] = value;
         pixels[1] = value;
@@ -85,58 +87,50 @@ void storeGrayPixels(const PixelBuffer& gray, std::uint8_t* pixels) {
 GeneratedStrip generateStrip(const ImageView& source, const NormalGeneratorSettings& settings,
                              RowRange rows) {
     const std::int64_t width = source.width;
-    const std::size_t pixels = pixelCount(width, rows.count);
-    GeneratedStrip strip{rows,
-                         PixelBuffer(pixels),
-                         PixelBuffer(pixels * bytesPerPixel),
-                         PixelBuffer(pixels),
-                         PixelBuffer(pixels),
-                         PixelBuffer(pixels),
-                         PixelBuffer(pixels),
-                         PixelBuffer(pixels * bytesPerPixel)};
+    GeneratedStrip strip{rows, {}};
+    for (const GeneratedMap map : computedMaps) {
+        strip.maps[map] = PixelBuffer(pixelCount(width * bytesPerPixelOf(map), rows.count));
+    }
     const GeneratorFactors factors(settings);
-    // Normals, contrast and cavity look one row up and down.
+    // Normals, contrast and cavity depend on the row above and the row below.
     const HeightRows heights = smoothedHeights(source, settings, widened(rows, 1, source.height));
     HeightRows blurred({0, 1}, width);
     for (std::int64_t y = rows.first; y < rows.end(); ++y) {
         blurOneRow(heights, y, source.height, width, blurred.row(0));
-        const std::int64_t offset = (y - rows.first) * width;
-        mapRow(source.row(y), heights.row(std::max<std::int64_t>(0, y - 1)), heights.row(y),
-               heights.row(std::min(source.height - 1, y + 1)), blurred.row(0), width, factors,
-               {.height = strip.height.data() + offset,
-                .normal = strip.normal.data() + offset * bytesPerPixel,
-                .roughness = strip.roughness.data() + offset,
-                .gloss = strip.gloss.data() + offset,
-                .metallic = strip.metallic.data() + offset,
-                .occlusion = strip.occlusion.data() + offset,
-                .orm = strip.orm.data() + offset * bytesPerPixel});
+        GeneratedRow output;
+        for (const GeneratedMap map : computedMaps) {
+            output[map] = strip.maps[map].data() + (y - rows.first) * width * bytesPerPixelOf(map);
+        }
+        mapRow(source.row(y),
+               {.above = heights.row(std::max<std::int64_t>(0, y - 1)),
+                .row = heights.row(y),
+                .below = heights.row(std::min(source.height - 1, y + 1)),
+                .blurred = blurred.row(0)},
+               width, factors, output);
     }
     return strip;
 }
 
 NormalOutputs generateOutputs(const ImageView& source, const NormalGeneratorSettings& settings) {
     const std::size_t bytes = pixelCount(source.width, source.height) * bytesPerPixel;
-    const auto image = [&] { return PixelImage{source.width, source.height, PixelBuffer(bytes)}; };
-    NormalOutputs outputs{{source.width, source.height, {source.pixels, source.pixels + bytes}},
-                          image(),
-                          image(),
-                          image(),
-                          image(),
-                          image(),
-                          image(),
-                          image()};
+    NormalOutputs outputs;
+    outputs[GeneratedMap::source] = {source.width, source.height, {source.pixels, source.pixels + bytes}};
+    for (const GeneratedMap map : computedMaps) {
+        outputs[map] = {source.width, source.height, PixelBuffer(bytes)};
+    }
     constexpr std::int64_t rowsPerStrip = 64;
     const RowStrips strips(source.height, rowsPerStrip);
     forEachInParallel(strips.count(), [&](std::int64_t index) {
         const GeneratedStrip strip = generateStrip(source, settings, strips[index]);
-        const auto offset = static_cast<std::size_t>(strip.rows.first * source.bytesPerRow());
-        storeGrayPixels(strip.height, outputs.height.pixels.data() + offset);
-        storeGrayPixels(strip.roughness, outputs.roughness.pixels.data() + offset);
-        storeGrayPixels(strip.gloss, outputs.gloss.pixels.data() + offset);
-        storeGrayPixels(strip.metallic, outputs.metallic.pixels.data() + offset);
-        storeGrayPixels(strip.occlusion, outputs.occlusion.pixels.data() + offset);
-        std::copy(strip.normal.begin(), strip.normal.end(), outputs.normal.pixels.data() + offset);
-        std::copy(strip.orm.begin(), strip.orm.end(), outputs.orm.pixels.data() + offset);
+        for (const GeneratedMap map : computedMaps) {
+            const PixelBuffer& made = strip.maps[map];
+            std::uint8_t* place = outputs[map].pixels.data() + strip.rows.first * source.bytesPerRow();
+            if (isGray(map)) {
+                spreadGray(made, place);
+            } else {
+                std::copy(made.begin(), made.end(), place);
+            }
+        }
     });
     return outputs;
 }

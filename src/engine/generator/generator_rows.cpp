@@ -1,6 +1,9 @@
 #include "engine/generator/generator_rows.h"
 
+#include "engine/base/formulas.h"
+
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 // Compiles this file once for every instruction set.
@@ -10,6 +13,7 @@
 #include <hwy/highway.h>
 
 #include "imaging/pixels/color_lanes-inl.h"
+#include "imaging/pixels/pixel_image.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace quarlin::HWY_NAMESPACE {
@@ -20,7 +24,8 @@ HWY_INLINE HWY_ATTR Double clamped(Double value, double low, double high) {
     return hn::Max(number(low), hn::Min(number(high), value));
 }
 
-/// `value * 255`, rounded with halves upwards; exact because a number's distance from its own whole part is.
+/// `value * 255`, rounded with halves upwards. The result is exact because subtracting the whole part of a
+/// number is.
 HWY_INLINE HWY_ATTR Integer byteFromUnit(Double value) {
     const Double scaled = hn::Mul(value, number(255.0));
     const Double whole = hn::Trunc(scaled);
@@ -32,26 +37,32 @@ HWY_INLINE HWY_ATTR Integer byteFromSignedUnit(Double value) {
     return byteFromUnit(hn::Add(hn::Mul(value, number(0.5)), number(0.5)));
 }
 
-HWY_INLINE HWY_ATTR Double smoothStep(double edge0, double edge1, Double value) {
-    const Double t = clamped(hn::Div(hn::Sub(value, number(edge0)), number(edge1 - edge0)), 0.0, 1.0);
+HWY_INLINE HWY_ATTR Double smoothStep(formulas::StepEdges edges, Double value) {
+    const Double t =
+        clamped(hn::Div(hn::Sub(value, number(edges.edge0)), number(edges.edge1 - edges.edge0)), 0.0, 1.0);
     return hn::Mul(hn::Mul(t, t), hn::Sub(number(3.0), hn::Mul(number(2.0), t)));
 }
 
-HWY_INLINE HWY_ATTR void storeBytes(Integer values, std::uint8_t* place) {
-    hn::StoreU(hn::DemoteTo(Bytes(), values), Bytes(), place);
-}
-
-/// What `storeBytes` makes of values out of range.
+/// The nearest values in 0...255, as `writeGray` writes them.
 HWY_INLINE HWY_ATTR Integer saturated(Integer values) {
     const Integers integers;
     return hn::Min(hn::Max(values, hn::Zero(integers)), hn::Set(integers, 255));
 }
 
-HWY_INLINE HWY_ATTR void storePixels(Integer pixels, std::uint8_t* place) {
-    hn::StoreU(pixels, Integers(), reinterpret_cast<std::int32_t*>(place));
+/// Writes values out of 0...255 as the nearest byte, at pixel `x` of the row of a gray map.
+HWY_INLINE HWY_ATTR void writeGray(Integer values, const GeneratedRow& row, GeneratedMap map,
+                                   std::int64_t x) {
+    hn::StoreU(hn::DemoteTo(Bytes(), values), Bytes(), row[map] + x);
 }
 
-/// Calls `work(x, pixels)` for every vector of a row's pixels; the last, incomplete one works on copies.
+/// Writes packed pixels at pixel `x` of the row of a map that is not gray.
+HWY_INLINE HWY_ATTR void writePixels(Integer pixels, const GeneratedRow& row, GeneratedMap map,
+                                     std::int64_t x) {
+    hn::StoreU(pixels, Integers(), reinterpret_cast<std::int32_t*>(row[map] + x * bytesPerPixel));
+}
+
+/// Calls `work(x, pixels, count)` for every vector of a row's pixels. The last one may be incomplete; then
+/// `count` is less than the lanes of a vector and `pixels` a copy that is long enough to be read.
 template <typename Work>
 HWY_INLINE HWY_ATTR void forEachVector(const std::uint8_t* pixels, std::int64_t width, const Work& work) {
     const auto lanes = static_cast<std::int64_t>(hn::Lanes(Doubles()));
@@ -79,7 +90,7 @@ HWY_ATTR void heightRow(const std::uint8_t* pixels, std::int64_t width, bool inv
     heights[width] = heights[width - 1];
 }
 
-/// The mean of the window columns `first`...`last` of the rows, added row by row, left to right.
+/// The mean of the columns `first`...`last` of the rows, added up row by row from left to right.
 double windowMean(std::span<const double* const> rows, std::int64_t first, std::int64_t last) {
     double sum = 0.0;
     double count = 0.0;
@@ -119,7 +130,7 @@ HWY_ATTR void blurRow(std::span<const double* const> rows, std::int64_t width, d
         default:
             blurInterior<3>(rows, width, blurred);
     }
-    // The vectors run over the right edge; the edges' windows are cut off.
+    // The vectors went beyond the right edge, and the windows at both edges are cut off.
     blurred[0] = windowMean(rows, 0, std::min<std::int64_t>(1, width - 1));
     blurred[width - 1] = windowMean(rows, std::max<std::int64_t>(0, width - 2), width - 1);
     blurred[-1] = blurred[0];
@@ -140,7 +151,7 @@ HWY_INLINE HWY_ATTR Integer normals(const double* above, const double* row, cons
     const Double y = hn::Neg(dy);
     const Double z = number(1.0);
     const Double length = hn::Sqrt(hn::Add(hn::Add(hn::Mul(x, x), hn::Mul(y, y)), hn::Mul(z, z)));
-    const Double divisor = hn::Max(number(0.0001), length);
+    const Double divisor = hn::Max(number(formulas::leastNormalLength), length);
     const Integer red = byteFromSignedUnit(hn::Div(x, divisor));
     const Integer green = byteFromSignedUnit(hn::Div(y, divisor));
     const Integer blue = byteFromSignedUnit(hn::Div(z, divisor));
@@ -156,74 +167,99 @@ HWY_INLINE HWY_ATTR Double localHeightContrast(const double* above, const double
             largest = hn::Max(largest, hn::Abs(hn::Sub(center, hn::LoadU(doubles, line + step))));
         }
     }
-    return clamped(hn::Mul(largest, number(6.0)), 0.0, 1.0);
+    return clamped(hn::Mul(largest, number(formulas::contrastGain)), 0.0, 1.0);
 }
 
-HWY_ATTR void mapRow(const std::uint8_t* pixels, const double* above, const double* row, const double* below,
-                     const double* blurred, std::int64_t width, const GeneratorFactors& factors,
-                     const GeneratedRow& output) {
-    const Doubles doubles;
-    const Double one = number(1.0);
-    const Double full = number(255.0);
-    const auto lanes = static_cast<std::int64_t>(hn::Lanes(doubles));
-    forEachVector(
-        pixels, width, [&](std::int64_t x, const std::uint8_t* vector, std::int64_t count) HWY_ATTR {
-            const Double height = hn::LoadU(doubles, row + x);
-            const Color bytes = loadColor(vector);
-            const Color color{hn::Div(bytes.red, full), hn::Div(bytes.green, full),
-                              hn::Div(bytes.blue, full)};
-            const Double largest = hn::Max(hn::Max(color.red, color.green), color.blue);
-            const Double smallest = hn::Min(hn::Min(color.red, color.green), color.blue);
-            const Double saturation = hn::IfThenElseZero(hn::Gt(largest, hn::Zero(doubles)),
-                                                         hn::Div(hn::Sub(largest, smallest), largest));
-            const Double light = luminance(color);
-            const Double contrast = localHeightContrast(above + x, row + x, below + x);
-            const Double brightness = smoothStep(0.42, 0.92, light);
-            const Double cavity =
-                clamped(hn::Mul(hn::Sub(hn::LoadU(doubles, blurred + x), height), number(3.0)), 0.0, 1.0);
-            const Double smoothness =
-                clamped(hn::Add(hn::Mul(brightness, number(0.75)), hn::Mul(contrast, number(1.6))), 0.0, 1.0);
-            const Double roughness =
-                clamped(hn::Sub(number(factors.high), hn::Mul(smoothness, number(factors.span))), factors.low,
-                        factors.high);
-            const Double metalTone = smoothStep(0.18, 0.78, light);
-            const Double metallic = clamped(
-                hn::Mul(hn::Mul(hn::Sub(one, saturation), metalTone), number(factors.metallicStrength)), 0.0,
-                1.0);
-            const Double occlusion =
-                clamped(hn::Sub(one, hn::Mul(cavity, number(factors.aoStrength))), 0.0, 1.0);
+/// The difference of the largest and the smallest component, as a fraction of the largest; 0 for black.
+HWY_INLINE HWY_ATTR Double saturationOf(const Color& color) {
+    const Double largest = hn::Max(hn::Max(color.red, color.green), color.blue);
+    const Double smallest = hn::Min(hn::Min(color.red, color.green), color.blue);
+    return hn::IfThenElseZero(hn::Gt(largest, hn::Zero(Doubles())),
+                              hn::Div(hn::Sub(largest, smallest), largest));
+}
 
-            const Integer roughnessByte = byteFromUnit(roughness);
-            const Integer metallicByte = byteFromUnit(metallic);
-            const Integer occlusionByte = byteFromUnit(occlusion);
-            const Integer orm =
-                packed(saturated(occlusionByte), saturated(roughnessByte), saturated(metallicByte));
-            const auto store = [&](const GeneratedRow& place) HWY_ATTR {
-                storeBytes(byteFromUnit(height), place.height);
-                storeBytes(roughnessByte, place.roughness);
-                storeBytes(byteFromUnit(hn::Sub(one, roughness)), place.gloss);
-                storeBytes(metallicByte, place.metallic);
-                storeBytes(occlusionByte, place.occlusion);
-                storePixels(normals(above + x, row + x, below + x, factors), place.normal);
-                storePixels(orm, place.orm);
-            };
-            if (count == lanes) {
-                store({output.height + x, output.normal + x * bytesPerPixel, output.roughness + x,
-                       output.gloss + x, output.metallic + x, output.occlusion + x,
-                       output.orm + x * bytesPerPixel});
-                return;
-            }
-            std::uint8_t rest[5][HWY_MAX_BYTES];
-            std::uint8_t pixelRest[2][HWY_MAX_BYTES];
-            store({rest[0], pixelRest[0], rest[1], rest[2], rest[3], rest[4], pixelRest[1]});
-            std::copy_n(rest[0], count, output.height + x);
-            std::copy_n(rest[1], count, output.roughness + x);
-            std::copy_n(rest[2], count, output.gloss + x);
-            std::copy_n(rest[3], count, output.metallic + x);
-            std::copy_n(rest[4], count, output.occlusion + x);
-            std::copy_n(pixelRest[0], count * bytesPerPixel, output.normal + x * bytesPerPixel);
-            std::copy_n(pixelRest[1], count * bytesPerPixel, output.orm + x * bytesPerPixel);
-        });
+HWY_INLINE HWY_ATTR Double roughnessOf(Double light, Double contrast, const GeneratorFactors& factors) {
+    const Double brightness = smoothStep(formulas::brightnessEdges, light);
+    const Double smoothness = clamped(hn::Add(hn::Mul(brightness, number(formulas::brightnessWeight)),
+                                              hn::Mul(contrast, number(formulas::contrastWeight))),
+                                      0.0, 1.0);
+    return clamped(hn::Sub(number(factors.high), hn::Mul(smoothness, number(factors.span))), factors.low,
+                   factors.high);
+}
+
+HWY_INLINE HWY_ATTR Double metallicOf(Double light, Double saturation, const GeneratorFactors& factors) {
+    const Double metalTone = smoothStep(formulas::metalEdges, light);
+    return clamped(
+        hn::Mul(hn::Mul(hn::Sub(number(1.0), saturation), metalTone), number(factors.metallicStrength)), 0.0,
+        1.0);
+}
+
+/// `mean` is that of the heights around each pixel.
+HWY_INLINE HWY_ATTR Double occlusionOf(Double height, Double mean, const GeneratorFactors& factors) {
+    const Double cavity = clamped(hn::Mul(hn::Sub(mean, height), number(formulas::cavityGain)), 0.0, 1.0);
+    return clamped(hn::Sub(number(1.0), hn::Mul(cavity, number(factors.aoStrength))), 0.0, 1.0);
+}
+
+/// Computes the maps of one vector of pixels, which starts at column `x` of the heights, and writes them at
+/// pixel `place` of `output`.
+HWY_INLINE HWY_ATTR void mapVector(const std::uint8_t* pixels, const HeightWindow& heights, std::int64_t x,
+                                   const GeneratorFactors& factors, const GeneratedRow& output,
+                                   std::int64_t place) {
+    const Doubles doubles;
+    const Double full = number(255.0);
+    const Color bytes = loadColor(pixels);
+    const Color color{hn::Div(bytes.red, full), hn::Div(bytes.green, full), hn::Div(bytes.blue, full)};
+    const Double light = luminance(color);
+    const Double height = hn::LoadU(doubles, heights.row + x);
+    const Double contrast = localHeightContrast(heights.above + x, heights.row + x, heights.below + x);
+    const Double roughness = roughnessOf(light, contrast, factors);
+
+    const Integer roughnessByte = byteFromUnit(roughness);
+    const Integer metallicByte = byteFromUnit(metallicOf(light, saturationOf(color), factors));
+    const Integer occlusionByte =
+        byteFromUnit(occlusionOf(height, hn::LoadU(doubles, heights.blurred + x), factors));
+    writeGray(byteFromUnit(height), output, GeneratedMap::height, place);
+    writeGray(roughnessByte, output, GeneratedMap::roughness, place);
+    writeGray(byteFromUnit(hn::Sub(number(1.0), roughness)), output, GeneratedMap::gloss, place);
+    writeGray(metallicByte, output, GeneratedMap::metallic, place);
+    writeGray(occlusionByte, output, GeneratedMap::occlusion, place);
+    writePixels(normals(heights.above + x, heights.row + x, heights.below + x, factors), output,
+                GeneratedMap::normal, place);
+    writePixels(packed(saturated(occlusionByte), saturated(roughnessByte), saturated(metallicByte)), output,
+                GeneratedMap::orm, place);
+}
+
+/// `mapVector` for the last `count` pixels of a row, which do not fill a vector. The results of the other
+/// lanes are dropped.
+HWY_INLINE HWY_ATTR void mapRest(const std::uint8_t* pixels, const HeightWindow& heights, std::int64_t x,
+                                 std::int64_t count, const GeneratorFactors& factors,
+                                 const GeneratedRow& output) {
+    PerCase<GeneratedMap, std::array<std::uint8_t, HWY_MAX_BYTES>> made;
+    GeneratedRow rest;
+    for (const GeneratedMap map : computedMaps) {
+        rest[map] = made[map].data();
+    }
+    mapVector(pixels, heights, x, factors, rest, 0);
+    for (const GeneratedMap map : computedMaps) {
+        std::copy_n(rest[map], count * bytesPerPixelOf(map), output[map] + x * bytesPerPixelOf(map));
+    }
+}
+
+HWY_ATTR void mapRow(const std::uint8_t* pixels, const HeightWindow& heightWindow, std::int64_t width,
+                     const GeneratorFactors& generatorFactors, const GeneratedRow& generatedRow) {
+    // Copies, which the compiler knows to be unchanged by the bytes that are written.
+    const HeightWindow heights = heightWindow;
+    const GeneratorFactors factors = generatorFactors;
+    const GeneratedRow output = generatedRow;
+    const auto lanes = static_cast<std::int64_t>(hn::Lanes(Doubles()));
+    forEachVector(pixels, width,
+                  [&](std::int64_t x, const std::uint8_t* vector, std::int64_t count) HWY_ATTR {
+                      if (count == lanes) {
+                          mapVector(vector, heights, x, factors, output, x);
+                      } else {
+                          mapRest(vector, heights, x, count, factors, output);
+                      }
+                  });
 }
 
 }  // namespace quarlin::HWY_NAMESPACE
@@ -237,15 +273,6 @@ HWY_EXPORT(heightRow);
 HWY_EXPORT(blurRow);
 HWY_EXPORT(mapRow);
 
-GeneratorFactors::GeneratorFactors(const NormalGeneratorSettings& settings)
-    : strength(std::max(0.05, settings.strength)),
-      flipGreen(settings.flipGreen),
-      low(std::min(settings.roughnessMin, settings.roughnessMax)),
-      high(std::max(settings.roughnessMin, settings.roughnessMax)),
-      span(std::max(0.02, high - low)),
-      metallicStrength(settings.metallicStrength),
-      aoStrength(settings.aoStrength) {}
-
 void heightRow(const std::uint8_t* pixels, std::int64_t width, bool inverted, double* heights) {
     HWY_DYNAMIC_DISPATCH(heightRow)(pixels, width, inverted, heights);
 }
@@ -254,10 +281,9 @@ void blurRow(std::span<const double* const> rows, std::int64_t width, double* bl
     HWY_DYNAMIC_DISPATCH(blurRow)(rows, width, blurred);
 }
 
-void mapRow(const std::uint8_t* pixels, const double* above, const double* row, const double* below,
-            const double* blurred, std::int64_t width, const GeneratorFactors& factors,
-            const GeneratedRow& output) {
-    HWY_DYNAMIC_DISPATCH(mapRow)(pixels, above, row, below, blurred, width, factors, output);
+void mapRow(const std::uint8_t* pixels, const HeightWindow& heights, std::int64_t width,
+            const GeneratorFactors& factors, const GeneratedRow& output) {
+    HWY_DYNAMIC_DISPATCH(mapRow)(pixels, heights, width, factors, output);
 }
 
 }  // namespace quarlin

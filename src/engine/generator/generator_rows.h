@@ -1,45 +1,35 @@
 #pragma once
 
-#include "model/normal_generator_settings.h"
+#include "engine/base/generated_maps.h"
+#include "engine/base/generator_factors.h"
 
 #include <cstdint>
 #include <span>
 
 namespace quarlin {
 
-// The generator's arithmetic, a row at a time, in vectors of doubles. Every lane does what the plain
-// operations of `TextureProcessor` do for its pixel, operation by operation and in their order, so that the
-// bytes are the same on every instruction set; the best one that the machine has is chosen at run time.
+// The generator's arithmetic, a row at a time, in vectors of doubles. Each lane runs the plain operations of
+// engine/reference for one pixel, in their order, so that every instruction set gives the same bytes. The
+// best one of the machine is chosen at run time.
 //
 // A row of heights is padded: `row[-1]` repeats `row[0]`, `row[width]` repeats `row[width - 1]`, and
 // `rowSlack` elements before and behind may be read.
 
-/// The elements that a row of heights needs to spare at either end.
+/// The number of unused elements that a row of heights has at either end.
 inline constexpr std::int64_t rowSlack = 64;
 
-/// Settings as the formulas use them.
-struct GeneratorFactors {
-    explicit GeneratorFactors(const NormalGeneratorSettings& settings);
-
-    double strength;
-    bool flipGreen;
-    double low;
-    double high;
-    double span;
-    double metallicStrength;
-    double aoStrength;
+/// The rows of heights that the maps of a row of pixels depend on. `above` and `below` are `row` itself at
+/// the image's edge; `blurred` is `row` after one more 3 x 3 mean.
+struct HeightWindow {
+    const double* above;
+    const double* row;
+    const double* below;
+    const double* blurred;
 };
 
-/// Where the maps of a row go: `width` bytes each, and `width * 4` for `normal` and `orm`.
-struct GeneratedRow {
-    std::uint8_t* height;
-    std::uint8_t* normal;
-    std::uint8_t* roughness;
-    std::uint8_t* gloss;
-    std::uint8_t* metallic;
-    std::uint8_t* occlusion;
-    std::uint8_t* orm;
-};
+/// Where the maps of a row are written: `width` bytes for a gray map, `width * 4` for the others. `source` is
+/// not used.
+using GeneratedRow = PerCase<GeneratedMap, std::uint8_t*>;
 
 /// The unsmoothed heights of a row of pixels.
 void heightRow(const std::uint8_t* pixels, std::int64_t width, bool inverted, double* heights);
@@ -48,9 +38,8 @@ void heightRow(const std::uint8_t* pixels, std::int64_t width, bool inverted, do
 /// exist.
 void blurRow(std::span<const double* const> rows, std::int64_t width, double* blurred);
 
-/// The maps of a row of pixels. `above` and `below` are `row` itself at the image's edge.
-void mapRow(const std::uint8_t* pixels, const double* above, const double* row, const double* below,
-            const double* blurred, std::int64_t width, const GeneratorFactors& factors,
-            const GeneratedRow& output);
+/// Computes the maps of a row of `width` pixels.
+void mapRow(const std::uint8_t* pixels, const HeightWindow& heights, std::int64_t width,
+            const GeneratorFactors& factors, const GeneratedRow& output);
 
 }  // namespace quarlin

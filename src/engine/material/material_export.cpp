@@ -1,8 +1,17 @@
-#include "engine/export_folder.h"
-#include "engine/imaging_errors.h"
+#include "engine/base/export_folder.h"
+#include "engine/base/imaging_errors.h"
+#include "engine/base/output_size.h"
+#include "engine/base/texture_processor_error.h"
+#include "engine/documents/documents.h"
 #include "engine/material/material_inputs.h"
-#include "engine/texture_processor.h"
+#include "engine/material/material_set.h"
+#include "imaging/base/pixel_size.h"
 #include "imaging/png/png_file.h"
+#include "model/conversion_settings.h"
+#include "model/export_result.h"
+#include "model/output_names.h"
+#include "model/texture_map.h"
+#include "model/texture_slot_kind.h"
 
 #include <exception>
 #include <vector>
@@ -11,21 +20,19 @@ namespace quarlin {
 
 namespace {
 
-/// Writes the images of the set. An input that could not be read is reported when its image's turn comes:
-/// those before it are written.
+/// Writes the images of the set. An input that can't be read stops it at the image that needs the input:
+/// the images before that one are written.
 void writeImages(const MaterialInputs& inputs, const ConversionSettings& settings, const OutputNames& names,
-                 ExportResult& result) {
+                 bool hasNormal, ExportResult& result) {
     PngFileSet files(result.folderURL, inputs.size().width, inputs.size().height);
     std::vector<RowSource> images;
     std::exception_ptr failure;
     try {
-        images.push_back(rowsOf(ImageView(*inputs.texture(TextureSlotKind::baseColor))));
-        files.add(names.baseColor());
-        images.push_back(ormRows(inputs, settings));
-        files.add(names.orm());
-        if (const QImage* normal = inputs.texture(TextureSlotKind::normal)) {
-            images.push_back(conditionedNormalRows(*normal, settings));
-            files.add(names.normal());
+        for (const MaterialFile file : allCases<MaterialFile>()) {
+            if (const auto image = tableRow(file).image; image && isWritten(file, settings, hasNormal)) {
+                images.push_back(imageRows(*image, inputs, settings));
+                files.add(names[file]);
+            }
         }
     } catch (...) {
         failure = std::current_exception();
@@ -39,9 +46,8 @@ void writeImages(const MaterialInputs& inputs, const ConversionSettings& setting
 
 }  // namespace
 
-ExportResult TextureProcessor::exportMaterialSet(const TextureMap& textures,
-                                                 const ConversionSettings& settings,
-                                                 const QUrl& parentDirectory) const {
+ExportResult exportMaterialSet(const TextureMap& textures, const ConversionSettings& settings,
+                               const QUrl& parentDirectory) {
     const auto base = textures.find(TextureSlotKind::baseColor);
     if (base == textures.end()) {
         throw TextureProcessorError::missingBaseColor();
@@ -56,7 +62,7 @@ ExportResult TextureProcessor::exportMaterialSet(const TextureMap& textures,
 
     ExportResult result{folder, {}};
     const bool hasNormal = textures.contains(TextureSlotKind::normal);
-    writeImages(inputs, settings, names, result);
+    writeImages(inputs, settings, names, hasNormal, result);
     if (settings.exportGLTF) {
         writeText(makeGLTFData(names, settings, hasNormal), names.gltf(), result);
     }

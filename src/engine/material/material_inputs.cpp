@@ -1,7 +1,14 @@
 #include "engine/material/material_inputs.h"
 
+#include "engine/base/channels.h"
+#include "engine/base/rendered_texture.h"
+#include "engine/base/texture_processor_error.h"
+#include "engine/material/normal_conditioning.h"
 #include "engine/material/orm_packing.h"
-#include "engine/rendered_texture.h"
+#include "imaging/base/parallel.h"
+#include "imaging/pixels/pixel_image.h"
+#include "model/texture_asset.h"
+#include "model/texture_slot_kind.h"
 
 #include <algorithm>
 
@@ -11,7 +18,7 @@ MaterialInputs::MaterialInputs(const TextureMap& textures, const std::vector<Tex
                                PixelSize size)
     : m_size(size) {
     std::vector<const TextureAsset*> assets;
-    std::vector<Rendered*> places;
+    std::vector<Outcome<QImage>*> places;
     for (const TextureSlotKind slot : slots) {
         if (const auto texture = textures.find(slot); texture != textures.end()) {
             assets.push_back(&texture->second);
@@ -20,33 +27,24 @@ MaterialInputs::MaterialInputs(const TextureMap& textures, const std::vector<Tex
     }
     forEachInParallel(static_cast<std::int64_t>(assets.size()), [&](std::int64_t index) {
         const auto place = static_cast<std::size_t>(index);
-        try {
-            places[place]->image = renderTexture(*assets[place], size.width, size.height);
-        } catch (...) {
-            places[place]->failure = std::current_exception();
-        }
+        *places[place] =
+            Outcome<QImage>::of([&] { return renderTexture(*assets[place], size.width, size.height); });
     });
 }
 
 const QImage* MaterialInputs::texture(TextureSlotKind slot) const {
     const auto rendered = m_rendered.find(slot);
-    if (rendered == m_rendered.end()) {
-        return nullptr;
-    }
-    if (rendered->second.failure) {
-        std::rethrow_exception(rendered->second.failure);
-    }
-    return &rendered->second.image;
+    return rendered != m_rendered.end() ? &rendered->second.value() : nullptr;
 }
 
 RowSource ormRows(const MaterialInputs& inputs, const ConversionSettings& settings) {
     const auto channel = [&](TextureSlotKind slot, double defaultValue, bool inverted) {
         const QImage* texture = inputs.texture(slot);
         return OrmChannel{.pixels = texture != nullptr ? texture->constBits() : nullptr,
-                          .fallback = TextureProcessor::byteFromUnit(defaultValue),
+                          .fallback = byteFromUnit(defaultValue),
                           .inverted = inverted};
     };
-    // A braced list is evaluated from left to right, which is the order in which failures are reported.
+    // A braced list is evaluated from left to right. That is the order in which failures are reported.
     const OrmChannels channels{
         channel(TextureSlotKind::occlusion, settings.defaultOcclusion, false),
         channel(TextureSlotKind::roughness, settings.defaultRoughness, settings.roughnessInputIsGloss),
@@ -62,13 +60,25 @@ RowSource conditionedNormalRows(const QImage& normal, const ConversionSettings& 
     return [view = ImageView(normal), flip = settings.flipNormalGreen](RowRange rows, PixelBuffer& scratch) {
         PixelImage strip{view.width, rows.count, std::move(scratch)};
         strip.pixels.assign(view.row(rows.first), view.row(rows.end()));
-        TextureProcessor::normalizeAlpha(strip);
+        normalizeAlpha(strip);
         if (flip) {
-            TextureProcessor::flipGreenChannel(strip);
+            flipGreenChannel(strip);
         }
         scratch = std::move(strip.pixels);
         return scratch.data();
     };
+}
+
+RowSource imageRows(MaterialImage image, const MaterialInputs& inputs, const ConversionSettings& settings) {
+    switch (image) {
+        case MaterialImage::baseColor:
+            return rowsOf(ImageView(*inputs.texture(TextureSlotKind::baseColor)));
+        case MaterialImage::normal:
+            return conditionedNormalRows(*inputs.texture(TextureSlotKind::normal), settings);
+        case MaterialImage::orm:
+            break;
+    }
+    return ormRows(inputs, settings);
 }
 
 QImage imageOf(PixelSize size, const RowSource& rows) {

@@ -1,25 +1,18 @@
+#include "engine/base/output_size.h"
 #include "engine/material/material_inputs.h"
+#include "engine/material/material_set.h"
 #include "engine/texture_processor.h"
-
-#include <algorithm>
+#include "imaging/base/pixel_size.h"
+#include "model/conversion_settings.h"
+#include "model/material_set.h"
+#include "model/previews.h"
+#include "model/texture_asset.h"
+#include "model/texture_map.h"
+#include "model/texture_slot_kind.h"
 
 namespace quarlin {
 
-PixelSize TextureProcessor::previewSize(PixelSize size) {
-    constexpr std::int64_t longestSide = 512;
-    const std::int64_t longest = std::max(size.width, size.height);
-    if (longest <= longestSide) {
-        return size;
-    }
-    const double scale = static_cast<double>(longestSide) / static_cast<double>(longest);
-    const auto scaled = [&](std::int64_t side) {
-        return std::max<std::int64_t>(1, static_cast<std::int64_t>(static_cast<double>(side) * scale));
-    };
-    return {scaled(size.width), scaled(size.height)};
-}
-
-OutputPreviews TextureProcessor::buildPreviews(const TextureMap& textures,
-                                               const ConversionSettings& settings) const {
+OutputPreviews buildMaterialPreviews(const TextureMap& textures, const ConversionSettings& settings) {
     if (textures.empty()) {
         return {};
     }

@@ -1,10 +1,16 @@
+#include "engine/base/texture_processor_error.h"
 #include "engine/material/material_inputs.h"
-#include "engine/texture_processor.h"
+#include "engine/material/material_set.h"
+#include "imaging/pixels/image_view.h"
+#include "imaging/pixels/pixel_image.h"
+#include "model/conversion_settings.h"
+#include "model/texture_map.h"
+#include "model/texture_slot_kind.h"
 
 namespace quarlin {
 
-PixelImage TextureProcessor::makeORM(const TextureMap& textures, const ConversionSettings& settings,
-                                     std::int64_t width, std::int64_t height) const {
+PixelImage makeORM(const TextureMap& textures, const ConversionSettings& settings, std::int64_t width,
+                   std::int64_t height) {
     const MaterialInputs inputs(
         textures, {TextureSlotKind::occlusion, TextureSlotKind::roughness, TextureSlotKind::metallic},
         {width, height});

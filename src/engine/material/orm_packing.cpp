@@ -24,7 +24,7 @@ HWY_INLINE HWY_ATTR Integer channelValues(const OrmChannel& channel, std::int64_
     }
     const Integer gray =
         hn::DemoteTo(integers, hn::Trunc(luminance(loadColor(channel.pixels + pixel * bytesPerPixel))));
-    // 255 - v is v with every bit turned over.
+    // 255 - v is v with every bit inverted.
     return channel.inverted ? hn::Xor(gray, hn::Set(integers, 255)) : gray;
 }
 

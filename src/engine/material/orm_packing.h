@@ -7,9 +7,9 @@ namespace quarlin {
 
 /// Where one channel of an ORM image comes from.
 struct OrmChannel {
-    /// The texture's pixels as premultiplied RGBA, of which the luminance is taken; null for none.
+    /// The texture's pixels as premultiplied RGBA, whose luminance is used; null for no texture.
     const std::uint8_t* pixels = nullptr;
-    /// The value where there is no texture, never inverted.
+    /// The value without a texture, never inverted.
     std::uint8_t fallback = 0;
     /// Whether the luminance is subtracted from 255.
     bool inverted = false;
@@ -23,7 +23,7 @@ void packOrm(const OrmChannels& channels, std::int64_t first, std::int64_t count
 
 namespace plain {
 
-/// `packOrm` pixel by pixel, as the channels' formulas read.
+/// `packOrm` pixel by pixel, as the formulas are written.
 void packOrm(const OrmChannels& channels, std::int64_t first, std::int64_t count, std::uint8_t* output);
 
 }  // namespace plain

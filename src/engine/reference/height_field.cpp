@@ -1,11 +1,12 @@
-#include "engine/texture_processor.h"
+#include "engine/reference/height_field.h"
+
+#include "engine/base/channels.h"
 
 #include <algorithm>
 
-namespace quarlin {
+namespace quarlin::reference {
 
-HeightField TextureProcessor::smoothedHeightValues(const PixelImage& image,
-                                                   const NormalGeneratorSettings& settings) {
+HeightField smoothedHeightValues(const PixelImage& image, const NormalGeneratorSettings& settings) {
     HeightField values(pixelCount(image.width, image.height));
     for (std::size_t index = 0; index < values.size(); ++index) {
         values[index] = grayscale(&image, index * bytesPerPixel, 0, settings.invertHeight) / 255.0;
@@ -16,8 +17,7 @@ HeightField TextureProcessor::smoothedHeightValues(const PixelImage& image,
     return values;
 }
 
-HeightField TextureProcessor::boxBlur(std::span<const double> values, std::int64_t width,
-                                      std::int64_t height) {
+HeightField boxBlur(std::span<const double> values, std::int64_t width, std::int64_t height) {
     HeightField result(values.size());
     for (std::int64_t y = 0; y < height; ++y) {
         for (std::int64_t x = 0; x < width; ++x) {
@@ -37,8 +37,7 @@ HeightField TextureProcessor::boxBlur(std::span<const double> values, std::int64
     return result;
 }
 
-PixelImage TextureProcessor::heightImage(std::span<const double> values, std::int64_t width,
-                                         std::int64_t height) {
+PixelImage heightImage(std::span<const double> values, std::int64_t width, std::int64_t height) {
     PixelImage image = opaqueWhite(width, height);
     for (std::size_t index = 0; index < pixelCount(width, height); ++index) {
         writeGray(byteFromUnit(values[index]), image.pixels, index * bytesPerPixel);
@@ -46,11 +45,11 @@ PixelImage TextureProcessor::heightImage(std::span<const double> values, std::in
     return image;
 }
 
-double TextureProcessor::sampleHeight(std::span<const double> values, std::int64_t width, std::int64_t height,
-                                      std::int64_t x, std::int64_t y) {
+double sampleHeight(std::span<const double> values, std::int64_t width, std::int64_t height, std::int64_t x,
+                    std::int64_t y) {
     const std::int64_t column = std::max<std::int64_t>(0, std::min(width - 1, x));
     const std::int64_t row = std::max<std::int64_t>(0, std::min(height - 1, y));
     return values[static_cast<std::size_t>(row * width + column)];
 }
 
-}  // namespace quarlin
+}  // namespace quarlin::reference

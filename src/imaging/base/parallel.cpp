@@ -1,13 +1,12 @@
 #include "imaging/base/parallel.h"
 
+#include "imaging/base/tasks.h"
+
 #include <algorithm>
 #include <atomic>
-#include <condition_variable>
 #include <exception>
 #include <mutex>
 #include <thread>
-#include <utility>
-#include <vector>
 
 namespace quarlin {
 
@@ -15,12 +14,14 @@ unsigned coreCount() { return std::max(1U, std::thread::hardware_concurrency());
 
 void forEachInParallel(std::int64_t count, const std::function<void(std::int64_t)>& work, unsigned threads) {
     std::atomic<std::int64_t> next = 0;
+    // Orders nothing but itself: an order between the calls would hide their races from the thread sanitizer.
+    const auto takeIndex = [&] { return next.fetch_add(1, std::memory_order_relaxed); };
     std::mutex failureMutex;
     std::int64_t failedIndex = count;
     std::exception_ptr failure;
 
-    const auto takeTurns = [&] {
-        for (std::int64_t index = next++; index < count; index = next++) {
+    tasks::runSideBySide(std::min<std::int64_t>(threads, count), [&] {
+        for (std::int64_t index = takeIndex(); index < count; index = takeIndex()) {
             try {
                 work(index);
             } catch (...) {
@@ -31,15 +32,7 @@ void forEachInParallel(std::int64_t count, const std::function<void(std::int64_t
                 }
             }
         }
-    };
-
-    {
-        std::vector<std::jthread> others;
-        for (std::int64_t other = 1; other < std::min<std::int64_t>(threads, count); ++other) {
-            others.emplace_back(takeTurns);
-        }
-        takeTurns();
-    }
+    });
     if (failure) {
         std::rethrow_exception(failure);
     }
@@ -47,62 +40,35 @@ void forEachInParallel(std::int64_t count, const std::function<void(std::int64_t
 
 namespace {
 
-/// How far the two steps are.
-class Progress {
+/// One of the two functions of `doInStep`: calls it until it fails.
+class Step {
 public:
-    explicit Progress(std::int64_t ahead) : m_ahead(ahead) {}
+    explicit Step(const std::function<bool(std::int64_t)>& work) : m_work(work) {}
 
-    /// Wait until the step of `turn` may begin; false when it never may.
-    bool awaitFirst(std::int64_t turn) {
-        return await([&] { return turn < m_secondDone + m_ahead; });
-    }
-    bool awaitSecond(std::int64_t turn) {
-        return await([&] { return turn < m_firstDone; });
-    }
-
-    void finishFirst() {
-        change([&] { ++m_firstDone; });
-    }
-    void finishSecond() {
-        change([&] { ++m_secondDone; });
-    }
-    void stop(std::exception_ptr failure = nullptr) {
-        change([&] {
-            m_stopped = true;
-            m_failure = m_failure ? m_failure : std::move(failure);
-        });
+    /// Makes the call for `turn` unless an earlier one failed. Returns whether all so far succeeded.
+    bool call(std::int64_t turn) {
+        if (m_isComplete) {
+            try {
+                m_isComplete = m_work(turn);
+            } catch (...) {
+                m_isComplete = false;
+                m_failure = std::current_exception();
+            }
+        }
+        return m_isComplete;
     }
 
-    /// Once both steps have ended: whether they did all turns. Throws what one of them threw.
+    /// Whether all calls succeeded. Throws what one of them threw.
     bool isComplete() const {
         if (m_failure) {
             std::rethrow_exception(m_failure);
         }
-        return !m_stopped;
+        return m_isComplete;
     }
 
 private:
-    template <typename Condition>
-    bool await(const Condition& condition) {
-        std::unique_lock lock(m_mutex);
-        m_changed.wait(lock, [&] { return m_stopped || condition(); });
-        return !m_stopped;
-    }
-    template <typename Change>
-    void change(const Change& apply) {
-        {
-            const std::lock_guard lock(m_mutex);
-            apply();
-        }
-        m_changed.notify_all();
-    }
-
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    std::int64_t m_ahead;
-    std::int64_t m_firstDone = 0;
-    std::int64_t m_secondDone = 0;
-    bool m_stopped = false;
+    const std::function<bool(std::int64_t)>& m_work;
+    bool m_isComplete = true;
     std::exception_ptr m_failure;
 };
 
@@ -110,44 +76,26 @@ private:
 
 bool doInStep(std::int64_t count, std::int64_t ahead, const std::function<bool(std::int64_t)>& first,
               const std::function<bool(std::int64_t)>& second) {
-    if (count < 2 || coreCount() == 1) {
-        for (std::int64_t turn = 0; turn < count; ++turn) {
-            if (!first(turn) || !second(turn)) {
-                return false;
-            }
-        }
-        return true;
+    if (count < 2) {
+        return count < 1 || (first(0) && second(0));
     }
-    Progress progress(ahead);
-    const auto doTurns = [&](const auto& step, const auto& await, const auto& finish) {
-        try {
-            for (std::int64_t turn = 0; turn < count && await(turn); ++turn) {
-                if (!step(turn)) {
-                    progress.stop();
-                    return;
-                }
-                finish();
+    Step firstStep(first);
+    Step secondStep(second);
+    // Only saves work: turns that begin after the second step has failed are not needed.
+    std::atomic<bool> isOver = false;
+    tasks::runInStep(
+        ahead,
+        [&](std::int64_t turn) {
+            return turn < count && !isOver.load(std::memory_order_relaxed) && firstStep.call(turn);
+        },
+        [&](std::int64_t turn) {
+            if (!secondStep.call(turn)) {
+                isOver.store(true, std::memory_order_relaxed);
             }
-        } catch (...) {
-            progress.stop(std::current_exception());
-        }
-    };
-    {
-        const std::jthread other([&] {
-            doTurns(
-                first, [&](std::int64_t turn) { return progress.awaitFirst(turn); },
-                [&] { progress.finishFirst(); });
         });
-        doTurns(
-            second, [&](std::int64_t turn) { return progress.awaitSecond(turn); },
-            [&] { progress.finishSecond(); });
-    }
-    return progress.isComplete();
-}
-
-RowRange RowStrips::operator[](std::int64_t strip) const {
-    const std::int64_t first = strip * m_rowsPerStrip;
-    return {first, std::min(m_rowsPerStrip, m_height - first)};
+    // The second step is called only for turns before the one where the first step failed, so its failure
+    // comes first.
+    return secondStep.isComplete() && firstStep.isComplete();
 }
 
 }  // namespace quarlin

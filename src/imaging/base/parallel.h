@@ -5,43 +5,25 @@
 
 namespace quarlin {
 
-/// The number of cores of this machine, at least 1.
+/// The number of cores that this process may use, at least 1. So many threads work for one caller at most,
+/// however its parallel calls are nested.
 unsigned coreCount();
 
-/// Calls `work(0)` to `work(count - 1)`, each once, on up to `threads` threads including the calling one, and
-/// returns when all are done. Which thread does which is left open, so the results must not depend on it.
-/// When calls throw, the exception of the lowest index is thrown once all are done.
+/// Calls `work(0)` to `work(count - 1)`, each once, at most `threads` at a time, and returns when all are
+/// done. Any thread may do any of them and in any order, so the results must not depend on it, and none may
+/// wait for another one. When calls throw, the other calls are made all the same; then the exception of the
+/// lowest index is thrown.
 void forEachInParallel(std::int64_t count, const std::function<void(std::int64_t)>& work,
                        unsigned threads = coreCount());
 
-/// Does work of two steps, one behind the other and yet side by side: `first(turn)` on a thread of its own,
-/// `second(turn)` on the calling one, each for the turns 0 to `count - 1` in order. A turn's second step
-/// follows its first one, which is never as many as `ahead` turns in front: so many buffers, used in turn,
-/// will do. When a step returns false, there are no more turns; returns whether all were done. What a step
-/// throws is thrown once both have stopped.
+/// Calls `first(turn)`, then `second(turn)`, for the turns 0 to `count - 1`. Each function is called in the
+/// order of the turns, and `first` runs ahead of `second` at the same time, by less than `ahead` turns:
+/// `ahead` buffers, used in turn, carry the data from one to the other. A function that returns false or
+/// throws ends the work.
+///
+/// Returns whether all turns were done. Returns and throws what plain alternation would: `first(0)`,
+/// `second(0)`, `first(1)` and so on; but `first` may have been called for later turns.
 bool doInStep(std::int64_t count, std::int64_t ahead, const std::function<bool(std::int64_t)>& first,
               const std::function<bool(std::int64_t)>& second);
-
-/// A run of rows: `count` rows from `first`.
-struct RowRange {
-    std::int64_t first = 0;
-    std::int64_t count = 0;
-
-    std::int64_t end() const { return first + count; }
-};
-
-/// `height` rows cut into runs of `rowsPerStrip` rows, the last one shorter where they don't divide.
-class RowStrips {
-public:
-    RowStrips(std::int64_t height, std::int64_t rowsPerStrip)
-        : m_height(height), m_rowsPerStrip(rowsPerStrip) {}
-
-    std::int64_t count() const { return (m_height + m_rowsPerStrip - 1) / m_rowsPerStrip; }
-    RowRange operator[](std::int64_t strip) const;
-
-private:
-    std::int64_t m_height;
-    std::int64_t m_rowsPerStrip;
-};
 
 }  // namespace quarlin

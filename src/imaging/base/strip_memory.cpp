@@ -10,7 +10,7 @@ namespace quarlin {
 
 void keepStripMemory() {
 #ifdef __GLIBC__
-    // Larger blocks are whole images, which go back to the system as soon as they are done with.
+    // Larger blocks are whole images, which are returned to the system as soon as they are freed.
     constexpr int largestStripBuffer = 4 << 20;
     constexpr int mostKept = 64 << 20;
     mallopt(M_MMAP_THRESHOLD, largestStripBuffer);

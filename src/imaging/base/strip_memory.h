@@ -2,9 +2,9 @@
 
 namespace quarlin {
 
-/// Lets the C library keep what a strip of rows needs from one strip to the next. By itself it gives such
-/// amounts back to the system each time and is given them anew, page by page and cleared. To be called once,
-/// as a program starts; does nothing where the C library has no such choice.
+/// Lets the C library keep freed memory for the next strip of rows. By default it returns buffers of that
+/// size to the system; each new one then costs a page fault per page. To be called once at the start of a
+/// program; does nothing where the C library has no such setting.
 void keepStripMemory();
 
 }  // namespace quarlin

@@ -1,6 +1,7 @@
 #include "imaging/decode/two_step_reader.h"
 
 #include "imaging/base/parallel.h"
+#include "imaging/base/row_strips.h"
 
 #include <algorithm>
 

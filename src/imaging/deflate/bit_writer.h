@@ -6,16 +6,17 @@
 
 namespace quarlin {
 
-/// Packs bits into bytes, lowest first, as deflate does. The room for them must be known beforehand, with
-/// eight bytes to spare.
+/// Packs bits into bytes, lowest bit first, as deflate does. The output must hold all of them and eight bytes
+/// more.
 class BitWriter {
 public:
-    explicit BitWriter(std::span<std::uint8_t> room) : m_begin(room.data()), m_next(room.data()) {}
+    explicit BitWriter(std::span<std::uint8_t> output) : m_begin(output.data()), m_next(output.data()) {}
 
-    /// Up to seven bits are held back until they fill a byte; this many more fit a word with them.
+    /// The most bits of one call. Up to seven earlier bits wait for their byte to fill; together they fit in
+    /// 64 bits.
     static constexpr int mostAtOnce = 56;
 
-    /// Adds the lowest `count` bits of `bits`, of which no others are set; at most `mostAtOnce`.
+    /// Appends the lowest `count` bits of `bits`, at most `mostAtOnce`. The other bits must be 0.
     void add(std::uint64_t bits, int count) {
         m_held |= bits << static_cast<unsigned>(m_heldCount);
         m_heldCount += count;
@@ -26,10 +27,10 @@ public:
         m_heldCount -= bytes * 8;
     }
 
-    /// Fills the last byte up with zeros.
+    /// Fills the last byte with zeros.
     void alignToByte() { add(0, (8 - m_heldCount) % 8); }
 
-    /// The bytes that are complete.
+    /// The number of complete bytes.
     std::size_t size() const { return static_cast<std::size_t>(m_next - m_begin); }
 
 private:

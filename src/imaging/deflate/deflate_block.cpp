@@ -8,7 +8,7 @@ namespace quarlin {
 
 namespace {
 
-/// Writes the two codes of a block as their lengths, which are themselves coded (RFC 1951, 3.2.7).
+/// Writes the two codes of a block: the lengths of their codes, which are coded themselves (RFC 1951, 3.2.7).
 void writeCodes(BitWriter& writer, const HuffmanCode& literals, const HuffmanCode& distances) {
     std::vector<std::uint8_t> lengths(literals.lengths);
     lengths.insert(lengths.end(), distances.lengths.begin(), distances.lengths.end());
@@ -34,8 +34,8 @@ void writeCodes(BitWriter& writer, const HuffmanCode& literals, const HuffmanCod
 
 }  // namespace
 
-DeflateBlock::DeflateBlock(SymbolCounts counts, std::span<std::uint8_t> room, bool isLast)
-    : m_writer(room), m_isLast(isLast) {
+DeflateBlock::DeflateBlock(SymbolCounts counts, std::span<std::uint8_t> output, bool isLast)
+    : m_writer(output), m_isLast(isLast) {
     counts.literals[endOfBlock] = 1;
     // One bit less than deflate allows, so that the four bytes of a pixel can be written at once.
     constexpr int longestLiteral = BitWriter::mostAtOnce / bytesPerPixel;
@@ -62,7 +62,7 @@ DeflateBlock::DeflateBlock(SymbolCounts counts, std::span<std::uint8_t> room, bo
 std::size_t DeflateBlock::finish() {
     m_writer.add(m_bytes[endOfBlock].bits, m_bytes[endOfBlock].count);
     if (!m_isLast) {
-        // An empty stored block brings the stream to a byte's edge.
+        // An empty stored block brings the stream to a byte boundary.
         m_writer.add(0, 3);
         m_writer.alignToByte();
         m_writer.add(0xFFFF'0000, 32);

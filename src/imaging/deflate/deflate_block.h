@@ -10,17 +10,17 @@
 
 namespace quarlin {
 
-/// What the coders of pixels have in common: the symbols of deflate (RFC 1951) and the writing of a block.
+/// What the coders of pixels share: the symbols of deflate (RFC 1951) and the writing of a block.
 
 inline constexpr std::size_t literalSymbols = 286;
 inline constexpr std::size_t distanceSymbols = 30;
 inline constexpr std::size_t endOfBlock = 256;
-/// The farthest that a match can refer back, in bytes.
+/// The largest distance of a match, in bytes.
 inline constexpr std::int64_t farthestMatch = 32768;
-/// The longest match in whole pixels.
+/// The longest match, in whole pixels.
 inline constexpr std::int64_t longestMatch = 64;
 
-/// The coders compare eight bytes at once, and so may read so many behind the last of them.
+/// The coders compare eight bytes at a time, so they may read this many bytes beyond the end of their input.
 inline constexpr std::size_t coderSpare = 8;
 
 struct DeflateSymbol {
@@ -64,17 +64,15 @@ struct SymbolCounts {
     }
 };
 
-/// Writes one deflate block with codes of its own, made for the symbols that it will hold. The block ends on
-/// a byte's edge, with nothing that a following block could refer to, and is the end of the stream when it is
-/// the last one.
+/// Writes one deflate block, with codes made for the symbols that it holds. The block ends on a byte
+/// boundary, so that blocks made independently can be joined. With `isLast` it ends the stream.
 class DeflateBlock {
 public:
-    /// `counts` must tell every byte and match that is going to be added.
-    DeflateBlock(SymbolCounts counts, std::span<std::uint8_t> room, bool isLast);
+    /// `counts` must count every byte and match that will be added. `output` has `sizeFor` bytes.
+    DeflateBlock(SymbolCounts counts, std::span<std::uint8_t> output, bool isLast);
 
-    /// The room that a block needs for so many bytes: no byte takes more than 15 bits, the codes themselves
-    /// less than 1 KiB.
-    static std::size_t roomFor(std::int64_t bytes) { return static_cast<std::size_t>(bytes) * 2 + 1024; }
+    /// The most that a block of `bytes` bytes takes: 15 bits for each, and less than 1 KiB for the codes.
+    static std::size_t sizeFor(std::int64_t bytes) { return static_cast<std::size_t>(bytes) * 2 + 1024; }
 
     void addByte(std::uint8_t byte) { m_writer.add(m_bytes[byte].bits, m_bytes[byte].count); }
 
@@ -85,7 +83,7 @@ public:
         m_writer.add(run.bits, run.count);
     }
 
-    /// What stood `distance` bytes before, `pixels` pixels long.
+    /// The same `pixels` pixels as those `distance` bytes before.
     void addMatch(std::size_t pixels, std::uint32_t distance) {
         const DeflateSymbol symbol = distanceSymbol(distance);
         Bits run = m_lengths[pixels];
@@ -101,7 +99,7 @@ private:
         std::uint16_t bits = 0;
         std::uint16_t count = 0;
     };
-    /// Codes that always go together.
+    /// Several codes, joined to be written at once.
     struct Bits {
         std::uint64_t bits = 0;
         int count = 0;

@@ -14,7 +14,7 @@ struct RowSums {
 
 RowSums sumsOf(const std::uint8_t* values, std::int64_t width) {
     RowSums sums;
-    // Short runs keep to 32 bits, so that many are added at once.
+    // Sums of short runs fit in 32 bits, so the compiler can add many values at once.
     constexpr std::int64_t run = 256;
     for (std::int64_t first = 0; first < width; first += run) {
         const auto count = static_cast<std::uint32_t>(std::min(run, width - first));
@@ -33,9 +33,10 @@ RowSums sumsOf(const std::uint8_t* values, std::int64_t width) {
 
 }  // namespace
 
-// Adler-32 (RFC 1950) is two sums: `low` of all bytes, and `high` of `low` after each of them. In a row of n
-// bytes, the byte at i counts n - i times towards `high`. A row is the filter's number, then for the pixel at
-// x three times its residual at 1 + 4x, and an alpha that is 0 but for the first pixel's.
+// Adler-32 (RFC 1950) is two sums modulo 65521: `low` is 1 plus all bytes, `high` is the sum of `low` after
+// each byte. So in a row of n bytes, byte i is counted n - i times in `high`. A row holds the filter's
+// number, then for the pixel at x its residual three times, from byte 1 + 4x on, and an alpha residual, which
+// is 0 for all but the first pixel.
 std::uint32_t grayAdler(const GrayResiduals& residuals) {
     constexpr std::uint64_t modulus = 65521;
     const auto size = static_cast<std::uint64_t>(residuals.width * bytesPerPixel + 1);

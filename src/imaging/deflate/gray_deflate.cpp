@@ -14,8 +14,9 @@ namespace {
 
 // ---- Tokens
 
-/// What the stream is made of: bytes, pixels and matches, packed into 32 bits: the match's length in pixels
-/// above (0 for none), and below it the distance in bytes less one, the pixel or the byte.
+/// A byte, a pixel or a match of the stream in 32 bits. Bit 31 is set for a byte. The bits from 16 on are the
+/// length of a match in pixels, 0 for none. The low 16 bits are the distance of the match in bytes, less one,
+/// or the pixel's residual, or the byte.
 using Token = std::uint32_t;
 constexpr Token payload = 0xFFFF;
 constexpr Token byteFlag = 0x8000'0000;
@@ -47,8 +48,8 @@ struct Tokens {
 
 // ---- Matching
 
-/// Finds, for each run of residuals, an earlier place where the same run stands: the latest place for runs of
-/// one, two, four and eight pixels each.
+/// Finds an earlier place with the same residuals as a given one. For every run of one, two, four and eight
+/// pixels it knows the latest place.
 class MatchFinder {
 public:
     explicit MatchFinder(const GrayResiduals& residuals) : m_residuals(residuals) {}
@@ -58,8 +59,8 @@ public:
         std::int64_t distance = 0;
     };
 
-    /// The match for the pixel at `place`, of at most `limit` pixels; none when nothing worth it is known.
-    /// `lastMatch` is how many pixels the match before it had: behind short ones, long ones are rare.
+    /// The match for the pixel at `place`, of at most `limit` pixels; an empty one if none is worth its bits.
+    /// `lastMatch` is the length of the match before it: after short ones, long ones are rare.
     Match find(std::int64_t place, std::int64_t limit, std::int64_t lastMatch) const {
         const std::uint8_t* values = m_residuals.values + place;
         constexpr std::int64_t promising = 3;
@@ -76,12 +77,12 @@ public:
         if (best.pixels < 1) {
             best = longest(m_singles[*values], place, limit);
         }
-        // Far distances take more bits than a single pixel's own bytes.
+        // A larger distance takes more bits than the pixel itself.
         constexpr std::int64_t nearEnoughForOne = 256;
         return best.pixels == 1 && best.distance > nearEnoughForOne ? Match{} : best;
     }
 
-    /// Makes the pixel at `place` known.
+    /// Enters the pixel at `place` as the latest.
     void insert(std::int64_t place) {
         const std::uint8_t* values = m_residuals.values + place;
         const auto low = static_cast<LowBits>(place);
@@ -92,8 +93,9 @@ public:
     }
 
 private:
-    /// Places are known by their low bits only, which is eight times as far as a match can reach. A stale one
-    /// points at other pixels, as a collision of hashes does.
+    /// The low bits of a place. They cover eight times the largest distance of a match. An entry may be older
+    /// than that, and then points at other pixels, as it does when hashes collide: every candidate is
+    /// compared.
     using LowBits = std::uint16_t;
     static constexpr unsigned hashBits = 15;
     template <std::size_t size>
@@ -104,7 +106,7 @@ private:
 
     static Match longerOf(Match left, Match right) { return right.pixels > left.pixels ? right : left; }
 
-    /// The match of `place` with the earlier place known by `low`, which does not leave that one's row.
+    /// The match of `place` with the earlier place that `low` gives, within the row of the earlier place.
     Match longest(LowBits low, std::int64_t place, std::int64_t limit) const {
         const auto back = static_cast<LowBits>(static_cast<LowBits>(place) - low);
         if (back == 0 || back * bytesPerPixel >= farthestMatch) {
@@ -131,8 +133,8 @@ private:
         const std::uint32_t column = static_cast<std::uint32_t>(candidate) - row * width;
         const std::uint32_t rowHere = static_cast<std::uint32_t>(place) / width;
         const std::int64_t distance = back * bytesPerPixel + rowHere - row;
-        // The first pixel of a row, whose alpha may differ, was never made known: only a place that is stale
-        // or was never set points there.
+        // The first pixel of a row is never entered, because its alpha may differ. Only an old or empty entry
+        // leads there.
         if (distance > farthestMatch || column == 0) {
             return {};
         }
@@ -154,7 +156,7 @@ Tokens tokenize(const GrayResiduals& residuals) {
         const auto index = static_cast<std::size_t>(row);
         const std::int64_t first = row * residuals.width;
         const std::int64_t end = first + residuals.width;
-        // The first pixel's alpha may be left over by the filter: its bytes go as they are.
+        // The first pixel's alpha residual may not be 0, so its bytes are written one by one.
         result.addByte(residuals.filters[index]);
         for (const std::uint8_t byte : {residuals.values[first], residuals.values[first],
                                         residuals.values[first], residuals.firstAlphas[index]}) {
@@ -183,7 +185,7 @@ Tokens tokenize(const GrayResiduals& residuals) {
 
 PixelBuffer deflateGray(const GrayResiduals& residuals, bool isLast) {
     const Tokens tokens = tokenize(residuals);
-    PixelBuffer output(DeflateBlock::roomFor(residuals.bytes()));
+    PixelBuffer output(DeflateBlock::sizeFor(residuals.bytes()));
     DeflateBlock block(tokens.counts, output, isLast);
     for (const Token token : tokens.tokens) {
         const Token value = token & payload;

@@ -8,28 +8,27 @@
 
 namespace quarlin {
 
-/// Rows of filtered gray pixels as they stand in an opaque RGBA PNG: for each row the filter's number, and
-/// for each pixel one residual, which the red, green and blue bytes share.
+/// Rows of filtered gray pixels of an opaque RGBA PNG: for each row the filter's number, and for each pixel
+/// one residual, which its red, green and blue bytes share.
 struct GrayResiduals {
     std::int64_t width = 0;
     std::int64_t rows = 0;
     /// `rows` filter numbers.
     std::span<const std::uint8_t> filters;
-    /// What the filters leave of the first pixels' alpha, `rows` bytes; that of all other pixels is 0.
+    /// The alpha residual of the first pixel of each row, `rows` bytes. That of every other pixel is 0.
     std::span<const std::uint8_t> firstAlphas;
-    /// `rows * width` residuals, with `coderSpare` bytes behind them.
+    /// `rows * width` residuals, followed by `coderSpare` readable bytes.
     const std::uint8_t* values = nullptr;
 
     std::int64_t bytes() const { return rows * (width * bytesPerPixel + 1); }
 };
 
-/// Deflates the byte stream that the residuals stand for, `bytes()` bytes, and returns it. A general
-/// compressor sees four times as many places to look for matches; this one works in whole pixels, and so has
-/// the time to look for longer matches. The stream ends on a byte's edge, with nothing that following data
-/// could refer to, and is the end of the whole stream when `isLast`.
+/// Deflates the `bytes()` bytes of the rows that the residuals describe, to one `DeflateBlock`, the last of
+/// the stream when `isLast`. A general compressor looks for matches at every byte. This one does so at every
+/// pixel only, a quarter as many places, and spends the time on longer matches.
 PixelBuffer deflateGray(const GrayResiduals& residuals, bool isLast);
 
-/// The Adler-32 checksum of that byte stream, from the residuals themselves.
+/// The Adler-32 checksum of the same bytes.
 std::uint32_t grayAdler(const GrayResiduals& residuals);
 
 }  // namespace quarlin

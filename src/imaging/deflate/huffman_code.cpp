@@ -12,9 +12,9 @@ constexpr std::size_t longestPossible = 15;
 /// How many codes there are of each length.
 using LengthCounts = std::array<std::uint32_t, longestPossible + 1>;
 
-/// The depths of the leaves of a Huffman tree over `weights`, which ascend, counted by depth; depths above
-/// `longest` count as `longest`. The tree is built in place with two queues: leaves not yet taken, and inner
-/// nodes in the order of their making, which is the order of their weights.
+/// Builds the Huffman tree of leaves with these `weights`, which ascend, and counts the leaves at each depth;
+/// those deeper than `longest` count as `longest`. Two queues give the lightest node: the leaves not yet
+/// taken, and the inner nodes in the order in which they were made, which is the order of their weights.
 LengthCounts countDepths(const std::vector<std::uint32_t>& weights, std::size_t longest) {
     const std::size_t leaves = weights.size();
     std::vector<std::uint64_t> nodeWeights;
@@ -47,8 +47,9 @@ LengthCounts countDepths(const std::vector<std::uint32_t>& weights, std::size_t 
     return counts;
 }
 
-/// Shortening codes to `longest` bits leaves too many of them. One code less of that length, and two instead
-/// of one a bit shorter, frees one at a time until they fit.
+/// Codes that were shortened to `longest` bits exceed the code space. Each step frees the space of one code
+/// of that length: its symbol joins the one with the longest shorter code, and both get codes one bit longer
+/// than that one.
 void makeFit(LengthCounts& counts, std::size_t longest) {
     std::uint32_t used = 0;
     for (std::size_t length = 1; length <= longest; ++length) {

@@ -16,7 +16,7 @@ InflateStream::InflateStream(Pieces pieces)
 
 InflateStream::~InflateStream() = default;
 
-/// Goes on as far as the piece at hand and the room for output allow. False when that gets nowhere.
+/// Inflates as far as the current piece and the output allow. False for an error or no progress.
 bool InflateStream::advance() {
     while (m_state->avail_in == 0 && m_next != m_pieces.cend()) {
         // The library reads through this pointer only.
@@ -24,7 +24,7 @@ bool InflateStream::advance() {
         m_state->avail_in = static_cast<std::uint32_t>(m_next->size());
         ++m_next;
     }
-    // The library may hold bits back, so that a step need not show in input or output.
+    // The library buffers bits, so progress may show in neither input nor output.
     const auto place = [this] {
         return std::tuple(m_state->avail_in, m_state->avail_out, m_state->block_state,
                           m_state->read_in_length);
@@ -53,7 +53,7 @@ bool InflateStream::hasEnded() {
             return false;
         }
     }
-    // The library may hold back the bits that filled up the stream's last byte, but no whole byte.
+    // The library may have buffered the bits that pad the last byte of the stream, but no whole byte.
     return m_state->avail_out == 1 && m_state->avail_in == 0 && m_state->read_in_length < 8 &&
            std::all_of(m_next, m_pieces.cend(), [](QByteArrayView piece) { return piece.isEmpty(); });
 }

@@ -11,21 +11,21 @@ struct inflate_state;
 
 namespace quarlin {
 
-/// Inflates a zlib stream that stands in several pieces, as much at a time as is asked for.
+/// Inflates a zlib stream that is cut into several pieces, as many bytes at a time as the caller asks for.
 class InflateStream {
 public:
     using Pieces = std::vector<QByteArrayView>;
 
-    /// The bytes that `pieces` view must outlive the stream.
+    /// The bytes of `pieces` must outlive the stream.
     explicit InflateStream(Pieces pieces);
     ~InflateStream();
     InflateStream(const InflateStream&) = delete;
     InflateStream& operator=(const InflateStream&) = delete;
 
-    /// Fills `output` with what comes next; false when the stream is damaged or has less left.
+    /// Fills `output` with the next bytes. False when the stream is damaged or has fewer left.
     bool read(std::span<std::uint8_t> output);
 
-    /// Whether nothing is left but the stream's own end with the right checksum, and no byte behind it.
+    /// Whether only the end of the stream is left, with a correct checksum and no byte after it.
     bool hasEnded();
 
 private:

@@ -5,7 +5,7 @@
 
 namespace quarlin {
 
-/// The bytes at any place as one number.
+/// The bytes at `place`, which need not be aligned, as one number.
 template <typename Word>
 Word loadWord(const std::uint8_t* place) {
     Word word;

@@ -12,25 +12,26 @@ namespace quarlin {
 
 namespace {
 
-/// A run of pixels that go as they are, and the match behind it; the last one of a row has none.
+/// A run of pixels without a match, and the match that follows; none at the end of a row.
 struct Sequence {
     std::uint32_t literals = 0;
     std::uint16_t matched = 0;
     std::uint16_t distanceLessOne = 0;
 };
 
-/// The shortest match in pixels. Shorter ones cost about what the pixels themselves do.
+/// The shortest match, in pixels. A shorter one takes about as many bits as its pixels.
 constexpr std::int64_t shortestMatch = 3;
 constexpr std::int64_t shortestBytes = shortestMatch * bytesPerPixel;
 
-/// Remembers for each run of three pixels where it stood last.
+/// Knows the latest place of each run of three pixels.
 class LatestPlaces {
 public:
     explicit LatestPlaces(const std::uint8_t* begin) : m_begin(begin) {}
 
-    /// Makes the run at `place` known and returns where the same run may have stood before: the distance in
-    /// bytes, or 0 for nowhere. Places are known by their low 16 bits only, which is twice as far as a match
-    /// can reach; a stale one points at other bytes, as a collision of hashes does.
+    /// Enters the run at `place` and returns the distance in bytes to an earlier run that may be the same, or
+    /// 0 for none. Only the low 16 bits of places are kept, which cover twice the largest distance of a
+    /// match. An older entry points at other bytes, as it does when hashes collide, so the runs have to be
+    /// compared.
     std::uint32_t replace(const std::uint8_t* place) {
         std::uint16_t& latest = m_latest[hash(place)];
         const auto here = static_cast<std::uint16_t>(place - m_begin);
@@ -57,7 +58,7 @@ bool isSameRun(const std::uint8_t* left, const std::uint8_t* right) {
            loadWord<std::uint32_t>(left + 8) == loadWord<std::uint32_t>(right + 8);
 }
 
-/// How many pixels are the same from `here` and `there` on, of which the shortest match is known to be.
+/// How many pixels are the same from `here` and `there` on, at most `limit`. The first `shortestMatch` are.
 std::int64_t matchLength(const std::uint8_t* here, const std::uint8_t* there, std::int64_t limit) {
     std::int64_t pixels = shortestMatch;
     while (pixels < limit) {
@@ -94,7 +95,7 @@ public:
 
 private:
     void addRow(const std::uint8_t* place, const std::uint8_t* end) {
-        // In noise, where one run after the other is new, ever fewer of them are looked up.
+        // In noise, where run after run is new, fewer and fewer of them are looked up.
         constexpr unsigned missesPerStep = 16;
         unsigned misses = 0;
         const std::uint8_t* literals = place;
@@ -115,7 +116,7 @@ private:
         addSequence(literals, end, 0, 0);
     }
 
-    /// Makes runs within a match known.
+    /// Enters the runs inside a match.
     void remember(const std::uint8_t* begin, const std::uint8_t* end) {
         for (const std::uint8_t* place = begin; place < end; place += bytesPerPixel) {
             m_latest.replace(place);
@@ -127,7 +128,7 @@ private:
         m_sequences.push_back({static_cast<std::uint32_t>((end - literals) / bytesPerPixel),
                                static_cast<std::uint16_t>(matched),
                                static_cast<std::uint16_t>(distance - (matched > 0 ? 1 : 0))});
-        // A counter for each channel: the same one twice in a row would have to wait for itself.
+        // Counters per channel: incrementing the same counter twice in a row would wait for the first write.
         for (const std::uint8_t* pixel = literals; pixel < end; pixel += bytesPerPixel) {
             ++m_red[pixel[0]];
             ++m_green[pixel[1]];
@@ -154,7 +155,7 @@ private:
 
 PixelBuffer deflatePixels(const FilteredRows& filtered, bool isLast) {
     const Sequencer found(filtered);
-    PixelBuffer output(DeflateBlock::roomFor(filtered.bytes()));
+    PixelBuffer output(DeflateBlock::sizeFor(filtered.bytes()));
     DeflateBlock block(found.counts(), output, isLast);
     auto next = found.sequences().begin();
     const std::uint8_t* place = filtered.data;

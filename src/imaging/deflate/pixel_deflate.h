@@ -7,21 +7,20 @@
 
 namespace quarlin {
 
-/// Filtered rows as they stand in an RGBA PNG: each row the filter's number and then its pixels' residuals,
-/// four bytes a pixel.
+/// Filtered rows of an RGBA PNG: for each row the filter's number, then the residuals of its pixels, four
+/// bytes each.
 struct FilteredRows {
     std::int64_t width = 0;
     std::int64_t rows = 0;
-    /// `bytes()` bytes, with `coderSpare` more behind them.
+    /// `bytes()` bytes, followed by `coderSpare` readable ones.
     const std::uint8_t* data = nullptr;
 
     std::int64_t bytes() const { return rows * (width * bytesPerPixel + 1); }
 };
 
-/// Deflates filtered rows and returns the stream. Matches begin at a pixel and are whole pixels long, at
-/// least three of them: what pays for itself in pictures, at a fraction of the places that a general
-/// compressor looks at. The stream ends on a byte's edge, with nothing that following data could refer to,
-/// and is the end of the whole stream when `isLast`.
+/// Deflates filtered rows to one `DeflateBlock`, the last of the stream when `isLast`. Matches begin at a
+/// pixel and are at least three whole pixels long: in pictures, other matches are not worth the time to look
+/// for them.
 PixelBuffer deflatePixels(const FilteredRows& filtered, bool isLast);
 
 }  // namespace quarlin

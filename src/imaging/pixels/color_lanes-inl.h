@@ -1,5 +1,5 @@
-// Colors of several pixels side by side, for the files that are compiled once for every instruction set: it
-// is included anew for each of them.
+// Vectors of the colors of several pixels, for files that are compiled once per instruction set. They include
+// this file once for each.
 
 #if defined(QUARLIN_COLOR_LANES_INL_H) == defined(HWY_TARGET_TOGGLE)
 #ifdef QUARLIN_COLOR_LANES_INL_H
@@ -25,14 +25,14 @@ using Integers = hn::Rebind<std::int32_t, Doubles>;
 using Double = hn::Vec<Doubles>;
 using Integer = hn::Vec<Integers>;
 
-/// Three color components of as many pixels as a vector has lanes.
+/// The three color components of several pixels, one per lane.
 struct Color {
     Double red, green, blue;
 };
 
 HWY_INLINE HWY_ATTR Double number(double value) { return hn::Set(Doubles(), value); }
 
-/// Reads pixels as components of 0...255.
+/// Reads the components of pixels, 0...255.
 HWY_INLINE HWY_ATTR Color loadColor(const std::uint8_t* pixels) {
     const Integers integers;
     const Doubles doubles;
@@ -50,7 +50,7 @@ HWY_INLINE HWY_ATTR Double luminance(const Color& color) {
     return hn::Add(redAndGreen, hn::Mul(color.blue, number(luminanceWeights[2])));
 }
 
-/// Opaque pixels of these components, each of 0...255.
+/// Opaque pixels with these components, each in 0...255.
 HWY_INLINE HWY_ATTR Integer packed(Integer red, Integer green, Integer blue) {
     const Integer opaque = hn::Set(Integers(), static_cast<std::int32_t>(0xFF000000U));
     return hn::Or(hn::Or(red, hn::ShiftLeft<8>(green)), hn::Or(hn::ShiftLeft<16>(blue), opaque));

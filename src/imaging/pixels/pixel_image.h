@@ -1,5 +1,7 @@
 #pragma once
 
+#include "imaging/base/pixel_size.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -9,8 +11,8 @@
 
 namespace quarlin {
 
-/// The standard allocator, except that elements made without a value stay uninitialized, so that a buffer
-/// that is written in full anyway is not cleared first.
+/// The standard allocator, except that elements without a value stay uninitialized: a buffer that will be
+/// overwritten is not cleared first.
 template <typename T>
 struct UninitializedAllocator : std::allocator<T> {
     template <typename U>
@@ -31,26 +33,21 @@ struct UninitializedAllocator : std::allocator<T> {
 /// Bytes of pixels. `PixelBuffer(n)` is uninitialized, `PixelBuffer(n, value)` is filled.
 using PixelBuffer = std::vector<std::uint8_t, UninitializedAllocator<std::uint8_t>>;
 
-/// The form of every image that the engine computes with.
+/// The image that all computations work on.
 struct PixelImage {
     /// Pixels per row.
     std::int64_t width = 0;
     /// Rows.
     std::int64_t height = 0;
-    /// `width * height * 4` bytes: rows from the top, four bytes a pixel in the order R, G, B, A, 8-bit sRGB
-    /// with premultiplied alpha.
+    /// `width * height * 4` bytes: rows from the top, four bytes per pixel in the order R, G, B, A, 8-bit
+    /// sRGB with premultiplied alpha.
     PixelBuffer pixels;
 
     bool operator==(const PixelImage&) const = default;
 };
 
-/// Bytes of a pixel.
+/// The bytes of a pixel.
 inline constexpr std::int64_t bytesPerPixel = 4;
-
-/// The number of pixels of a `width` x `height` image, as containers count.
-constexpr std::size_t pixelCount(std::int64_t width, std::int64_t height) {
-    return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-}
 
 /// An image whose every byte is 255.
 inline PixelImage opaqueWhite(std::int64_t width, std::int64_t height) {

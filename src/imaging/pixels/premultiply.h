@@ -11,7 +11,7 @@ constexpr std::uint8_t premultiplied(std::uint8_t color, std::uint8_t alpha) {
 }
 
 /// `color * 255 / alpha`, rounded to the nearest integer: the straight color whose premultiplied form is
-/// `color`. A color above its alpha counts as its alpha; nothing is left of the color where alpha is 0.
+/// `color`. A color above its alpha gives 255; alpha 0 gives 0.
 constexpr std::uint8_t unpremultiplied(std::uint8_t color, std::uint8_t alpha) {
     if (color >= alpha) {
         return alpha == 0 ? std::uint8_t{0} : std::uint8_t{255};

@@ -1,6 +1,7 @@
 #include "imaging/pixels/resample.h"
 
 #include "imaging/base/parallel.h"
+#include "imaging/base/row_strips.h"
 #include "imaging/pixels/resample_rows.h"
 
 #include <algorithm>
@@ -26,8 +27,8 @@ double lanczos(double x) {
     return lobes * std::sin(angle) * std::sin(angle / lobes) / (angle * angle);
 }
 
-/// Rounds the weights to whole units that add up to exactly 1. What rounding leaves over goes to the largest
-/// weights, half to each end's when two are equal, so that a symmetrical filter stays symmetrical.
+/// Rounds the weights to whole units that add up to exactly 1. The rounding error goes to the largest weight,
+/// half to each where there are two, so that a symmetrical filter stays symmetrical.
 void quantize(std::vector<double>& weights) {
     double sum = 0.0;
     for (const double weight : weights) {
@@ -49,10 +50,10 @@ void quantize(std::vector<double>& weights) {
     }
 }
 
-/// Rounds a row of sums to pixels, keeping every color at or below its alpha. Beside an edge the filter
-/// overshoots; where alpha can't follow, the colors are held back with it, or the inside of a cut-out would
-/// shine along its edge.
-void storeRow(std::span<const double> sums, std::uint8_t* output) {
+/// Rounds a row of sums to pixels and keeps every color at or below its alpha. The filter overshoots next to
+/// an edge. Where alpha is clamped to 255, the colors are scaled down with it; otherwise a cut-out would have
+/// a bright rim.
+void convertRow(std::span<const double> sums, std::uint8_t* output) {
     const auto toByte = [](double sum, double largest) {
         return static_cast<std::uint8_t>(std::max(0.0, std::min(largest, std::floor(sum + 0.5))));
     };
@@ -67,7 +68,7 @@ void storeRow(std::span<const double> sums, std::uint8_t* output) {
     }
 }
 
-/// Gives the horizontally filtered rows of an image, keeping those that the next output rows need again.
+/// The horizontally filtered rows of an image. Keeps those that the next output rows need again.
 class ColumnFilteredRows {
 public:
     ColumnFilteredRows(const ImageView& source, std::span<const FilterTaps> columns, std::size_t capacity)
@@ -78,7 +79,7 @@ public:
           m_rows(capacity * m_rowLength),
           m_held(capacity, -1) {}
 
-    /// Row `y`; valid until `capacity` further rows have been asked for.
+    /// Row `y`, valid until `capacity` more rows have been read.
     const float* row(std::int64_t y) {
         const std::size_t place = static_cast<std::size_t>(y) % m_held.size();
         float* row = m_rows.data() + place * m_rowLength;
@@ -107,7 +108,7 @@ std::vector<FilterTaps> lanczosTaps(std::int64_t inputSize, std::int64_t outputS
     std::vector<FilterTaps> all(static_cast<std::size_t>(outputSize));
     // The second half mirrors the first, to the bit.
     for (std::int64_t index = 0; index < (outputSize + 1) / 2; ++index) {
-        // Sample i covers i...i + 1, its center lies at i + 0.5, in the input as in the output.
+        // Sample i covers i...i + 1, with its center at i + 0.5, in the input and the output.
         const double center =
             static_cast<double>((2 * index + 1) * inputSize) / (2.0 * static_cast<double>(outputSize));
         const auto first =
@@ -155,7 +156,7 @@ void resample(const ImageView& source, std::int64_t width, std::int64_t height,
                     sums[index] += weight * static_cast<double>(row[index]);
                 }
             }
-            storeRow(sums, output.data() + y * width * bytesPerPixel);
+            convertRow(sums, output.data() + y * width * bytesPerPixel);
         }
     });
 }

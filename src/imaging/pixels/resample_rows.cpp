@@ -15,7 +15,7 @@
 #define QUARLIN_RESAMPLE_UNIT
 namespace quarlin {
 
-/// What results are multiples of.
+/// Results are multiples of this.
 inline constexpr double sampleUnit = 1.0 / (1 << 14);
 
 }  // namespace quarlin
@@ -26,7 +26,7 @@ namespace quarlin::HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
 
-/// The values of one pixel, or as many of them as a vector holds.
+/// The values of one pixel, or fewer where a vector cannot hold four.
 using Values = hn::CappedTag<double, bytesPerPixel>;
 using Value = hn::Vec<Values>;
 
@@ -46,7 +46,7 @@ HWY_INLINE HWY_ATTR Value weighted(double weight, const double* sample) {
     return hn::Mul(hn::Set(Values(), weight), hn::LoadU(Values(), sample));
 }
 
-/// Four sums at a time, as each addition has to wait for the one before it.
+/// Keeps four sums, because an addition to the same sum waits for the one before.
 HWY_INLINE HWY_ATTR Value sumOf(std::span<const double> weights, const double* sample) {
     const Values values;
     Value first = hn::Zero(values);

@@ -7,10 +7,9 @@
 
 namespace quarlin {
 
-/// Filters one row of `taps.size()` output pixels out of a row of input pixels, four values each. Weights and
-/// results are whole multiples of small powers of two, so that every sum is exact and may be added in any
-/// order: the result is the same on every instruction set. `wide` is room for four numbers for each input
-/// pixel.
+/// Makes one row of `taps.size()` output pixels from a row of input pixels, four values each. Weights and
+/// results are multiples of small powers of two, so every sum is exact in any order: the result is the same
+/// on every instruction set. `wide` is scratch space, four numbers per input pixel.
 void filterPixelRow(const std::uint8_t* input, std::span<const FilterTaps> taps, std::span<double> wide,
                     float* output);
 

@@ -22,14 +22,14 @@ HWY_INLINE HWY_ATTR Byte absoluteDifference(Byte left, Byte right) {
     return hn::Or(hn::SaturatedSub(left, right), hn::SaturatedSub(right, left));
 }
 
-/// Half the sum, rounded down; the instruction rounds up.
+/// Half the sum, rounded down. `AverageRound` rounds up.
 HWY_INLINE HWY_ATTR Byte average(Byte left, Byte up) {
     return hn::Sub(hn::AverageRound(left, up), hn::And(hn::Xor(left, up), hn::Set(Bytes(), std::uint8_t{1})));
 }
 
-/// The Paeth predictor: of left, up and up-left the one nearest to left + up - upLeft. Its three distances
-/// need nine bits; where the first two point the same way the third is their sum, never the smallest, and
-/// saturates.
+/// The Paeth predictor: left, up or up-left, whichever is nearest to left + up - upLeft. The distance from
+/// up-left can need nine bits: it is the sum of the other two distances where these have the same sign. It
+/// may saturate there: it is still no smaller than either.
 HWY_INLINE HWY_ATTR Byte paeth(Byte left, Byte up, Byte upLeft) {
     const Byte fromLeft = absoluteDifference(up, upLeft);
     const Byte fromUp = absoluteDifference(left, upLeft);
@@ -42,7 +42,8 @@ HWY_INLINE HWY_ATTR Byte paeth(Byte left, Byte up, Byte upLeft) {
     return hn::IfThenElse(hn::Eq(hn::Min(fromLeft, least), fromLeft), left, vertical);
 }
 
-/// Filters as many whole vectors from byte `pixelSize` on as the row holds; returns where the rest begins.
+/// Filters as many whole vectors as the row holds from byte `pixelSize` on. Returns the first byte that is
+/// left.
 template <typename Predict>
 HWY_INLINE HWY_ATTR std::size_t filterVectors(std::size_t pixelSize, std::span<const std::uint8_t> row,
                                               const std::uint8_t* above, std::uint8_t* residuals,
@@ -122,7 +123,7 @@ unsigned prediction(PngFilter filter, std::uint8_t left, std::uint8_t up, std::u
 void filterBytes(PngFilter filter, std::size_t pixelSize, std::span<const std::uint8_t> row,
                  const std::uint8_t* above, std::uint8_t* residuals, std::size_t first, std::size_t end) {
     for (std::size_t index = first; index < end; ++index) {
-        // There is nothing to the left of the first pixel.
+        // The first pixel has no neighbor to the left.
         const bool isFirst = index < pixelSize;
         const std::uint8_t left = isFirst ? std::uint8_t{0} : row[index - pixelSize];
         const std::uint8_t upLeft = isFirst ? std::uint8_t{0} : above[index - pixelSize];

@@ -20,9 +20,9 @@ namespace quarlin {
 
 namespace {
 
-/// What a strip should hold before compression: large enough to compress as well as the whole would, small
+/// The size of a strip before compression: large enough to compress as well as the whole image would, small
 /// enough to keep every core busy.
-constexpr std::int64_t stripBytes = std::int64_t{1} << 20;
+constexpr std::int64_t bytesPerStrip = std::int64_t{1} << 20;
 
 /// A chunk of the PNG standard: length, type, data, checksum of type and data.
 QByteArray makeChunk(const char* type, QByteArrayView data) {
@@ -44,7 +44,7 @@ QByteArray bigEndian(Value value) {
     return bytes;
 }
 
-/// Room for `size` bytes and those to spare that the coders may read behind them.
+/// A buffer for `size` bytes, followed by those that the coders may read beyond them.
 PixelBuffer withSpare(std::size_t size) {
     PixelBuffer buffer(size + coderSpare);
     std::fill(buffer.begin() + static_cast<std::ptrdiff_t>(size), buffer.end(), std::uint8_t{0});
@@ -53,7 +53,7 @@ PixelBuffer withSpare(std::size_t size) {
 
 bool isOpaque(std::span<const std::uint8_t> row) {
     std::uint8_t all = 255;
-    for (std::size_t index = 3; index < row.size(); index += 4) {
+    for (std::size_t index = 3; index < row.size(); index += bytesPerPixel) {
         all = static_cast<std::uint8_t>(all & row[index]);
     }
     return all == 255;
@@ -74,9 +74,10 @@ const std::array<std::array<std::uint8_t, 256>, 256>& straightColors() {
     return table;
 }
 
-void storeStraight(std::span<const std::uint8_t> row, std::uint8_t* output) {
+/// Converts a row to straight alpha.
+void convertToStraight(std::span<const std::uint8_t> row, std::uint8_t* output) {
     const auto& table = straightColors();
-    for (std::size_t index = 0; index < row.size(); index += 4) {
+    for (std::size_t index = 0; index < row.size(); index += bytesPerPixel) {
         const auto& colors = table[row[index + 3]];
         output[index] = colors[row[index]];
         output[index + 1] = colors[row[index + 1]];
@@ -85,20 +86,20 @@ void storeStraight(std::span<const std::uint8_t> row, std::uint8_t* output) {
     }
 }
 
-/// Gives the rows of a strip with straight alpha; an opaque row is given as it stands.
+/// The rows of a strip with straight alpha. Opaque rows need no conversion.
 class StraightRows {
 public:
     StraightRows(const std::uint8_t* rows, std::size_t rowSize)
         : m_rows(rows), m_rowSize(rowSize), m_buffers{PixelBuffer(rowSize), PixelBuffer(rowSize)} {}
 
-    /// Row `index`; valid until the row after the next is asked for.
+    /// Row `index`, valid until the row after the next one is read.
     std::span<const std::uint8_t> row(std::int64_t index) {
         const std::span row(m_rows + static_cast<std::size_t>(index) * m_rowSize, m_rowSize);
         if (isOpaque(row)) {
             return row;
         }
         PixelBuffer& buffer = m_buffers[static_cast<std::size_t>(index % 2)];
-        storeStraight(row, buffer.data());
+        convertToStraight(row, buffer.data());
         return buffer;
     }
 
@@ -108,13 +109,13 @@ private:
     std::array<PixelBuffer, 2> m_buffers;
 };
 
-/// Filters the rows of a strip one after the other. Rows next to each other ask for the same filter: it is
-/// chosen anew only every few rows. The first row has none above that it could refer to.
+/// Filters the rows of a strip, from the top. The same filter suits neighboring rows, so it is chosen once
+/// for several rows. The first row of a strip cannot refer to a row above.
 class RowFilter {
 public:
     RowFilter(std::size_t pixelSize, std::size_t rowSize) : m_pixelSize(pixelSize), m_scratch(rowSize) {}
 
-    /// Writes the residuals of the next row, which must stay in place until the row after it is done.
+    /// Writes the residuals of the next row. `row` must stay valid until the row after it is filtered.
     PngFilter apply(std::span<const std::uint8_t> row, std::span<std::uint8_t> residuals) {
         constexpr std::int64_t rowsPerChoice = 8;
         if (m_count++ % rowsPerChoice == 1) {
@@ -135,7 +136,7 @@ private:
 };
 
 bool isOpaqueGray(std::span<const std::uint8_t> pixels) {
-    for (std::size_t index = 0; index < pixels.size(); index += 4) {
+    for (std::size_t index = 0; index < pixels.size(); index += bytesPerPixel) {
         if (pixels[index] != pixels[index + 1] || pixels[index] != pixels[index + 2] ||
             pixels[index + 3] != 255) {
             return false;
@@ -145,14 +146,14 @@ bool isOpaqueGray(std::span<const std::uint8_t> pixels) {
 }
 
 PixelBuffer grayOf(std::span<const std::uint8_t> pixels) {
-    PixelBuffer gray(pixels.size() / 4);
+    PixelBuffer gray(pixels.size() / bytesPerPixel);
     for (std::size_t index = 0; index < gray.size(); ++index) {
-        gray[index] = pixels[index * 4];
+        gray[index] = pixels[index * bytesPerPixel];
     }
     return gray;
 }
 
-/// What a filter leaves of the alpha of an opaque row's first pixel: there is 0 to its left and 255 above.
+/// The alpha residual of the first pixel of an opaque row: the alpha to its left is 0, the one above 255.
 std::uint8_t firstAlphaResidual(PngFilter filter) {
     switch (filter) {
         case PngFilter::none:
@@ -172,11 +173,15 @@ std::uint8_t firstAlphaResidual(PngFilter filter) {
 PngEncoder::PngEncoder(std::int64_t width, std::int64_t height)
     : m_width(width),
       m_height(height),
-      m_rowsPerStrip(std::clamp<std::int64_t>(stripBytes / (width * bytesPerPixel), 1, height)),
-      m_strips(static_cast<std::size_t>(strips().count())) {}
+      m_strips(stripsOf(width, height)),
+      m_encoded(static_cast<std::size_t>(m_strips.count())) {}
+
+RowStrips PngEncoder::stripsOf(std::int64_t width, std::int64_t height) {
+    return {height, std::clamp<std::int64_t>(bytesPerStrip / (width * bytesPerPixel), 1, height)};
+}
 
 void PngEncoder::encodeStrip(std::int64_t strip, const std::uint8_t* rows) {
-    const std::int64_t rowCount = strips()[strip].count;
+    const std::int64_t rowCount = m_strips[strip].count;
     const auto rowSize = static_cast<std::size_t>(m_width * bytesPerPixel);
     const std::span pixels(rows, static_cast<std::size_t>(rowCount) * rowSize);
     if (isOpaqueGray(pixels)) {
@@ -192,13 +197,12 @@ void PngEncoder::encodeStrip(std::int64_t strip, const std::uint8_t* rows) {
         *place = static_cast<std::uint8_t>(filter.apply(straight.row(index), {place + 1, rowSize}));
     }
     const FilteredRows filteredRows{m_width, rowCount, filtered.data()};
-    const PixelBuffer deflated = deflatePixels(filteredRows, isLast(strip));
-    storeStrip(strip, {deflated.data(), static_cast<qsizetype>(deflated.size())},
-               isal_adler32(1, filtered.data(), static_cast<std::uint64_t>(filteredRows.bytes())));
+    keep(strip, deflatePixels(filteredRows, isLast(strip)),
+         isal_adler32(1, filtered.data(), static_cast<std::uint64_t>(filteredRows.bytes())));
 }
 
 void PngEncoder::encodeGrayStrip(std::int64_t strip, const std::uint8_t* gray) {
-    const std::int64_t rowCount = strips()[strip].count;
+    const std::int64_t rowCount = m_strips[strip].count;
     const auto width = static_cast<std::size_t>(m_width);
     PixelBuffer values = withSpare(static_cast<std::size_t>(rowCount) * width);
     PixelBuffer filters(static_cast<std::size_t>(rowCount));
@@ -211,18 +215,18 @@ void PngEncoder::encodeGrayStrip(std::int64_t strip, const std::uint8_t* gray) {
         firstAlphas[index] = firstAlphaResidual(chosen);
     }
     const GrayResiduals residuals{m_width, rowCount, filters, firstAlphas, values.data()};
-    const PixelBuffer deflated = deflateGray(residuals, isLast(strip));
-    storeStrip(strip, {deflated.data(), static_cast<qsizetype>(deflated.size())}, grayAdler(residuals));
+    keep(strip, deflateGray(residuals, isLast(strip)), grayAdler(residuals));
 }
 
-void PngEncoder::storeStrip(std::int64_t strip, QByteArrayView deflated, std::uint32_t adler) {
-    m_strips[static_cast<std::size_t>(strip)] = {.chunk = makeChunk("IDAT", deflated), .adler = adler};
+void PngEncoder::keep(std::int64_t strip, const PixelBuffer& deflated, std::uint32_t adler) {
+    const QByteArrayView data(deflated.data(), static_cast<qsizetype>(deflated.size()));
+    m_encoded[static_cast<std::size_t>(strip)] = {.chunk = makeChunk("IDAT", data), .adler = adler};
 }
 
 QByteArray PngEncoder::beginning() const {
     constexpr std::array<char, 5> eightBitRGBA{8, 6, 0, 0, 0};
     constexpr char perceptualIntent = 0;
-    // "Deflate with a 32 KiB window, fast": what a zlib stream begins with.
+    // The header of a zlib stream: deflate, a window of 32 KiB, compressed fast.
     constexpr std::array<char, 2> zlibHeader{'\x78', '\x5E'};
 
     const QByteArray header = bigEndian(static_cast<quint32>(m_width)) +
@@ -235,9 +239,9 @@ QByteArray PngEncoder::beginning() const {
 
 QByteArray PngEncoder::ending() const {
     uLong adler = adler32(0, nullptr, 0);
-    for (std::int64_t index = 0; index < strips().count(); ++index) {
-        const std::int64_t size = strips()[index].count * (m_width * bytesPerPixel + 1);
-        adler = adler32_combine(adler, m_strips[static_cast<std::size_t>(index)].adler,
+    for (std::int64_t strip = 0; strip < m_strips.count(); ++strip) {
+        const std::int64_t size = m_strips[strip].count * (m_width * bytesPerPixel + 1);
+        adler = adler32_combine(adler, m_encoded[static_cast<std::size_t>(strip)].adler,
                                 static_cast<z_off_t>(size));
     }
     return makeChunk("IDAT", bigEndian(static_cast<quint32>(adler))) + makeChunk("IEND", {});

@@ -1,5 +1,6 @@
 #include "imaging/png/png_file.h"
 
+#include "imaging/base/parallel.h"
 #include "imaging/files/file_error.h"
 #include "imaging/files/file_names.h"
 
@@ -72,33 +73,32 @@ PngFileSet::PngFileSet(QUrl folder, std::int64_t width, std::int64_t height)
     : m_folder(std::move(folder)), m_width(width), m_height(height) {}
 
 PngFile& PngFileSet::add(const QString& name) {
-    m_names += name;
-    return m_files.emplace_back(m_width, m_height, fileIn(m_folder, name));
+    return m_files.emplace_back(name, m_width, m_height, fileIn(m_folder, name)).png;
 }
 
-RowStrips PngFileSet::strips() const { return PngEncoder(m_width, m_height).strips(); }
+RowStrips PngFileSet::strips() const { return PngEncoder::stripsOf(m_width, m_height); }
 
 void PngFileSet::encode(const std::vector<RowSource>& images) {
-    const RowStrips cut = strips();
-    forEachInParallel(cut.count() * static_cast<std::int64_t>(images.size()), [&](std::int64_t index) {
-        const auto image = static_cast<std::size_t>(index / cut.count());
-        const std::int64_t strip = index % cut.count();
+    const RowStrips all = strips();
+    forEachInParallel(all.count() * static_cast<std::int64_t>(images.size()), [&](std::int64_t index) {
+        const auto image = static_cast<std::size_t>(index / all.count());
+        const std::int64_t strip = index % all.count();
         PixelBuffer scratch;
-        m_files[image].encodeStrip(strip, images[image](cut[strip], scratch));
+        m_files[image].png.encodeStrip(strip, images[image](all[strip], scratch));
     });
 }
 
 void PngFileSet::commit(QStringList& written) {
-    for (std::size_t index = 0; index < m_files.size(); ++index) {
-        if (!m_files[index].commitDraft()) {
-            // It may have failed only because the drafts behind it took the room: what is written first has
-            // the first claim to it.
-            for (PngFile& file : m_files) {
-                file.dropDraft();
+    for (auto& [name, png] : m_files) {
+        if (!png.commitDraft()) {
+            // The drafts of later files may have filled the disk. The file that comes first goes first, so
+            // they are removed to free their space.
+            for (NamedFile& file : m_files) {
+                file.png.dropDraft();
             }
-            m_files[index].write();
+            png.write();
         }
-        written += m_names[static_cast<qsizetype>(index)];
+        written += name;
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imaging/base/row_strips.h"
 #include "imaging/files/atomic_file.h"
 #include "imaging/pixels/image_view.h"
 #include "imaging/png/png_encoder.h"
@@ -15,31 +16,30 @@
 
 namespace quarlin {
 
-/// Gives a run of rows as premultiplied RGBA, `width * 4` bytes each: either where they stand, or made in
-/// `scratch`. It is called from several threads at once.
+/// Returns rows as premultiplied RGBA, `width * 4` bytes each: in place where they exist already, else made
+/// in `scratch`. Several threads call it at the same time.
 using RowSource = std::function<const std::uint8_t*(RowRange rows, PixelBuffer& scratch)>;
 
 /// The rows of an image that exists already. `image` must outlive the source.
 RowSource rowsOf(const ImageView& image);
 
-/// A PNG file in the making. Its strips are encoded on any thread and in any order; a draft of the file,
-/// hidden in its folder, grows by each of them as soon as those before it are there, so that little is left
-/// to do when the last one comes.
+/// A PNG file that is being made. Its strips may be encoded on any thread and in any order. Each one is
+/// appended to a draft of the file, hidden in the same folder, as soon as those before it are there, so that
+/// little is left to write at the end.
 class PngFile {
 public:
     PngFile(std::int64_t width, std::int64_t height, const QUrl& url);
 
-    /// How the image is cut.
-    RowStrips strips() const { return m_png.strips(); }
+    const RowStrips& strips() const { return m_png.strips(); }
 
     /// As those of `PngEncoder`.
     void encodeStrip(std::int64_t strip, const std::uint8_t* rows);
     void encodeGrayStrip(std::int64_t strip, const std::uint8_t* gray);
 
-    /// Once every strip is encoded: gives the draft the file's name. False when it does not hold all of the
-    /// file or can't be given the name; then it is given up.
+    /// Once every strip is encoded: renames the draft to the file. False when the draft is incomplete or
+    /// cannot be renamed; then it is removed.
     bool commitDraft();
-    /// Gives up the draft and the room that it takes.
+    /// Removes the draft and frees its space on the disk.
     void dropDraft() { m_draft.reset(); }
 
     /// Once every strip is encoded: writes the file without its draft, whole or not at all. Throws
@@ -58,30 +58,37 @@ private:
     std::int64_t m_drafted = 0;
 };
 
-/// The PNG files of one export, all of one size, made side by side and put in place one after the other.
+/// The PNG files of one export, all of the same size, encoded in parallel and renamed one after the other.
 class PngFileSet {
 public:
     PngFileSet(QUrl folder, std::int64_t width, std::int64_t height);
 
-    /// Adds a file behind the others.
+    /// Adds a file after the others.
     PngFile& add(const QString& name);
 
-    /// How each of the images is cut.
+    /// The strips of each image.
     RowStrips strips() const;
 
-    /// Encodes the images of which these are the rows, one for each file in order, on all cores.
+    /// Encodes the images with these rows, one for each file in order, on all cores.
     void encode(const std::vector<RowSource>& images);
 
-    /// Once every image is encoded: gives the files their names in order, and adds each name to `written`.
-    /// Throws what the first failing `PngFile::write` throws, and then leaves the files behind it unwritten.
+    /// Once every image is encoded: puts the files in place in order, and adds each name to `written`. Throws
+    /// what the first failing `PngFile::write` throws; the files after it are not written.
     void commit(QStringList& written);
 
 private:
+    struct NamedFile {
+        NamedFile(const QString& fileName, std::int64_t width, std::int64_t height, const QUrl& url)
+            : name(fileName), png(width, height, url) {}
+
+        QString name;
+        PngFile png;
+    };
+
     QUrl m_folder;
     std::int64_t m_width;
     std::int64_t m_height;
-    QStringList m_names;
-    std::deque<PngFile> m_files;
+    std::deque<NamedFile> m_files;
 };
 
 }  // namespace quarlin

@@ -9,21 +9,22 @@
 
 namespace quarlin {
 
-/// The bytes that a row to unfilter and the one above it need to spare behind them.
+/// The readable bytes that must follow a row to unfilter and the row above it.
 inline constexpr std::size_t unfilterSpare = 8;
 
-/// Turns a row of residuals, `pixelSize` bytes a pixel, back into samples, in place. `above` is the row
-/// above, zeros for the first. False when there is no filter of that number.
+/// Turns a row of residuals, `pixelSize` bytes per pixel, back into samples, in place. `above` is the row
+/// above, all zeros for the first row. False when no filter has that number.
 ///
-/// Every pixel needs the one before it; its channels are carried along in locals, so that they go side by
-/// side. Three of them go as four, the last of which is the next pixel's and comes to nothing.
+/// Each pixel needs the one before it, whose channels are kept in local arrays so that the compiler handles
+/// them together. Three channels are handled as four; the fourth is the first of the next pixel, and its
+/// result is not used.
 template <int pixelSize>
 bool unfilterPngRow(std::uint8_t filter, std::span<std::uint8_t> row, const std::uint8_t* above) {
     constexpr auto step = static_cast<std::size_t>(pixelSize);
     constexpr std::size_t channels = step == 3 ? 4 : step;
     std::array<int, channels> left{};
     std::array<int, channels> upLeft{};
-    const auto store = [&](std::size_t index) {
+    const auto write = [&](std::size_t index) {
         for (std::size_t channel = 0; channel < step; ++channel) {
             row[index + channel] = static_cast<std::uint8_t>(left[channel]);
         }
@@ -37,7 +38,7 @@ bool unfilterPngRow(std::uint8_t filter, std::span<std::uint8_t> row, const std:
                 for (std::size_t channel = 0; channel < channels; ++channel) {
                     left[channel] = (residuals[index + channel] + left[channel]) & 255;
                 }
-                store(index);
+                write(index);
             }
             return true;
         case PngFilter::up:
@@ -51,7 +52,7 @@ bool unfilterPngRow(std::uint8_t filter, std::span<std::uint8_t> row, const std:
                     left[channel] =
                         (residuals[index + channel] + (left[channel] + above[index + channel]) / 2) & 255;
                 }
-                store(index);
+                write(index);
             }
             return true;
         case PngFilter::paeth:
@@ -66,7 +67,7 @@ bool unfilterPngRow(std::uint8_t filter, std::span<std::uint8_t> row, const std:
                     left[channel] = (residuals[index + channel] + (isLeft ? left[channel] : vertical)) & 255;
                     upLeft[channel] = up;
                 }
-                store(index);
+                write(index);
             }
             return true;
     }

@@ -1,6 +1,7 @@
 #include "ui/panels/generator_settings_panel.h"
 
 #include "model/formatters.h"
+#include "model/generated_set.h"
 #include "model/setting_range.h"
 #include "ui/controls/button.h"
 
@@ -39,21 +40,14 @@ GeneratorSettingsPanel::GeneratorSettingsPanel(NormalGeneratorStore& store)
     addPercentage(*metal, u"AO"_s, &Settings::aoStrength);
 
     GroupBox* files = addGroup(u"Files"_s, 12);
-    addToggle(*files, u"Write height helper"_s, &Settings::exportHeight);
-    addToggle(*files, u"Write roughness"_s, &Settings::exportRoughness);
-    addToggle(*files, u"Write gloss"_s, &Settings::exportGloss);
-    addToggle(*files, u"Write metallic"_s, &Settings::exportMetallic);
-    addToggle(*files, u"Write AO"_s, &Settings::exportAO);
-    addToggle(*files, u"Write ORM"_s, &Settings::exportORM);
-    addToggle(*files, u"Write .gltf material"_s, &Settings::exportGLTF);
-    addToggle(*files, u"Write notes"_s, &Settings::exportNotes);
+    addFileToggles<GeneratedFile>(*files);
     addActions(*files);
     closeColumn();
 
     connect(previewButton(), &Button::clicked, &store, &NormalGeneratorStore::buildPreview);
     connect(exportButton(), &Button::clicked, &store, &NormalGeneratorStore::exportSet);
     observe([this, &store] {
-        // Here, unlike in the other tool, both hang on the source alone.
+        // Unlike in the other tool, both need only a source.
         previewButton()->setEnabled(store.canExport());
         exportButton()->setEnabled(store.canExport());
     });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/normal_generator_settings.h"
 #include "stores/normal_generator_store.h"
 #include "ui/panels/settings_panel.h"
 

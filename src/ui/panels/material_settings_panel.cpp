@@ -1,5 +1,6 @@
 #include "ui/panels/material_settings_panel.h"
 
+#include "model/material_set.h"
 #include "ui/controls/button.h"
 
 namespace quarlin {
@@ -23,8 +24,7 @@ MaterialSettingsPanel::MaterialSettingsPanel(MaterialStore& store)
     addPercentage(*defaults, u"Metallic"_s, &ConversionSettings::defaultMetallic);
 
     GroupBox* exported = addGroup(u"Export"_s, 12);
-    addToggle(*exported, u"Write .gltf material"_s, &ConversionSettings::exportGLTF);
-    addToggle(*exported, u"Write notes"_s, &ConversionSettings::exportNotes);
+    addFileToggles<MaterialFile>(*exported);
     addActions(*exported);
     closeColumn();
 

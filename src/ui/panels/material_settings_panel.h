@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/conversion_settings.h"
 #include "stores/material_store.h"
 #include "ui/panels/settings_panel.h"
 

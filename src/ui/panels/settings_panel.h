@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/output_resolution.h"
+#include "model/set_file.h"
 #include "ui/controls/name_field.h"
 #include "ui/controls/segmented_picker.h"
 #include "ui/controls/slider_row.h"
@@ -82,6 +83,16 @@ protected:
         auto* control = new Toggle(title);
         group.rows()->addWidget(control);
         bind(control, field, &Toggle::clicked, &Toggle::setChecked);
+    }
+
+    /// Adds a toggle for each file of a set that has a switch.
+    template <typename File>
+    void addFileToggles(GroupBox& group) {
+        for (const SetFile<Settings>& file : EnumerationTable<File>::rows) {
+            if (file.isExported != nullptr) {
+                addToggle(group, file.toggle, file.isExported);
+            }
+        }
     }
 
     void addSlider(GroupBox& group, SliderRow* control, double Settings::*field) {

@@ -1,5 +1,7 @@
 #include "ui/panels/texture_sidebar.h"
 
+#include "model/texture_asset.h"
+#include "model/texture_slot_kind.h"
 #include "stores/material_store.h"
 #include "ui/controls/button.h"
 #include "ui/layout/scroll_panel.h"

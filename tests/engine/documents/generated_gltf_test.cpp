@@ -1,5 +1,7 @@
 #include "engine/texture_processor.h"
 #include "golden_text.h"
+#include "model/normal_generator_settings.h"
+#include "model/normal_output_names.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,17 @@
 #include "engine/texture_processor.h"
 #include "golden_text.h"
+#include "model/normal_generator_settings.h"
+#include "model/normal_output_names.h"
+#include "model/output_resolution.h"
+#include "model/texture_asset.h"
+#include "set_files.h"
 
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 using namespace quarlin;
+using namespace quarlin::fixtures;
 
 namespace {
 
@@ -14,6 +20,26 @@ QString notesOf(const NormalGeneratorSettings& settings) {
                               1600, 1200, QImage()};
     return TextureProcessor::makeNormalNotes(NormalOutputNames{settings.safeMaterialName()}, settings,
                                              source);
+}
+
+/// The lines on the files of a set of which every file is written, or as few as can be.
+QString exportedLines(const std::vector<ExpectedGeneratedFile>& files, const QString& material) {
+    QString lines;
+    for (const auto& file : files) {
+        if (const QString title = QString::fromLatin1(file.title); !title.isEmpty()) {
+            lines += title + u": "_s + file.name(material) + u'\n';
+        }
+    }
+    return lines;
+}
+QString notExportedLines(const std::vector<ExpectedGeneratedFile>& files, const QString& material) {
+    QString lines = exportedLines(withoutSwitch(files), material);
+    for (const auto& file : withSwitch(files)) {
+        if (const QString title = QString::fromLatin1(file.title); !title.isEmpty()) {
+            lines += title + u": not exported\n"_s;
+        }
+    }
+    return lines;
 }
 
 class GeneratedNotesDocument : public InEnglish {};
@@ -27,57 +53,49 @@ TEST_F(GeneratedNotesDocument, OfAFullSetIsThisToTheByte) {
                  "Material name:\n"
                  "My_Brick\n"
                  "\n"
-                 "Output files:\n"
-                 "Base Color: My_Brick_basecolor.png\n"
-                 "Normal map: My_Brick_normal.png\n"
-                 "Height helper: My_Brick_height.png\n"
-                 "Roughness: My_Brick_roughness.png\n"
-                 "Gloss: My_Brick_gloss.png\n"
-                 "Metallic: My_Brick_metallic.png\n"
-                 "Ambient Occlusion: My_Brick_ao.png\n"
-                 "ORM packed map: My_Brick_orm.png\n"
-                 "glTF material: My_Brick.gltf\n"
-                 "\n"
-                 "Source file:\n"
-                 "brick photo.jpg (1600x1200)\n"
-                 "\n"
-                 "Settings:\n"
-                 "Output size: 2048\n"
-                 "Strength: 3.00\n"
-                 "Smoothing passes: 1\n"
-                 "Height inverted: no\n"
-                 "Green channel flipped: no\n"
-                 "Roughness min: 18%\n"
-                 "Roughness max: 82%\n"
-                 "Metallic strength: 45%\n"
-                 "AO strength: 55%\n"
-                 "\n"
-                 "Suggested Second Life workflow:\n"
-                 "Upload My_Brick.gltf through Build > Upload > Material when .gltf export is enabled.\n"
-                 "Use My_Brick_normal.png in the Normal slot.\n"
-                 "Use My_Brick_orm.png in the Metallic/Roughness slot if you exported ORM. It packs red "
-                 "= AO, green = "
-                 "roughness, blue = metallic.\n"
-                 "If you prefer manual slots, use roughness, metallic and AO separately where your "
-                 "workflow supports "
-                 "them.\n"
-                 "\n"
-                 "Practical notes:\n"
-                 "These maps are generated heuristically from one texture. They are useful for fast "
-                 "Second Life material "
-                 "setup, but they cannot know the true material physics.\n"
-                 "Metallic is intentionally conservative. Most surfaces should stay low metallic unless "
-                 "they are bare "
-                 "metal.\n"
-                 "Gloss is the inverse of roughness. For PBR/glTF/SL Metallic-Roughness, roughness is "
-                 "usually the map you "
-                 "want.\n"
-                 "A generated normal map estimates height from brightness, which is useful for fabric, "
-                 "stone, panels, "
-                 "seams and surface grain, but less reliable for painted shadows or highlights.\n"
-                 "If bumps look pushed inward, toggle Invert Height. If vertical lighting looks "
-                 "reversed, toggle Flip "
-                 "Green."_s,
+                 "Output files:\n"_s +
+                     exportedLines(generatedFiles(), u"My_Brick"_s) +
+                     u"\n"
+                     "Source file:\n"
+                     "brick photo.jpg (1600x1200)\n"
+                     "\n"
+                     "Settings:\n"
+                     "Output size: 2048\n"
+                     "Strength: 3.00\n"
+                     "Smoothing passes: 1\n"
+                     "Height inverted: no\n"
+                     "Green channel flipped: no\n"
+                     "Roughness min: 18%\n"
+                     "Roughness max: 82%\n"
+                     "Metallic strength: 45%\n"
+                     "AO strength: 55%\n"
+                     "\n"
+                     "Suggested Second Life workflow:\n"
+                     "Upload My_Brick.gltf through Build > Upload > Material when .gltf export is enabled.\n"
+                     "Use My_Brick_normal.png in the Normal slot.\n"
+                     "Use My_Brick_orm.png in the Metallic/Roughness slot if you exported ORM. It packs red "
+                     "= AO, green = "
+                     "roughness, blue = metallic.\n"
+                     "If you prefer manual slots, use roughness, metallic and AO separately where your "
+                     "workflow supports "
+                     "them.\n"
+                     "\n"
+                     "Practical notes:\n"
+                     "These maps are generated heuristically from one texture. They are useful for fast "
+                     "Second Life material "
+                     "setup, but they cannot know the true material physics.\n"
+                     "Metallic is intentionally conservative. Most surfaces should stay low metallic unless "
+                     "they are bare "
+                     "metal.\n"
+                     "Gloss is the inverse of roughness. For PBR/glTF/SL Metallic-Roughness, roughness is "
+                     "usually the map you "
+                     "want.\n"
+                     "A generated normal map estimates height from brightness, which is useful for fabric, "
+                     "stone, panels, "
+                     "seams and surface grain, but less reliable for painted shadows or highlights.\n"
+                     "If bumps look pushed inward, toggle Invert Height. If vertical lighting looks "
+                     "reversed, toggle Flip "
+                     "Green."_s,
                  notesOf(settings)));
 }
 
@@ -93,97 +111,71 @@ TEST_F(GeneratedNotesDocument, WithEverythingOffIsThisToTheByte) {
     settings.roughnessMax = 1;
     settings.metallicStrength = 0.3;
     settings.aoStrength = 0.07;
-    settings.exportHeight = settings.exportRoughness = settings.exportGloss = settings.exportMetallic = false;
-    settings.exportAO = settings.exportORM = settings.exportGLTF = settings.exportNotes = false;
+    switchAll(generatedFiles(), settings, false);
     EXPECT_TRUE(
         sameText(u"VOREK TECH Quarlin - Generated PBR Map Set\n"
                  "\n"
                  "Material name:\n"
                  "Brick\n"
                  "\n"
-                 "Output files:\n"
-                 "Base Color: Brick_basecolor.png\n"
-                 "Normal map: Brick_normal.png\n"
-                 "Height helper: not exported\n"
-                 "Roughness: not exported\n"
-                 "Gloss: not exported\n"
-                 "Metallic: not exported\n"
-                 "Ambient Occlusion: not exported\n"
-                 "ORM packed map: not exported\n"
-                 "glTF material: not exported\n"
-                 "\n"
-                 "Source file:\n"
-                 "brick photo.jpg (1600x1200)\n"
-                 "\n"
-                 "Settings:\n"
-                 "Output size: Base Size\n"
-                 "Strength: 12.00\n"
-                 "Smoothing passes: 2\n"
-                 "Height inverted: yes\n"
-                 "Green channel flipped: yes\n"
-                 "Roughness min: 0%\n"
-                 "Roughness max: 100%\n"
-                 "Metallic strength: 30%\n"
-                 "AO strength: 7%\n"
-                 "\n"
-                 "Suggested Second Life workflow:\n"
-                 "Upload Brick.gltf through Build > Upload > Material when .gltf export is enabled.\n"
-                 "Use Brick_normal.png in the Normal slot.\n"
-                 "Use Brick_orm.png in the Metallic/Roughness slot if you exported ORM. It packs red = "
-                 "AO, green = "
-                 "roughness, blue = metallic.\n"
-                 "If you prefer manual slots, use roughness, metallic and AO separately where your "
-                 "workflow supports "
-                 "them.\n"
-                 "\n"
-                 "Practical notes:\n"
-                 "These maps are generated heuristically from one texture. They are useful for fast "
-                 "Second Life material "
-                 "setup, but they cannot know the true material physics.\n"
-                 "Metallic is intentionally conservative. Most surfaces should stay low metallic "
-                 "unless they are bare "
-                 "metal.\n"
-                 "Gloss is the inverse of roughness. For PBR/glTF/SL Metallic-Roughness, roughness is "
-                 "usually the map you "
-                 "want.\n"
-                 "A generated normal map estimates height from brightness, which is useful for fabric, "
-                 "stone, panels, "
-                 "seams and surface grain, but less reliable for painted shadows or highlights.\n"
-                 "If bumps look pushed inward, toggle Invert Height. If vertical lighting looks "
-                 "reversed, toggle Flip "
-                 "Green."_s,
+                 "Output files:\n"_s +
+                     notExportedLines(generatedFiles(), u"Brick"_s) +
+                     u"\n"
+                     "Source file:\n"
+                     "brick photo.jpg (1600x1200)\n"
+                     "\n"
+                     "Settings:\n"
+                     "Output size: Base Size\n"
+                     "Strength: 12.00\n"
+                     "Smoothing passes: 2\n"
+                     "Height inverted: yes\n"
+                     "Green channel flipped: yes\n"
+                     "Roughness min: 0%\n"
+                     "Roughness max: 100%\n"
+                     "Metallic strength: 30%\n"
+                     "AO strength: 7%\n"
+                     "\n"
+                     "Suggested Second Life workflow:\n"
+                     "Upload Brick.gltf through Build > Upload > Material when .gltf export is enabled.\n"
+                     "Use Brick_normal.png in the Normal slot.\n"
+                     "Use Brick_orm.png in the Metallic/Roughness slot if you exported ORM. It packs red = "
+                     "AO, green = "
+                     "roughness, blue = metallic.\n"
+                     "If you prefer manual slots, use roughness, metallic and AO separately where your "
+                     "workflow supports "
+                     "them.\n"
+                     "\n"
+                     "Practical notes:\n"
+                     "These maps are generated heuristically from one texture. They are useful for fast "
+                     "Second Life material "
+                     "setup, but they cannot know the true material physics.\n"
+                     "Metallic is intentionally conservative. Most surfaces should stay low metallic "
+                     "unless they are bare "
+                     "metal.\n"
+                     "Gloss is the inverse of roughness. For PBR/glTF/SL Metallic-Roughness, roughness is "
+                     "usually the map you "
+                     "want.\n"
+                     "A generated normal map estimates height from brightness, which is useful for fabric, "
+                     "stone, panels, "
+                     "seams and surface grain, but less reliable for painted shadows or highlights.\n"
+                     "If bumps look pushed inward, toggle Invert Height. If vertical lighting looks "
+                     "reversed, toggle Flip "
+                     "Green."_s,
                  notesOf(settings)));
 }
 
 TEST_F(GeneratedNotesDocument, EverySwitchHasItsOwnLine) {
-    struct Line {
-        bool NormalGeneratorSettings::*enabled;
-        const char* on;
-        const char* off;
-    };
-    const Line lines[] = {
-        {&NormalGeneratorSettings::exportHeight, "\nHeight helper: Brick_height.png\n",
-         "\nHeight helper: not exported\n"},
-        {&NormalGeneratorSettings::exportRoughness, "\nRoughness: Brick_roughness.png\n",
-         "\nRoughness: not exported\n"},
-        {&NormalGeneratorSettings::exportGloss, "\nGloss: Brick_gloss.png\n", "\nGloss: not exported\n"},
-        {&NormalGeneratorSettings::exportMetallic, "\nMetallic: Brick_metallic.png\n",
-         "\nMetallic: not exported\n"},
-        {&NormalGeneratorSettings::exportAO, "\nAmbient Occlusion: Brick_ao.png\n",
-         "\nAmbient Occlusion: not exported\n"},
-        {&NormalGeneratorSettings::exportORM, "\nORM packed map: Brick_orm.png\n",
-         "\nORM packed map: not exported\n"},
-        {&NormalGeneratorSettings::exportGLTF, "\nglTF material: Brick.gltf\n",
-         "\nglTF material: not exported\n"},
-    };
     NormalGeneratorSettings all;
     all.materialName = u"Brick"_s;
-    for (const Line& line : lines) {
+    for (const auto& file : withSwitch(generatedFiles())) {
         NormalGeneratorSettings settings = all;
-        settings.*line.enabled = false;
+        settings.*file.isExported = false;
         QString expected = notesOf(all);
-        ASSERT_EQ(expected.count(QString::fromLatin1(line.on)), 1) << line.on;
-        expected.replace(QString::fromLatin1(line.on), QString::fromLatin1(line.off));
+        if (const QString title = QString::fromLatin1(file.title); !title.isEmpty()) {
+            const QString on = u'\n' + title + u": "_s + file.name(u"Brick"_s) + u'\n';
+            ASSERT_EQ(expected.count(on), 1) << file.title;
+            expected.replace(on, u'\n' + title + u": not exported\n"_s);
+        }
         EXPECT_TRUE(sameText(expected, notesOf(settings)));
     }
 }

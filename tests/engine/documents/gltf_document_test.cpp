@@ -1,5 +1,7 @@
 #include "engine/texture_processor.h"
 #include "golden_text.h"
+#include "model/conversion_settings.h"
+#include "model/output_names.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,5 +1,11 @@
 #include "engine/texture_processor.h"
 #include "golden_text.h"
+#include "model/conversion_settings.h"
+#include "model/output_names.h"
+#include "model/output_resolution.h"
+#include "model/texture_asset.h"
+#include "model/texture_map.h"
+#include "model/texture_slot_kind.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,13 @@
 
 #include "awkward_names.h"
 
+#include "engine/texture_processor.h"
 #include "engine_errors.h"
 #include "export_kind.h"
+#include "model/conversion_settings.h"
+#include "model/export_result.h"
+#include "model/normal_generator_settings.h"
+#include "model/texture_asset.h"
 #include "rendering.h"
 
 using namespace Qt::StringLiterals;

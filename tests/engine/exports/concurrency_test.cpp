@@ -1,5 +1,15 @@
 // Operations called from several threads at once do not disturb each other.
 
+#include "engine/texture_processor.h"
+#include "imaging/pixels/pixel_image.h"
+#include "model/conversion_settings.h"
+#include "model/export_result.h"
+#include "model/normal_generator_settings.h"
+#include "model/output_resolution.h"
+#include "model/previews.h"
+#include "model/texture_asset.h"
+#include "model/texture_map.h"
+#include "model/texture_slot_kind.h"
 #include "picture.h"
 #include "png_files.h"
 #include "rendering.h"

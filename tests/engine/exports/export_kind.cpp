@@ -1,8 +1,12 @@
 #include "export_kind.h"
 
-#include "engine/texture_processor_error.h"
-#include "model/normal_output_names.h"
-#include "model/output_names.h"
+#include "engine/base/texture_processor_error.h"
+#include "model/conversion_settings.h"
+#include "model/export_result.h"
+#include "model/normal_generator_settings.h"
+#include "model/output_resolution.h"
+#include "model/texture_slot_kind.h"
+#include "set_files.h"
 
 namespace quarlin {
 
@@ -48,13 +52,8 @@ std::string EitherExport::failure() const {
 }
 
 QStringList EitherExport::setNames() const {
-    if (GetParam() == ExportKind::material) {
-        const OutputNames names{name};
-        return {names.baseColor(), names.orm(), names.normal(), names.gltf(), names.notes()};
-    }
-    const NormalOutputNames names{name};
-    return {names.baseColor(), names.normal(),    names.height(), names.roughness(), names.gloss(),
-            names.metallic(),  names.occlusion(), names.orm(),    names.gltf(),      names.notes()};
+    return GetParam() == ExportKind::material ? namesOf(materialFiles(), name)
+                                              : namesOf(generatedFiles(), name);
 }
 
 std::string EitherExport::cannotCreate(const QString& file) const {

@@ -2,6 +2,8 @@
 
 #include "engine/texture_processor.h"
 #include "golden_text.h"
+#include "model/export_result.h"
+#include "model/texture_map.h"
 #include "picture.h"
 #include "png_files.h"
 #include "temporary_folder.h"

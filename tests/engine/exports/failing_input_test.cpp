@@ -1,5 +1,6 @@
 // Inputs that fail between being loaded and being exported: what is said, and what is left of an older set.
 
+#include "engine/base/texture_processor_error.h"
 #include "engine_errors.h"
 #include "export_kind.h"
 #include "limited_writing.h"

@@ -1,11 +1,22 @@
+#include "engine/base/generated_maps.h"
+#include "engine/base/texture_processor_error.h"
+#include "engine/texture_processor.h"
 #include "engine_errors.h"
 #include "golden_text.h"
+#include "imaging/pixels/pixel_image.h"
+#include "independent_generator.h"
 #include "limited_writing.h"
+#include "model/export_result.h"
+#include "model/normal_generator_settings.h"
+#include "model/normal_output_names.h"
+#include "model/output_resolution.h"
+#include "model/texture_asset.h"
 #include "picture.h"
+#include "plain_outputs.h"
 #include "png_files.h"
 #include "png_inspection.h"
-#include "reference_generator.h"
 #include "rendering.h"
+#include "set_files.h"
 #include "temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -38,11 +49,11 @@ protected:
     }
     QUrl output(const char* name) const { return folder.url(u"out/Brick/"_s + QString::fromLatin1(name)); }
     QStringList outputNames() const { return folder.names(u"out/Brick"_s); }
-    void switchAll(bool on) {
-        settings.exportHeight = settings.exportRoughness = settings.exportGloss = settings.exportMetallic =
-            on;
-        settings.exportAO = settings.exportORM = settings.exportGLTF = settings.exportNotes = on;
+    /// The written image of `file` of the set.
+    QUrl output(const ExpectedGeneratedFile& file) const {
+        return folder.url(u"out/Brick/"_s + file.name(u"Brick"_s));
     }
+    void switchAll(bool on) { fixtures::switchAll(generatedFiles(), settings, on); }
 
     const TextureProcessor processor{};
     const TemporaryFolder folder;
@@ -50,17 +61,16 @@ protected:
     NormalGeneratorSettings settings;
 };
 
-const QStringList completeSet =
-    u"Brick_basecolor.png,Brick_normal.png,Brick_height.png,"
-    "Brick_roughness.png,Brick_gloss.png,Brick_metallic.png,Brick_ao.png,"
-    "Brick_orm.png,Brick.gltf,Brick_maps_notes.txt"_s.split(u',');
+const QStringList completeSet = namesOf(generatedFiles(), u"Brick"_s);
+const QStringList images = namesOf(imagesOf(generatedFiles()), u"Brick"_s);
+const QStringList alwaysWritten = namesOf(withoutSwitch(generatedFiles()), u"Brick"_s);
 
 QStringList sorted(QStringList names) {
     names.sort();
     return names;
 }
 
-TEST_F(GeneratedExport, WritesTenFilesInOrder) {
+TEST_F(GeneratedExport, WritesEveryFileInOrder) {
     const ExportResult result = exported(load(noisePicture(21, 13, 1)));
     EXPECT_EQ(result.files, completeSet);
     EXPECT_EQ(outputNames(), sorted(completeSet));
@@ -75,27 +85,18 @@ TEST_F(GeneratedExport, WithEverythingOffWritesExactlyTwoImages) {
 }
 
 TEST_F(GeneratedExport, EverySwitchWritesItsOwnFile) {
-    struct Switch {
-        bool NormalGeneratorSettings::*enabled;
-        qsizetype index;
-    };
-    const Switch switches[] = {
-        {&NormalGeneratorSettings::exportHeight, 2}, {&NormalGeneratorSettings::exportRoughness, 3},
-        {&NormalGeneratorSettings::exportGloss, 4},  {&NormalGeneratorSettings::exportMetallic, 5},
-        {&NormalGeneratorSettings::exportAO, 6},     {&NormalGeneratorSettings::exportORM, 7},
-        {&NormalGeneratorSettings::exportGLTF, 8},   {&NormalGeneratorSettings::exportNotes, 9}};
     const TextureAsset source = load(noisePicture(9, 7, 2));
-    for (const Switch& one : switches) {
+    for (const auto& file : withSwitch(generatedFiles())) {
         switchAll(false);
-        settings.*one.enabled = true;
+        settings.*file.isExported = true;
         QDir(folder.path(u"out"_s)).removeRecursively();
-        const QStringList on = completeSet.first(2) + QStringList{completeSet[one.index]};
+        const QStringList on = alwaysWritten + QStringList{file.name(u"Brick"_s)};
         EXPECT_EQ(exported(source).files, on);
         EXPECT_EQ(outputNames(), sorted(on));
         switchAll(true);
-        settings.*one.enabled = false;
+        settings.*file.isExported = false;
         QStringList off = completeSet;
-        off.removeAt(one.index);
+        off.removeOne(file.name(u"Brick"_s));
         EXPECT_EQ(exported(source).files, off);
     }
 }
@@ -119,34 +120,22 @@ TEST_F(GeneratedExport, EveryImageAgreesWithASecondDerivation) {
         const Picture picture = noisePicture(one.width, one.height, one.seed, one.withAlpha);
         exported(load(picture));
 
-        const reference::Bytes source = premultiplied(picture);
-        const reference::Heights heights =
-            reference::heights(source, one.width, one.height, settings.invertHeight, settings.smoothing);
-        const reference::SurfaceMaps maps =
-            reference::surfaceMaps(source, heights, one.width, one.height, settings);
-        const auto written = [&](const char* name) {
-            EXPECT_NO_THROW(inspectPng(readFile(output(name)))) << name;
-            const Picture image = readPng(output(name));
+        const independent::Maps maps =
+            independent::maps(premultiplied(picture), one.width, one.height, settings);
+        for (const auto& file : imagesOf(generatedFiles())) {
+            SCOPED_TRACE(file.suffix);
+            EXPECT_NO_THROW(inspectPng(readFile(output(file))));
+            const Picture image = readPng(output(file));
             EXPECT_EQ(image.width, one.width);
             EXPECT_EQ(image.height, one.height);
-            return premultiplied(image);
-        };
-        EXPECT_TRUE(sameBytes(source, written("Brick_basecolor.png")));
-        EXPECT_TRUE(sameBytes(
-            reference::normalMap(heights, one.width, one.height, settings.strength, settings.flipGreen),
-            written("Brick_normal.png")));
-        EXPECT_TRUE(sameBytes(reference::heightMap(heights), written("Brick_height.png")));
-        EXPECT_TRUE(sameBytes(maps.roughness, written("Brick_roughness.png")));
-        EXPECT_TRUE(sameBytes(maps.gloss, written("Brick_gloss.png")));
-        EXPECT_TRUE(sameBytes(maps.metallic, written("Brick_metallic.png")));
-        EXPECT_TRUE(sameBytes(maps.occlusion, written("Brick_ao.png")));
-        EXPECT_TRUE(sameBytes(maps.orm, written("Brick_orm.png")));
+            EXPECT_TRUE(sameBytes(maps[*file.image], premultiplied(image)));
+        }
     }
 }
 
 TEST_F(GeneratedExport, EveryImageIsAnEightBitRgbaPngTaggedSrgb) {
-    const QStringList files = exported(load(noisePicture(300, 200, 7))).files;
-    for (const QString& name : files.first(8)) {
+    exported(load(noisePicture(300, 200, 7)));
+    for (const QString& name : images) {
         const PngStructure png = inspectPng(readFile(folder.url(u"out/Brick/"_s + name)));
         EXPECT_EQ(png.width, 300U) << name.toStdString();
         EXPECT_EQ(png.height, 200U);
@@ -162,16 +151,9 @@ TEST_F(GeneratedExport, EveryImageIsWhatWritePngWrites) {
     exported(source);
     const NormalOutputs outputs = processor.makeGeneratedNormalOutputs(sourceFile, settings, 300, 200);
     const QUrl single = folder.url(u"single.png"_s);
-    for (const auto& [image, name] : {std::pair{&outputs.source, "Brick_basecolor.png"},
-                                      {&outputs.normal, "Brick_normal.png"},
-                                      {&outputs.height, "Brick_height.png"},
-                                      {&outputs.roughness, "Brick_roughness.png"},
-                                      {&outputs.gloss, "Brick_gloss.png"},
-                                      {&outputs.metallic, "Brick_metallic.png"},
-                                      {&outputs.occlusion, "Brick_ao.png"},
-                                      {&outputs.orm, "Brick_orm.png"}}) {
-        processor.writePNG(*image, single);
-        EXPECT_EQ(readPng(single), readPng(output(name))) << name;
+    for (const auto& file : imagesOf(generatedFiles())) {
+        processor.writePNG(outputs[*file.image], single);
+        EXPECT_EQ(readPng(single), readPng(output(file))) << file.suffix;
     }
 }
 
@@ -181,17 +163,10 @@ TEST_F(GeneratedExport, OutputsAgreeWithTheSingleOperations) {
         settings.smoothing = width % 4;
         const NormalOutputs outputs =
             processor.makeGeneratedNormalOutputs(sourceFile, settings, width, height);
-        const PixelImage source = processor.renderImage(sourceFile, width, height);
-        const HeightField heights = TextureProcessor::smoothedHeightValues(source, settings);
-        EXPECT_EQ(outputs.source, source);
-        EXPECT_EQ(outputs.height, TextureProcessor::heightImage(heights, width, height));
-        EXPECT_EQ(outputs.normal, TextureProcessor::normalImage(heights, width, height, settings));
-        const GeneratedSurfaceMaps maps = TextureProcessor::generatedSurfaceMaps(source, heights, settings);
-        EXPECT_EQ(outputs.roughness, maps.roughness);
-        EXPECT_EQ(outputs.gloss, maps.gloss);
-        EXPECT_EQ(outputs.metallic, maps.metallic);
-        EXPECT_EQ(outputs.occlusion, maps.occlusion);
-        EXPECT_EQ(outputs.orm, maps.orm);
+        const NormalOutputs plain = plainOutputs(processor.renderImage(sourceFile, width, height), settings);
+        for (const GeneratedMap map : allCases<GeneratedMap>()) {
+            EXPECT_EQ(outputs[map], plain[map]) << rawValue(map).toStdString();
+        }
     }
 }
 
@@ -241,7 +216,7 @@ TEST_F(GeneratedExport, TheDefaultNameIsTheGenerators) {
 
 TEST_F(GeneratedExport, MakesTheFolderWithItsParents) {
     processor.exportGeneratedNormalSet(load(smoothPicture(3, 3)), settings, folder.url(u"a/b/c"_s));
-    EXPECT_EQ(folder.names(u"a/b/c/Brick"_s).size(), 10);
+    EXPECT_EQ(folder.names(u"a/b/c/Brick"_s), sorted(completeSet));
 }
 
 TEST_F(GeneratedExport, TwiceOverwritesTheSameFilesAndLeavesOthersAlone) {
@@ -256,14 +231,14 @@ TEST_F(GeneratedExport, TwiceOverwritesTheSameFilesAndLeavesOthersAlone) {
 TEST_F(GeneratedExport, OntoItsOwnSourceGivesTheSameSetAgain) {
     exported(load(noisePicture(40, 30, 13, true)));
     std::vector<QByteArray> before;
-    for (const QString& name : completeSet.first(8)) {
+    for (const QString& name : images) {
         before.push_back(readFile(folder.url(u"out/Brick/"_s + name)));
     }
     exported(processor.loadAsset(output("Brick_basecolor.png")));
-    for (qsizetype index = 0; index < 8; ++index) {
-        EXPECT_EQ(readFile(folder.url(u"out/Brick/"_s + completeSet[index])),
+    for (qsizetype index = 0; index < images.size(); ++index) {
+        EXPECT_EQ(readFile(folder.url(u"out/Brick/"_s + images[index])),
                   before[static_cast<std::size_t>(index)])
-            << completeSet[index].toStdString();
+            << images[index].toStdString();
     }
 }
 
@@ -298,8 +273,9 @@ TEST_F(GeneratedExportFailure, AFolderInThePlaceOfAFileStopsThere) {
         QDir(folder.path(u"out"_s)).removeRecursively();
         folder.makeFolder(u"out/Brick/"_s + completeSet[index]);
         const QUrl blocked = folder.url(u"out/Brick/"_s + completeSet[index]);
-        EXPECT_EQ(exportError(source), index < 8 ? TextureProcessorError::cannotCreatePNG(blocked)
-                                                 : TextureProcessorError::cannotWriteText(blocked));
+        EXPECT_EQ(exportError(source), index < images.size()
+                                           ? TextureProcessorError::cannotCreatePNG(blocked)
+                                           : TextureProcessorError::cannotWriteText(blocked));
         EXPECT_EQ(outputNames(), sorted(completeSet.first(index + 1)));
     }
 }

@@ -1,7 +1,17 @@
+#include "engine/base/generated_maps.h"
+#include "engine/base/texture_processor_error.h"
+#include "engine/texture_processor.h"
 #include "engine_errors.h"
+#include "imaging/base/pixel_size.h"
+#include "model/generated_set.h"
+#include "model/normal_generator_settings.h"
+#include "model/output_resolution.h"
+#include "model/previews.h"
+#include "model/texture_asset.h"
 #include "picture.h"
 #include "png_files.h"
 #include "rendering.h"
+#include "set_files.h"
 #include "temporary_folder.h"
 
 #include <gmock/gmock.h>
@@ -36,10 +46,10 @@ TEST_F(GeneratedPreviews, WithoutSourceAreNone) {
 
 TEST_F(GeneratedPreviews, AreOneOfEveryKind) {
     const NormalPreviews tiles = processor.buildNormalPreviews(load(smoothPicture(30, 20)), settings);
-    EXPECT_EQ(tiles.size(), 8U);
-    for (const NormalPreviewKind kind : allCases<NormalPreviewKind>()) {
-        ASSERT_TRUE(tiles.contains(kind)) << title(kind).toStdString();
-        EXPECT_EQ(tiles.at(kind).size(), QSize(30, 20));
+    EXPECT_EQ(tiles.size(), generatedTiles().size());
+    for (const auto& tile : generatedTiles()) {
+        ASSERT_TRUE(tiles.contains(tile.kind)) << tile.title;
+        EXPECT_EQ(tiles.at(tile.kind).size(), QSize(30, 20));
     }
 }
 
@@ -53,15 +63,8 @@ TEST_F(GeneratedPreviews, ShowTheMapsOfThePreviewSize) {
         const NormalOutputs maps =
             processor.makeGeneratedNormalOutputs(file, settings, size.width, size.height);
         const NormalPreviews tiles = processor.buildNormalPreviews(source, settings);
-        for (const auto& [kind, map] : {std::pair{NormalPreviewKind::source, &maps.source},
-                                        {NormalPreviewKind::height, &maps.height},
-                                        {NormalPreviewKind::normal, &maps.normal},
-                                        {NormalPreviewKind::roughness, &maps.roughness},
-                                        {NormalPreviewKind::gloss, &maps.gloss},
-                                        {NormalPreviewKind::metallic, &maps.metallic},
-                                        {NormalPreviewKind::occlusion, &maps.occlusion},
-                                        {NormalPreviewKind::orm, &maps.orm}}) {
-            EXPECT_TRUE(sameBytes(map->pixels, bytesOf(tiles.at(kind)))) << title(kind).toStdString();
+        for (const NormalPreviewKind kind : allCases<NormalPreviewKind>()) {
+            EXPECT_TRUE(sameBytes(maps[kind].pixels, bytesOf(tiles.at(kind)))) << title(kind).toStdString();
         }
     }
 }
@@ -80,12 +83,8 @@ TEST_F(GeneratedPreviews, OfAnyFixedResolutionAre512Square) {
 TEST_F(GeneratedPreviews, DoNotDependOnTheWriteSwitches) {
     const TextureAsset source = load(noisePicture(40, 30, 2));
     const NormalPreviews before = processor.buildNormalPreviews(source, settings);
-    for (bool NormalGeneratorSettings::*enabled :
-         {&NormalGeneratorSettings::exportHeight, &NormalGeneratorSettings::exportRoughness,
-          &NormalGeneratorSettings::exportGloss, &NormalGeneratorSettings::exportMetallic,
-          &NormalGeneratorSettings::exportAO, &NormalGeneratorSettings::exportORM,
-          &NormalGeneratorSettings::exportGLTF, &NormalGeneratorSettings::exportNotes}) {
-        settings.*enabled = false;
+    for (const auto& one : withSwitch(generatedFiles())) {
+        settings.*one.isExported = false;
         EXPECT_EQ(processor.buildNormalPreviews(source, settings), before);
     }
 }

@@ -1,8 +1,12 @@
 // What must hold of the generated maps for any image and any settings.
 
 #include "byte_comparison.h"
-#include "engine/texture_processor.h"
+#include "engine/base/channels.h"
+#include "engine/base/generated_maps.h"
+#include "imaging/pixels/pixel_image.h"
+#include "model/normal_generator_settings.h"
 #include "picture.h"
+#include "plain_outputs.h"
 
 #include <gtest/gtest.h>
 
@@ -14,17 +18,8 @@ using namespace quarlin::fixtures;
 
 namespace {
 
-struct Maps {
-    PixelImage height, normal;
-    GeneratedSurfaceMaps surface;
-};
-
-Maps mapsOf(const Picture& picture, const NormalGeneratorSettings& settings) {
-    const PixelImage source = pixelImage(picture);
-    const HeightField heights = TextureProcessor::smoothedHeightValues(source, settings);
-    return {TextureProcessor::heightImage(heights, source.width, source.height),
-            TextureProcessor::normalImage(heights, source.width, source.height, settings),
-            TextureProcessor::generatedSurfaceMaps(source, heights, settings)};
+NormalOutputs mapsOf(const Picture& picture, const NormalGeneratorSettings& settings) {
+    return plainOutputs(pixelImage(picture), settings);
 }
 
 Picture pictureOf(const PixelImage& image) {
@@ -64,8 +59,9 @@ void forAnyImage(Check&& check) {
 TEST(GeneratorProperties, AConstantImageIsFlatEverywhere) {
     forAnyImage([](const Picture& picture, NormalGeneratorSettings settings) {
         settings.smoothing = 0;
-        const Maps maps = mapsOf(constantPicture(picture.width, picture.height, picture.at(0, 0)), settings);
-        EXPECT_EQ(pictureOf(maps.normal),
+        const NormalOutputs maps =
+            mapsOf(constantPicture(picture.width, picture.height, picture.at(0, 0)), settings);
+        EXPECT_EQ(pictureOf(maps[GeneratedMap::normal]),
                   constantPicture(picture.width, picture.height, {128, 128, 255, 255}));
     });
 }
@@ -75,11 +71,12 @@ TEST(GeneratorProperties, AConstantImageStaysFlatUnderSmoothingButForTheRounding
     // windows at the edges. Zero slope lies exactly on a half (127.5), so there the last bit decides between
     // 127 and 128.
     forAnyImage([](const Picture& picture, const NormalGeneratorSettings& settings) {
-        const Maps maps = mapsOf(constantPicture(picture.width, picture.height, picture.at(0, 0)), settings);
+        const NormalOutputs maps =
+            mapsOf(constantPicture(picture.width, picture.height, picture.at(0, 0)), settings);
         const int margin = std::max(settings.smoothing, 0) + 1;
         for (int y = 0; y < picture.height; ++y) {
             for (int x = 0; x < picture.width; ++x) {
-                const Rgba normal = pixelAt(maps.normal, x, y);
+                const Rgba normal = pixelAt(maps[GeneratedMap::normal], x, y);
                 ASSERT_TRUE(normal[0] == 128 || normal[0] == 127) << +normal[0];
                 ASSERT_TRUE(normal[1] == 128 || normal[1] == 127) << +normal[1];
                 ASSERT_EQ(normal[2], 255);
@@ -94,36 +91,43 @@ TEST(GeneratorProperties, AConstantImageStaysFlatUnderSmoothingButForTheRounding
 
 TEST(GeneratorProperties, AConstantImageHasConstantSurfaceMaps) {
     forAnyImage([](const Picture& picture, const NormalGeneratorSettings& settings) {
-        const Maps maps = mapsOf(constantPicture(picture.width, picture.height, picture.at(0, 0)), settings);
+        const NormalOutputs maps =
+            mapsOf(constantPicture(picture.width, picture.height, picture.at(0, 0)), settings);
         const auto expectConstant = [](const PixelImage& map) {
             EXPECT_EQ(pictureOf(map), constantPicture(static_cast<int>(map.width),
                                                       static_cast<int>(map.height), pixelAt(map, 0, 0)));
         };
-        expectConstant(maps.height);
-        expectConstant(maps.surface.roughness);
-        expectConstant(maps.surface.gloss);
-        expectConstant(maps.surface.metallic);
-        expectConstant(maps.surface.orm);
-        EXPECT_EQ(pictureOf(maps.surface.occlusion),
+        expectConstant(maps[GeneratedMap::height]);
+        expectConstant(maps[GeneratedMap::roughness]);
+        expectConstant(maps[GeneratedMap::gloss]);
+        expectConstant(maps[GeneratedMap::metallic]);
+        expectConstant(maps[GeneratedMap::orm]);
+        EXPECT_EQ(pictureOf(maps[GeneratedMap::occlusion]),
                   constantPicture(picture.width, picture.height, {255, 255, 255, 255}));
     });
 }
 
 TEST(GeneratorProperties, FlippingGreenChangesOnlyGreen) {
     forAnyImage([](const Picture& picture, NormalGeneratorSettings settings) {
-        const Maps before = mapsOf(picture, settings);
+        const NormalOutputs before = mapsOf(picture, settings);
         settings.flipGreen = !settings.flipGreen;
-        const Maps after = mapsOf(picture, settings);
-        EXPECT_EQ(before.height, after.height);
-        EXPECT_EQ(before.surface, after.surface);
-        for (std::size_t index = 0; index < before.normal.pixels.size(); ++index) {
-            const int sum = before.normal.pixels[index] + after.normal.pixels[index];
+        const NormalOutputs after = mapsOf(picture, settings);
+        for (const GeneratedMap map : allCases<GeneratedMap>()) {
+            if (map != GeneratedMap::normal) {
+                EXPECT_EQ(before[map], after[map]) << rawValue(map).toStdString();
+            }
+        }
+        for (std::size_t index = 0; index < before[GeneratedMap::normal].pixels.size(); ++index) {
+            const int sum =
+                before[GeneratedMap::normal].pixels[index] + after[GeneratedMap::normal].pixels[index];
             if (index % 4 == 1) {
                 // The two fractions add up to one, so their bytes add up to 255, or to 256 where both are
                 // halves and round up: a level slope is 128 either way.
                 ASSERT_TRUE(sum == 255 || sum == 256) << index;
             } else {
-                ASSERT_EQ(before.normal.pixels[index], after.normal.pixels[index]) << index;
+                ASSERT_EQ(before[GeneratedMap::normal].pixels[index],
+                          after[GeneratedMap::normal].pixels[index])
+                    << index;
             }
         }
     });
@@ -132,19 +136,20 @@ TEST(GeneratorProperties, FlippingGreenChangesOnlyGreen) {
 TEST(GeneratorProperties, RoughnessStaysWithinItsBounds) {
     forAnyImage([](const Picture& picture, const NormalGeneratorSettings& settings) {
         const auto [low, high] = std::minmax(settings.roughnessMin, settings.roughnessMax);
-        const Maps maps = mapsOf(picture, settings);
-        for (std::size_t index = 0; index < maps.surface.roughness.pixels.size(); index += 4) {
-            ASSERT_GE(maps.surface.roughness.pixels[index], TextureProcessor::byteFromUnit(low));
-            ASSERT_LE(maps.surface.roughness.pixels[index], TextureProcessor::byteFromUnit(high));
+        const NormalOutputs maps = mapsOf(picture, settings);
+        for (std::size_t index = 0; index < maps[GeneratedMap::roughness].pixels.size(); index += 4) {
+            ASSERT_GE(maps[GeneratedMap::roughness].pixels[index], byteFromUnit(low));
+            ASSERT_LE(maps[GeneratedMap::roughness].pixels[index], byteFromUnit(high));
         }
     });
 }
 
 TEST(GeneratorProperties, GlossIsTheInverseOfRoughnessUpToOneStep) {
     forAnyImage([](const Picture& picture, const NormalGeneratorSettings& settings) {
-        const Maps maps = mapsOf(picture, settings);
-        for (std::size_t index = 0; index < maps.surface.gloss.pixels.size(); index += 4) {
-            const int sum = maps.surface.roughness.pixels[index] + maps.surface.gloss.pixels[index];
+        const NormalOutputs maps = mapsOf(picture, settings);
+        for (std::size_t index = 0; index < maps[GeneratedMap::gloss].pixels.size(); index += 4) {
+            const int sum =
+                maps[GeneratedMap::roughness].pixels[index] + maps[GeneratedMap::gloss].pixels[index];
             ASSERT_TRUE(sum == 255 || sum == 256) << index;
         }
     });
@@ -152,29 +157,27 @@ TEST(GeneratorProperties, GlossIsTheInverseOfRoughnessUpToOneStep) {
 
 TEST(GeneratorProperties, MetallicNeverExceedsItsStrength) {
     forAnyImage([](const Picture& picture, const NormalGeneratorSettings& settings) {
-        const Maps maps = mapsOf(picture, settings);
-        for (std::size_t index = 0; index < maps.surface.metallic.pixels.size(); index += 4) {
-            ASSERT_LE(maps.surface.metallic.pixels[index],
-                      TextureProcessor::byteFromUnit(settings.metallicStrength));
+        const NormalOutputs maps = mapsOf(picture, settings);
+        for (std::size_t index = 0; index < maps[GeneratedMap::metallic].pixels.size(); index += 4) {
+            ASSERT_LE(maps[GeneratedMap::metallic].pixels[index], byteFromUnit(settings.metallicStrength));
         }
     });
 }
 
 TEST(GeneratorProperties, OcclusionNeverFallsBelowItsStrength) {
     forAnyImage([](const Picture& picture, const NormalGeneratorSettings& settings) {
-        const Maps maps = mapsOf(picture, settings);
-        for (std::size_t index = 0; index < maps.surface.occlusion.pixels.size(); index += 4) {
-            ASSERT_GE(maps.surface.occlusion.pixels[index],
-                      TextureProcessor::byteFromUnit(1 - settings.aoStrength));
+        const NormalOutputs maps = mapsOf(picture, settings);
+        for (std::size_t index = 0; index < maps[GeneratedMap::occlusion].pixels.size(); index += 4) {
+            ASSERT_GE(maps[GeneratedMap::occlusion].pixels[index], byteFromUnit(1 - settings.aoStrength));
         }
     });
 }
 
 TEST(GeneratorProperties, NormalsPointOutOfTheSurface) {
     forAnyImage([](const Picture& picture, const NormalGeneratorSettings& settings) {
-        const Maps maps = mapsOf(picture, settings);
-        for (std::size_t index = 0; index < maps.normal.pixels.size(); index += 4) {
-            ASSERT_GE(maps.normal.pixels[index + 2], 128);
+        const NormalOutputs maps = mapsOf(picture, settings);
+        for (std::size_t index = 0; index < maps[GeneratedMap::normal].pixels.size(); index += 4) {
+            ASSERT_GE(maps[GeneratedMap::normal].pixels[index + 2], 128);
         }
     });
 }
@@ -185,24 +188,24 @@ int blurTolerance(const NormalGeneratorSettings& settings) { return settings.smo
 
 TEST(GeneratorProperties, MirroredInputMirrorsTheMapsWithRedInverted) {
     forAnyImage([](const Picture& picture, const NormalGeneratorSettings& settings) {
-        const Maps maps = mapsOf(picture, settings);
-        const Maps turned = mapsOf(mirrored(picture), settings);
+        const NormalOutputs maps = mapsOf(picture, settings);
+        const NormalOutputs turned = mapsOf(mirrored(picture), settings);
         const int tolerance = blurTolerance(settings);
         const auto expectMirrored = [](const PixelImage& map, const PixelImage& other, int allowed) {
             EXPECT_TRUE(nearlySameBytes(mirrored(pictureOf(map)).bytes, other.pixels, allowed));
         };
-        expectMirrored(maps.height, turned.height, tolerance);
-        expectMirrored(maps.surface.roughness, turned.surface.roughness, tolerance);
-        expectMirrored(maps.surface.gloss, turned.surface.gloss, tolerance);
+        expectMirrored(maps[GeneratedMap::height], turned[GeneratedMap::height], tolerance);
+        expectMirrored(maps[GeneratedMap::roughness], turned[GeneratedMap::roughness], tolerance);
+        expectMirrored(maps[GeneratedMap::gloss], turned[GeneratedMap::gloss], tolerance);
         // The metal mask sees no height at all.
-        expectMirrored(maps.surface.metallic, turned.surface.metallic, 0);
+        expectMirrored(maps[GeneratedMap::metallic], turned[GeneratedMap::metallic], 0);
         // The cavity always compares with one window's mean.
-        expectMirrored(maps.surface.occlusion, turned.surface.occlusion, 1);
+        expectMirrored(maps[GeneratedMap::occlusion], turned[GeneratedMap::occlusion], 1);
 
-        const Picture expected = mirrored(pictureOf(maps.normal));
+        const Picture expected = mirrored(pictureOf(maps[GeneratedMap::normal]));
         for (std::size_t index = 0; index < expected.bytes.size(); ++index) {
-            const int sum = expected.bytes[index] + turned.normal.pixels[index];
-            const int difference = expected.bytes[index] - turned.normal.pixels[index];
+            const int sum = expected.bytes[index] + turned[GeneratedMap::normal].pixels[index];
+            const int difference = expected.bytes[index] - turned[GeneratedMap::normal].pixels[index];
             if (index % 4 == 0) {
                 ASSERT_GE(sum, 255 - tolerance) << index;
                 ASSERT_LE(sum, 256 + tolerance) << index;
@@ -215,20 +218,21 @@ TEST(GeneratorProperties, MirroredInputMirrorsTheMapsWithRedInverted) {
 
 TEST(GeneratorProperties, FlippedInputFlipsTheMapsWithGreenInverted) {
     forAnyImage([](const Picture& picture, const NormalGeneratorSettings& settings) {
-        const Maps maps = mapsOf(picture, settings);
-        const Maps turned = mapsOf(flipped(picture), settings);
+        const NormalOutputs maps = mapsOf(picture, settings);
+        const NormalOutputs turned = mapsOf(flipped(picture), settings);
         const int tolerance = blurTolerance(settings);
-        EXPECT_TRUE(nearlySameBytes(flipped(pictureOf(maps.height)).bytes, turned.height.pixels, tolerance));
-        EXPECT_TRUE(nearlySameBytes(flipped(pictureOf(maps.surface.roughness)).bytes,
-                                    turned.surface.roughness.pixels, tolerance));
-        EXPECT_TRUE(
-            sameBytes(flipped(pictureOf(maps.surface.metallic)).bytes, turned.surface.metallic.pixels));
-        EXPECT_TRUE(nearlySameBytes(flipped(pictureOf(maps.surface.occlusion)).bytes,
-                                    turned.surface.occlusion.pixels, 1));
-        const Picture expected = flipped(pictureOf(maps.normal));
+        EXPECT_TRUE(nearlySameBytes(flipped(pictureOf(maps[GeneratedMap::height])).bytes,
+                                    turned[GeneratedMap::height].pixels, tolerance));
+        EXPECT_TRUE(nearlySameBytes(flipped(pictureOf(maps[GeneratedMap::roughness])).bytes,
+                                    turned[GeneratedMap::roughness].pixels, tolerance));
+        EXPECT_TRUE(sameBytes(flipped(pictureOf(maps[GeneratedMap::metallic])).bytes,
+                              turned[GeneratedMap::metallic].pixels));
+        EXPECT_TRUE(nearlySameBytes(flipped(pictureOf(maps[GeneratedMap::occlusion])).bytes,
+                                    turned[GeneratedMap::occlusion].pixels, 1));
+        const Picture expected = flipped(pictureOf(maps[GeneratedMap::normal]));
         for (std::size_t index = 0; index < expected.bytes.size(); ++index) {
-            const int sum = expected.bytes[index] + turned.normal.pixels[index];
-            const int difference = expected.bytes[index] - turned.normal.pixels[index];
+            const int sum = expected.bytes[index] + turned[GeneratedMap::normal].pixels[index];
+            const int difference = expected.bytes[index] - turned[GeneratedMap::normal].pixels[index];
             if (index % 4 == 1) {
                 ASSERT_GE(sum, 255 - tolerance) << index;
                 ASSERT_LE(sum, 256 + tolerance) << index;
@@ -243,12 +247,14 @@ TEST(GeneratorProperties, InvertedHeightInvertsTheUnsmoothedHeightMap) {
     forAnyImage([](const Picture& picture, NormalGeneratorSettings settings) {
         settings.smoothing = 0;
         settings.invertHeight = false;
-        const Maps upright = mapsOf(picture, settings);
+        const NormalOutputs upright = mapsOf(picture, settings);
         settings.invertHeight = true;
-        const Maps inverted = mapsOf(picture, settings);
-        for (std::size_t index = 0; index < upright.height.pixels.size(); ++index) {
+        const NormalOutputs inverted = mapsOf(picture, settings);
+        for (std::size_t index = 0; index < upright[GeneratedMap::height].pixels.size(); ++index) {
             if (index % 4 != 3) {
-                ASSERT_EQ(upright.height.pixels[index] + inverted.height.pixels[index], 255);
+                ASSERT_EQ(upright[GeneratedMap::height].pixels[index] +
+                              inverted[GeneratedMap::height].pixels[index],
+                          255);
             }
         }
     });
@@ -256,11 +262,9 @@ TEST(GeneratorProperties, InvertedHeightInvertsTheUnsmoothedHeightMap) {
 
 TEST(GeneratorProperties, TheSameCallGivesTheSameBytes) {
     forAnyImage([](const Picture& picture, const NormalGeneratorSettings& settings) {
-        const Maps first = mapsOf(picture, settings);
-        const Maps second = mapsOf(picture, settings);
-        EXPECT_EQ(first.height, second.height);
-        EXPECT_EQ(first.normal, second.normal);
-        EXPECT_EQ(first.surface, second.surface);
+        const NormalOutputs first = mapsOf(picture, settings);
+        const NormalOutputs second = mapsOf(picture, settings);
+        EXPECT_EQ(first, second);
     });
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "byte_comparison.h"
-#include "engine/texture_processor.h"
+#include "imaging/pixels/pixel_image.h"
+#include "model/normal_generator_settings.h"
 #include "picture.h"
 
 #include <array>

@@ -1,7 +1,9 @@
 // Which error is reported, with which text, and what is on disk after it.
 
+#include "engine/base/texture_processor_error.h"
 #include "limited_writing.h"
 #include "material_fixture.h"
+#include "model/texture_slot_kind.h"
 
 #include <gtest/gtest.h>
 

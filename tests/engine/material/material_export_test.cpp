@@ -1,5 +1,11 @@
+#include "engine/texture_processor.h"
+#include "independent_generator.h"
 #include "material_fixture.h"
-#include "reference_generator.h"
+#include "model/conversion_settings.h"
+#include "model/export_result.h"
+#include "model/output_names.h"
+#include "model/output_resolution.h"
+#include "model/texture_slot_kind.h"
 
 #include <gtest/gtest.h>
 
@@ -53,12 +59,12 @@ TEST_F(MaterialExport, OfAllTexturesWritesFiveFilesInOrder) {
     EXPECT_EQ(outputNames(), sorted(completeSet));
 
     EXPECT_TRUE(sameBytes(premultiplied(base), premultiplied(readPng(output(u"Brick_BaseColor.png"_s)))));
-    const reference::Bytes occlusionBytes = premultiplied(occlusion);
-    const reference::Bytes glossBytes = premultiplied(gloss);
-    const reference::Bytes metallicBytes = premultiplied(metallic);
-    EXPECT_TRUE(
-        sameBytes(reference::packedOrm(&occlusionBytes, &glossBytes, &metallicBytes, 33 * 21, 0, 0, 0, true),
-                  readPng(output(u"Brick_ORM.png"_s)).bytes));
+    const independent::Bytes occlusionBytes = premultiplied(occlusion);
+    const independent::Bytes glossBytes = premultiplied(gloss);
+    const independent::Bytes metallicBytes = premultiplied(metallic);
+    EXPECT_TRUE(sameBytes(
+        independent::packedOrm(&occlusionBytes, &glossBytes, &metallicBytes, 33 * 21, 0, 0, 0, true),
+        readPng(output(u"Brick_ORM.png"_s)).bytes));
     std::vector<std::uint8_t> conditioned = premultiplied(normal);
     for (std::size_t at = 0; at < conditioned.size(); at += 4) {
         conditioned[at + 1] = static_cast<std::uint8_t>(255 - conditioned[at + 1]);

@@ -1,7 +1,14 @@
 #pragma once
 
+#include "engine/base/texture_processor_error.h"
+#include "engine/texture_processor.h"
 #include "engine_errors.h"
 #include "golden_text.h"
+#include "model/conversion_settings.h"
+#include "model/export_result.h"
+#include "model/output_resolution.h"
+#include "model/texture_map.h"
+#include "model/texture_slot_kind.h"
 #include "picture.h"
 #include "png_files.h"
 #include "rendering.h"

@@ -1,5 +1,12 @@
+#include "engine/base/texture_processor_error.h"
+#include "engine/texture_processor.h"
+#include "imaging/base/pixel_size.h"
+#include "independent_generator.h"
 #include "material_fixture.h"
-#include "reference_generator.h"
+#include "model/material_set.h"
+#include "model/output_resolution.h"
+#include "model/previews.h"
+#include "model/texture_slot_kind.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,14 @@
+#include "engine/base/texture_processor_error.h"
+#include "engine/texture_processor.h"
 #include "engine_errors.h"
+#include "imaging/pixels/pixel_image.h"
+#include "independent_generator.h"
+#include "model/conversion_settings.h"
+#include "model/texture_asset.h"
+#include "model/texture_map.h"
+#include "model/texture_slot_kind.h"
 #include "picture.h"
 #include "png_files.h"
-#include "reference_generator.h"
 #include "rendering.h"
 #include "temporary_folder.h"
 
@@ -125,8 +132,8 @@ TEST_F(Orm, AgreesWithASecondDerivation) {
         const int width = 1 + static_cast<int>(random() % 67);
         const int height = 1 + static_cast<int>(random() % 67);
         TextureMap textures;
-        std::array<reference::Bytes, 3> bytes;
-        std::array<const reference::Bytes*, 3> loaded{};
+        std::array<independent::Bytes, 3> bytes;
+        std::array<const independent::Bytes*, 3> loaded{};
         const std::array<TextureSlotKind, 3> slots{TextureSlotKind::occlusion, TextureSlotKind::roughness,
                                                    TextureSlotKind::metallic};
         for (std::size_t slot = 0; slot < 3; ++slot) {
@@ -144,12 +151,12 @@ TEST_F(Orm, AgreesWithASecondDerivation) {
         const PixelImage orm = processor.makeORM(textures, settings, width, height);
         EXPECT_EQ(orm.width, width);
         EXPECT_EQ(orm.height, height);
-        ASSERT_TRUE(
-            sameBytes(reference::packedOrm(loaded[0], loaded[1], loaded[2],
-                                           static_cast<std::size_t>(width) * static_cast<std::size_t>(height),
-                                           settings.defaultOcclusion, settings.defaultRoughness,
-                                           settings.defaultMetallic, settings.roughnessInputIsGloss),
-                      orm.pixels))
+        ASSERT_TRUE(sameBytes(
+            independent::packedOrm(loaded[0], loaded[1], loaded[2],
+                                   static_cast<std::size_t>(width) * static_cast<std::size_t>(height),
+                                   settings.defaultOcclusion, settings.defaultRoughness,
+                                   settings.defaultMetallic, settings.roughnessInputIsGloss),
+            orm.pixels))
             << width << 'x' << height << " seed " << seed;
     }
 }

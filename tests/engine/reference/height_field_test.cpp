@@ -1,5 +1,7 @@
+#include "engine/reference/height_field.h"
 #include "byte_comparison.h"
-#include "engine/texture_processor.h"
+#include "imaging/pixels/pixel_image.h"
+#include "model/normal_generator_settings.h"
 #include "picture.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +15,7 @@ using namespace quarlin::fixtures;
 namespace {
 
 std::vector<double> blurred(const std::vector<double>& values, std::int64_t width, std::int64_t height) {
-    const HeightField result = TextureProcessor::boxBlur(values, width, height);
+    const reference::HeightField result = reference::boxBlur(values, width, height);
     return {result.begin(), result.end()};
 }
 
@@ -21,7 +23,7 @@ std::vector<double> heightsOf(const Picture& picture, int smoothing, bool invert
     NormalGeneratorSettings settings;
     settings.smoothing = smoothing;
     settings.invertHeight = inverted;
-    const HeightField result = TextureProcessor::smoothedHeightValues(pixelImage(picture), settings);
+    const reference::HeightField result = reference::smoothedHeightValues(pixelImage(picture), settings);
     return {result.begin(), result.end()};
 }
 
@@ -106,7 +108,7 @@ TEST(HeightField, EveryPassReadsTheOneBefore) {
 TEST(HeightField, IgnoresTheAlphaByte) {
     const PixelImage half{1, 1, PixelBuffer{100, 100, 100, 128}};
     NormalGeneratorSettings settings;
-    EXPECT_EQ(TextureProcessor::smoothedHeightValues(half, settings)[0], 100 / 255.0);
+    EXPECT_EQ(reference::smoothedHeightValues(half, settings)[0], 100 / 255.0);
 }
 
 TEST(HeightField, IsNotStretchedToItsOwnRange) {
@@ -115,12 +117,12 @@ TEST(HeightField, IsNotStretchedToItsOwnRange) {
 }
 
 TEST(HeightField, OfAnEmptyImageIsEmpty) {
-    EXPECT_TRUE(TextureProcessor::smoothedHeightValues(PixelImage(), NormalGeneratorSettings()).empty());
+    EXPECT_TRUE(reference::smoothedHeightValues(PixelImage(), NormalGeneratorSettings()).empty());
 }
 
 TEST(SampleHeight, ReadsTheNearestEdgePixelOutside) {
     const std::vector<double> values{1, 2, 3, 4, 5, 6};
-    const auto sample = [&](int x, int y) { return TextureProcessor::sampleHeight(values, 3, 2, x, y); };
+    const auto sample = [&](int x, int y) { return reference::sampleHeight(values, 3, 2, x, y); };
     EXPECT_EQ(sample(-1, 0), 1);
     EXPECT_EQ(sample(3, 0), 3);
     EXPECT_EQ(sample(-100, 1), 4);
@@ -135,21 +137,21 @@ TEST(SampleHeight, ReadsThePixelInside) {
     const std::vector<double> values{1, 2, 3, 4, 5, 6};
     for (int y = 0; y < 2; ++y) {
         for (int x = 0; x < 3; ++x) {
-            EXPECT_EQ(TextureProcessor::sampleHeight(values, 3, 2, x, y), 1 + x + y * 3);
+            EXPECT_EQ(reference::sampleHeight(values, 3, 2, x, y), 1 + x + y * 3);
         }
     }
 }
 
 TEST(HeightImage, IsOpaqueGray) {
     const std::vector<double> values{0.5, 0, 1, 0.25};
-    EXPECT_EQ(TextureProcessor::heightImage(values, 2, 2),
+    EXPECT_EQ(reference::heightImage(values, 2, 2),
               (PixelImage{
                   2, 2, PixelBuffer{128, 128, 128, 255, 0, 0, 0, 255, 255, 255, 255, 255, 64, 64, 64, 255}}));
 }
 
 TEST(HeightImage, ClampsHeightsOutsideTheUnit) {
     const std::vector<double> values{-0.5, 1.5};
-    EXPECT_EQ(TextureProcessor::heightImage(values, 2, 1),
+    EXPECT_EQ(reference::heightImage(values, 2, 1),
               (PixelImage{2, 1, PixelBuffer{0, 0, 0, 255, 255, 255, 255, 255}}));
 }
 

@@ -1,5 +1,7 @@
+#include "engine/reference/normal_synthesis.h"
 #include "byte_comparison.h"
-#include "engine/texture_processor.h"
+#include "imaging/pixels/pixel_image.h"
+#include "model/normal_generator_settings.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +20,7 @@ PixelImage normals(const std::vector<double>& heights, std::int64_t width, std::
     NormalGeneratorSettings settings;
     settings.strength = strength;
     settings.flipGreen = flipGreen;
-    return TextureProcessor::normalImage(heights, width, height, settings);
+    return reference::normalImage(heights, width, height, settings);
 }
 
 std::vector<double> field(int width, int height, const std::function<double(int x, int y)>& value) {
@@ -115,18 +117,18 @@ TEST(NormalSynthesis, IsOpaqueEverywhere) {
 }
 
 TEST(Normalized, DividesByTheLength) {
-    EXPECT_EQ(TextureProcessor::normalized(0, 0, 1), (std::tuple{0.0, 0.0, 1.0}));
-    EXPECT_EQ(TextureProcessor::normalized(3, 0, 4), (std::tuple{3 / 5.0, 0.0, 4 / 5.0}));
-    const auto [x, y, z] = TextureProcessor::normalized(2, -3, 6);
+    EXPECT_EQ(reference::normalized(0, 0, 1), (std::tuple{0.0, 0.0, 1.0}));
+    EXPECT_EQ(reference::normalized(3, 0, 4), (std::tuple{3 / 5.0, 0.0, 4 / 5.0}));
+    const auto [x, y, z] = reference::normalized(2, -3, 6);
     EXPECT_EQ(x, 2 / 7.0);
     EXPECT_EQ(y, -3 / 7.0);
     EXPECT_EQ(z, 6 / 7.0);
 }
 
 TEST(Normalized, NeverDividesByLessThanATenThousandth) {
-    EXPECT_EQ(TextureProcessor::normalized(0, 0, 0), (std::tuple{0.0, 0.0, 0.0}));
-    EXPECT_EQ(TextureProcessor::normalized(0.00005, 0, 0), (std::tuple{0.00005 / 0.0001, 0.0, 0.0}));
-    EXPECT_EQ(TextureProcessor::normalized(0, 0.0002, 0), (std::tuple{0.0, 1.0, 0.0}));
+    EXPECT_EQ(reference::normalized(0, 0, 0), (std::tuple{0.0, 0.0, 0.0}));
+    EXPECT_EQ(reference::normalized(0.00005, 0, 0), (std::tuple{0.00005 / 0.0001, 0.0, 0.0}));
+    EXPECT_EQ(reference::normalized(0, 0.0002, 0), (std::tuple{0.0, 1.0, 0.0}));
 }
 
 TEST(Normalized, AddsXAndYBeforeZ) {
@@ -136,7 +138,7 @@ TEST(Normalized, AddsXAndYBeforeZ) {
     volatile const double square = small * small;
     volatile const double both = square + square;
     const double length = std::sqrt(both + z);
-    EXPECT_EQ(std::get<2>(TextureProcessor::normalized(small, small, z)), z / length);
+    EXPECT_EQ(std::get<2>(reference::normalized(small, small, z)), z / length);
 }
 
 }  // namespace

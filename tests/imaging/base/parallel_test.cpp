@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
+#include <mutex>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 using namespace quarlin;
@@ -46,19 +49,112 @@ TEST(Parallel, TheFailureOfTheLowestIndexIsThrownOnceAllAreDone) {
     }
 }
 
-TEST(RowStrips, CoverEveryRowOnce) {
-    for (std::int64_t height = 1; height <= 20; ++height) {
-        for (std::int64_t rowsPerStrip = 1; rowsPerStrip <= 22; ++rowsPerStrip) {
-            const RowStrips strips(height, rowsPerStrip);
-            std::int64_t next = 0;
-            for (std::int64_t strip = 0; strip < strips.count(); ++strip) {
-                EXPECT_EQ(strips[strip].first, next);
-                EXPECT_GT(strips[strip].count, 0);
-                next = strips[strip].end();
+TEST(Parallel, NestedCallsDoEveryIndexOnce) {
+    constexpr std::int64_t outer = 7;
+    constexpr std::int64_t inner = 11;
+    for (const unsigned threads : {1U, 2U, 16U}) {
+        std::vector<std::atomic<int>> done(outer * inner);
+        forEachInParallel(
+            outer,
+            [&](std::int64_t row) {
+                forEachInParallel(
+                    inner,
+                    [&](std::int64_t column) { ++done[static_cast<std::size_t>(row * inner + column)]; },
+                    threads);
+            },
+            threads);
+        EXPECT_TRUE(std::all_of(done.begin(), done.end(), [](int times) { return times == 1; }));
+    }
+}
+
+/// Counts the threads that are in it at the same time.
+class Crowd {
+public:
+    class Member {
+    public:
+        explicit Member(Crowd& crowd) : m_crowd(crowd) {
+            const int present = ++m_crowd.m_present;
+            int most = m_crowd.m_most;
+            while (most < present && !m_crowd.m_most.compare_exchange_weak(most, present)) {
             }
-            EXPECT_EQ(next, height);
+        }
+        ~Member() { --m_crowd.m_present; }
+        Member(const Member&) = delete;
+        Member& operator=(const Member&) = delete;
+
+    private:
+        Crowd& m_crowd;
+    };
+
+    int most() const { return m_most; }
+
+private:
+    std::atomic<int> m_present = 0;
+    std::atomic<int> m_most = 0;
+};
+
+void spendTime() {
+    for (std::atomic<int> step = 0; step < 5000; ++step) {
+    }
+}
+
+TEST(Parallel, NestedCallsTakeNoMoreThreadsThanThereAreCores) {
+    Crowd crowd;
+    forEachInParallel(
+        16,
+        [&](std::int64_t) {
+            forEachInParallel(16, [&](std::int64_t) {
+                const Crowd::Member member(crowd);
+                spendTime();
+            });
+        },
+        16);
+    EXPECT_LE(crowd.most(), static_cast<int>(coreCount()));
+}
+
+TEST(Parallel, ACallTakesNoMoreThreadsThanItMay) {
+    for (const unsigned threads : {1U, 2U, 3U}) {
+        Crowd crowd;
+        forEachInParallel(
+            50,
+            [&](std::int64_t) {
+                const Crowd::Member member(crowd);
+                // The nested call may use all cores, but takes no further turn of the outer one.
+                forEachInParallel(4, [](std::int64_t) { spendTime(); });
+            },
+            threads);
+        EXPECT_LE(crowd.most(), static_cast<int>(threads));
+    }
+}
+
+/// A thread that took another turn of the outer call while it waits for the nested one would lock twice.
+TEST(Parallel, ALockMayBeHeldOverANestedCall) {
+    std::mutex mutex;
+    int done = 0;
+    forEachInParallel(
+        200,
+        [&](std::int64_t) {
+            const std::lock_guard lock(mutex);
+            std::atomic<int> inner = 0;
+            forEachInParallel(8, [&](std::int64_t) {
+                spendTime();
+                ++inner;
+            });
+            done += inner;
+        },
+        8);
+    EXPECT_EQ(done, 1600);
+}
+
+TEST(Parallel, ThreadsOfTheCallersOwnMayCallAtOnce) {
+    std::atomic<int> done = 0;
+    {
+        std::vector<std::jthread> callers;
+        for (int caller = 0; caller < 8; ++caller) {
+            callers.emplace_back([&] { forEachInParallel(100, [&](std::int64_t) { ++done; }); });
         }
     }
+    EXPECT_EQ(done, 800);
 }
 
 TEST(DoInStep, EveryTurnIsTakenInOrderAndTheSecondStepFollowsTheFirst) {
@@ -73,7 +169,7 @@ TEST(DoInStep, EveryTurnIsTakenInOrderAndTheSecondStepFollowsTheFirst) {
             return true;
         },
         [&](std::int64_t turn) {
-            // A first step that ran too far ahead would have replaced it.
+            // A first step that runs too far ahead would overwrite it.
             seen.push_back(buffers[static_cast<std::size_t>(turn % ahead)]);
             return true;
         });
@@ -125,6 +221,61 @@ TEST(DoInStep, WhatAStepThrowsIsThrown) {
         EXPECT_THROW(doInStep(turns, 2, throwAt(turns - 1), succeed), std::runtime_error);
         EXPECT_THROW(doInStep(turns, 2, succeed, throwAt(turns - 1)), std::runtime_error);
     }
+}
+
+TEST(DoInStep, TheFailureIsTheOneThatAlternationWouldMeetFirst) {
+    const auto failAt = [](std::int64_t failing, const char* name) {
+        return [=](std::int64_t turn) { return turn == failing ? throw std::runtime_error(name) : true; };
+    };
+    const auto messageOf = [](const auto& call) {
+        try {
+            call();
+            return std::string("none");
+        } catch (const std::runtime_error& error) {
+            return std::string(error.what());
+        }
+    };
+    // The first step runs ahead and may fail earlier in time, but the turn of the second one comes first.
+    for (int times = 0; times < 50; ++times) {
+        EXPECT_EQ(messageOf([&] { doInStep(20, 4, failAt(5, "first"), failAt(4, "second")); }), "second");
+        EXPECT_EQ(messageOf([&] { doInStep(20, 4, failAt(5, "first"), failAt(5, "second")); }), "first");
+        bool isDone = true;
+        EXPECT_EQ(messageOf([&] {
+                      isDone =
+                          doInStep(20, 4, failAt(5, "first"), [](std::int64_t turn) { return turn < 4; });
+                  }),
+                  "none");
+        EXPECT_FALSE(isDone);
+    }
+}
+
+TEST(DoInStep, TheStepsOfATurnMayWorkInParallelThemselves) {
+    std::atomic<int> done = 0;
+    const auto step = [&](std::int64_t) {
+        forEachInParallel(5, [&](std::int64_t) { ++done; });
+        return true;
+    };
+    forEachInParallel(6, [&](std::int64_t) { EXPECT_TRUE(doInStep(10, 3, step, step)); });
+    EXPECT_EQ(done, 600);
+}
+
+TEST(DoInStep, TheFirstStepStaysWithinTheBuffers) {
+    std::atomic<std::int64_t> begun = 0;
+    std::atomic<std::int64_t> ended = 0;
+    std::atomic<std::int64_t> farthest = 0;
+    EXPECT_TRUE(doInStep(
+        300, 3,
+        [&](std::int64_t) {
+            const std::int64_t ahead = ++begun - ended;
+            farthest = std::max<std::int64_t>(farthest, ahead);
+            return true;
+        },
+        [&](std::int64_t) {
+            spendTime();
+            ++ended;
+            return true;
+        }));
+    EXPECT_LE(farthest, 3);
 }
 
 }  // namespace

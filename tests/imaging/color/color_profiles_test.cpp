@@ -1,6 +1,7 @@
 // Embedded color profiles, against the color library's own conversion.
 
 #include "color_profiles.h"
+#include "imaging/pixels/pixel_image.h"
 #include "jpeg_files.h"
 #include "picture.h"
 #include "png_files.h"

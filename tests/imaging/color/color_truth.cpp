@@ -1,4 +1,5 @@
 #include "color_truth.h"
+#include "imaging/pixels/pixel_image.h"
 
 namespace quarlin {
 

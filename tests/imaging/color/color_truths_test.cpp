@@ -2,6 +2,7 @@
 
 #include "color_profiles.h"
 #include "color_truth.h"
+#include "imaging/pixels/pixel_image.h"
 #include "jpeg_files.h"
 #include "png_files.h"
 #include "temporary_folder.h"

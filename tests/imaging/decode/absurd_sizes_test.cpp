@@ -1,6 +1,7 @@
 // A header may claim any size; it is believed only as far as the file can hold that many pixels.
 
 #include "bmp_files.h"
+#include "engine/base/texture_processor_error.h"
 #include "engine/texture_processor.h"
 #include "engine_errors.h"
 #include "imaging/pixels/image_view.h"
@@ -12,6 +13,7 @@
 #include "vips_files.h"
 
 #include <QFile>
+#include <QImage>
 #include <QtEndian>
 
 #include <gtest/gtest.h>

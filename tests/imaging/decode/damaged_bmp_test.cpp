@@ -1,12 +1,14 @@
 // A bitmap gives every pixel a value, or it is refused: the reader behind leaves what is skipped undefined.
 
 #include "bmp_files.h"
+#include "engine/base/texture_processor_error.h"
 #include "engine/texture_processor.h"
 #include "engine_errors.h"
 #include "picture.h"
 #include "temporary_folder.h"
 
 #include <gtest/gtest.h>
+#include <QImage>
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,9 @@
 // A file is a whole, intact image or an error, never half an image.
 
+#include "engine/base/texture_processor_error.h"
+#include "engine/texture_processor.h"
 #include "engine_errors.h"
+#include "imaging/pixels/pixel_image.h"
 #include "jpeg_files.h"
 #include "picture.h"
 #include "png_files.h"
@@ -10,6 +13,7 @@
 #include "vips_files.h"
 
 #include <gtest/gtest.h>
+#include <QImage>
 
 #include <random>
 

@@ -1,4 +1,8 @@
+#include "engine/base/texture_processor_error.h"
+#include "engine/texture_processor.h"
 #include "engine_errors.h"
+#include "imaging/pixels/pixel_image.h"
+#include "model/texture_asset.h"
 #include "picture.h"
 #include "png_files.h"
 #include "qstring_printing.h"
@@ -6,6 +10,7 @@
 #include "temporary_folder.h"
 
 #include <gtest/gtest.h>
+#include <QImage>
 
 #include <sys/stat.h>
 

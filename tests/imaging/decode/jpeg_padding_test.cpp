@@ -2,12 +2,16 @@
 
 #include "imaging/decode/formats/jpeg_padding.h"
 
+#include "engine/base/texture_processor_error.h"
+#include "engine/texture_processor.h"
 #include "engine_errors.h"
+#include "imaging/pixels/pixel_image.h"
 #include "jpeg_files.h"
 #include "rendering.h"
 #include "temporary_folder.h"
 
 #include <gtest/gtest.h>
+#include <QImage>
 
 using namespace Qt::StringLiterals;
 

@@ -1,3 +1,4 @@
+#include "imaging/pixels/pixel_image.h"
 #include "jpeg_files.h"
 #include "picture.h"
 #include "png_files.h"

@@ -2,6 +2,7 @@
 
 #include "imaging/decode/formats/tiff_alpha.h"
 #include "color_profiles.h"
+#include "imaging/pixels/pixel_image.h"
 #include "picture.h"
 #include "rendering.h"
 #include "temporary_folder.h"

@@ -1,4 +1,6 @@
 #include "bmp_files.h"
+#include "engine/base/texture_processor_error.h"
+#include "engine/texture_processor.h"
 #include "engine_errors.h"
 #include "picture.h"
 #include "rendering.h"
@@ -6,6 +8,7 @@
 #include "tiff_files.h"
 
 #include <gtest/gtest.h>
+#include <QImage>
 
 #include <cmath>
 

@@ -1,7 +1,8 @@
-// The gray coder's streams, inflated by another's decoder.
+// The streams of the gray coder, inflated by zlib.
 
 #include "imaging/deflate/gray_deflate.h"
 #include "byte_comparison.h"
+#include "imaging/pixels/pixel_image.h"
 #include "picture.h"
 #include "raw_inflate.h"
 
@@ -24,7 +25,7 @@ struct Residuals {
 
     GrayResiduals view() const { return {width, rows, filters, firstAlphas, values.data()}; }
 
-    /// The bytes that the residuals stand for.
+    /// The bytes that the residuals describe.
     std::vector<std::uint8_t> bytes() const {
         std::vector<std::uint8_t> result;
         for (std::int64_t row = 0; row < rows; ++row) {
@@ -40,7 +41,7 @@ struct Residuals {
     }
 };
 
-/// Residuals of the given spread around 0: 0 for all the same, 256 for noise.
+/// Residuals of the given spread around 0: all the same for 0, noise for 256.
 Residuals residuals(std::int64_t width, std::int64_t rows, int spread, std::uint64_t seed) {
     std::mt19937_64 random(seed);
     Residuals made{width, rows, {}, {}, {}};
@@ -82,7 +83,7 @@ TEST(GrayDeflate, EverySmallSizeInflatesToTheSameBytes) {
 }
 
 TEST(GrayDeflate, MatchesReachAcrossTheWholeWindowAndNoFarther) {
-    // The same noise again and again, at distances below, at and above what a stream can refer to.
+    // The same noise repeated, at distances below, at and above the largest distance of a match.
     for (const std::int64_t width : {8190, 8191, 8192, 8193, 9000}) {
         Residuals given = residuals(width, 4, 256, 5);
         for (std::int64_t index = width; index < width * 4; ++index) {
@@ -101,7 +102,7 @@ TEST(GrayDeflate, LongStripsOfEveryCharacterInflateToTheSameBytes) {
     }
 }
 
-TEST(GrayDeflate, FlatRowsTakeHardlyAnyRoom) {
+TEST(GrayDeflate, FlatRowsTakeFewBytes) {
     EXPECT_LT(deflateGray(residuals(4096, 64, 0, 1).view(), true).size(), 4096U);
 }
 

@@ -9,7 +9,7 @@ using namespace quarlin;
 
 namespace {
 
-/// The share of all bit sequences that a code uses up, in units of 2^-15: a complete code uses 2^15.
+/// The share of the code space that a code uses, in units of 2^-15: a complete code uses 2^15.
 unsigned usedShare(const HuffmanCode& code) {
     unsigned used = 0;
     for (const std::uint8_t length : code.lengths) {
@@ -36,8 +36,8 @@ TEST(HuffmanCode, IsCompleteAndWithinItsLimitForAnyCounts) {
     }
 }
 
-TEST(HuffmanCode, CountsThatAskForLongerCodesAreCutToTheLimit) {
-    // Each count is the sum of the two before: the deepest tree there is.
+TEST(HuffmanCode, CodesThatWouldBeLongerAreCutToTheLimit) {
+    // Each count is the sum of the two before, which gives the deepest possible tree.
     std::vector<std::uint32_t> counts{1, 1};
     while (counts.size() < 40) {
         counts.push_back(counts[counts.size() - 1] + counts[counts.size() - 2]);
@@ -48,7 +48,7 @@ TEST(HuffmanCode, CountsThatAskForLongerCodesAreCutToTheLimit) {
     EXPECT_EQ(code.lengths.back(), 1);
 }
 
-TEST(HuffmanCode, OftenerSymbolsNeverTakeLongerCodes) {
+TEST(HuffmanCode, MoreFrequentSymbolsNeverTakeLongerCodes) {
     const std::vector<std::uint32_t> counts{5, 90, 1, 0, 30, 2, 17};
     const HuffmanCode code = makeHuffmanCode(counts, 15);
     EXPECT_EQ(code.lengths[3], 0);

@@ -40,14 +40,14 @@ InflateStream::Pieces cut(const Bytes& stream, std::size_t pieceSize) {
     return pieces;
 }
 
-/// Whether the stream in these pieces holds just `size` bytes and then its end.
+/// Whether the stream in these pieces holds exactly `size` bytes and then its end.
 bool isWhole(const InflateStream::Pieces& pieces, std::size_t size) {
     InflateStream stream(pieces);
     Bytes output(size);
     return stream.read(output) && stream.hasEnded();
 }
 
-TEST(InflateStream, HoweverItIsCutAndReadTheTextIsTheSame) {
+TEST(InflateStream, TheTextIsTheSameForAllPiecesAndReads) {
     const Bytes text = someText();
     const Bytes whole = deflated(text);
     for (const std::size_t pieceSize : {std::size_t{1}, std::size_t{7}, std::size_t{8192}, whole.size()}) {
@@ -65,7 +65,7 @@ TEST(InflateStream, HoweverItIsCutAndReadTheTextIsTheSame) {
     }
 }
 
-TEST(InflateStream, MoreThanThereIsCannotBeRead) {
+TEST(InflateStream, ReadingBeyondTheEndFails) {
     const Bytes text = someText();
     const Bytes whole = deflated(text);
     EXPECT_TRUE(isWhole(cut(whole, 100), text.size()));
@@ -74,12 +74,12 @@ TEST(InflateStream, MoreThanThereIsCannotBeRead) {
     EXPECT_FALSE(isWhole({}, 0));
 }
 
-TEST(InflateStream, LessThanThereIsLeavesIt) {
+TEST(InflateStream, TheEndIsNotReachedWhileBytesAreLeft) {
     const Bytes text = someText();
     EXPECT_FALSE(isWhole(cut(deflated(text), 100), text.size() - 1));
 }
 
-TEST(InflateStream, BytesBehindTheEndAreNoticed) {
+TEST(InflateStream, BytesAfterTheEndAreNoticed) {
     const Bytes text = someText();
     Bytes whole = deflated(text);
     whole.push_back(0);
@@ -97,7 +97,7 @@ TEST(InflateStream, AMissingEndIsNoticed) {
     }
 }
 
-TEST(InflateStream, DamageIsNoticedAtTheLatestByTheChecksum) {
+TEST(InflateStream, DamageIsNoticedByTheChecksumAtTheLatest) {
     const Bytes text = someText();
     const Bytes whole = deflated(text);
     for (std::size_t index = 0; index < whole.size(); index += 97) {

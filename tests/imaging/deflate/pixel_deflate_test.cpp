@@ -1,4 +1,4 @@
-// The pixel coder's streams, inflated by another's decoder.
+// The streams of the pixel coder, inflated by zlib.
 
 #include "imaging/deflate/pixel_deflate.h"
 #include "byte_comparison.h"
@@ -13,7 +13,7 @@ using namespace quarlin;
 
 namespace {
 
-/// Filtered rows of pixels drawn from so many different ones, 0 for noise without bounds.
+/// Filtered rows of pixels chosen from a number of different ones; 0 means any pixel.
 std::vector<std::uint8_t> filteredRows(std::int64_t width, std::int64_t rows, std::uint32_t kinds,
                                        std::uint64_t seed) {
     std::mt19937_64 random(seed);
@@ -62,7 +62,7 @@ TEST(PixelDeflate, LongStripsOfEveryCharacterInflateToTheSameBytes) {
 }
 
 TEST(PixelDeflate, MatchesReachAcrossTheWholeWindowAndNoFarther) {
-    // The same noise again and again, at distances below, at and above what a stream can refer to.
+    // The same noise repeated, at distances below, at and above the largest distance of a match.
     for (const std::int64_t width : {8190, 8191, 8192, 8193, 16384}) {
         std::vector<std::uint8_t> bytes = filteredRows(width, 4, 0, 5);
         const auto rowSize = static_cast<std::size_t>(width * 4 + 1);
@@ -74,7 +74,7 @@ TEST(PixelDeflate, MatchesReachAcrossTheWholeWindowAndNoFarther) {
     }
 }
 
-TEST(PixelDeflate, FlatRowsTakeHardlyAnyRoom) {
+TEST(PixelDeflate, FlatRowsTakeFewBytes) {
     std::vector<std::uint8_t> bytes = filteredRows(4096, 64, 1, 1);
     bytes.resize(bytes.size() + 8);
     EXPECT_LT(deflatePixels({4096, 64, bytes.data()}, true).size(), 8192U);

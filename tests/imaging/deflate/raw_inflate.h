@@ -7,8 +7,8 @@
 
 namespace quarlin {
 
-/// Inflates a bare deflate stream with zlib to at most a little more than `size` bytes. Expects that all of
-/// it is consumed, and that the end of the stream is reached exactly when `ended`.
+/// Inflates a raw deflate stream of about `size` bytes with zlib. Expects that all input is consumed, and
+/// that the end of the stream is reached if and only if `ended`.
 std::vector<std::uint8_t> rawInflate(const PixelBuffer& stream, std::size_t size, bool ended);
 
 }  // namespace quarlin

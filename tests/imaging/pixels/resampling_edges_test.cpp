@@ -1,5 +1,7 @@
-// What resampling does to single pixels, to gradients and to the edge of what is transparent.
+// Resampling of single pixels, of gradients and of the edges of transparent areas.
 
+#include "engine/texture_processor.h"
+#include "imaging/pixels/pixel_image.h"
 #include "picture.h"
 #include "png_files.h"
 #include "rendering.h"
@@ -23,8 +25,8 @@ protected:
         return processor.renderImage(file, width, height);
     }
 
-    /// The largest distance of a visible color from `color`, in units of what one step of the premultiplied
-    /// byte amounts to at that alpha.
+    /// The largest distance of a visible color from `color`. The unit is the change of the straight color by
+    /// one step of the premultiplied byte, at that alpha.
     static double largestFringe(const PixelImage& image, const Rgba& color) {
         double largest = 0;
         for (int y = 0; y < image.height; ++y) {
@@ -44,7 +46,7 @@ protected:
 };
 
 TEST_F(ResamplingEdges, ACutOutHasNeitherADarkNorABrightFringe) {
-    // A disc of one color; around it nothing is visible, and what is hidden there is black, white or green.
+    // A disc of one color. Everything around it is transparent, with a hidden color: black, white or green.
     const Rgba color{200, 120, 40, 255};
     for (const Rgba hidden : {Rgba{0, 0, 0, 0}, Rgba{255, 255, 255, 0}, Rgba{0, 255, 0, 0}}) {
         const Picture disc = drawnPicture(
@@ -69,7 +71,7 @@ TEST_F(ResamplingEdges, AHalfTransparentPlaneHasNoFringeEither) {
 }
 
 TEST_F(ResamplingEdges, AnExportedCutOutHasItsColorUpToItsEdge) {
-    // As another program reads it back: straight colors, however little of them is visible.
+    // As another program reads the file: straight colors, even where alpha is low.
     const Rgba color{255, 255, 255, 255};
     const Picture disc = drawnPicture(
         80, 80, [&](int x, int y) { return std::hypot(x - 39.5, y - 39.5) < 30 ? color : Rgba{}; });
@@ -85,8 +87,8 @@ TEST_F(ResamplingEdges, AnExportedCutOutHasItsColorUpToItsEdge) {
 }
 
 TEST_F(ResamplingEdges, ASinglePixelKeepsItsEnergy) {
-    // What the pixel weighs against the area of the picture stays; overshoot below black is cut off, so the
-    // picture is gray.
+    // The pixel keeps its share of the area of the picture. The picture is gray, because overshoot below
+    // black would be clamped.
     const auto pointOn = [](int size) {
         return drawnPicture(size, size, [&](int x, int y) {
             const std::uint8_t gray = x == size / 2 && y == size / 2 ? 255 : 100;
@@ -117,7 +119,7 @@ TEST_F(ResamplingEdges, ASinglePixelStaysInItsPlaceAndSymmetric) {
                 ASSERT_EQ(pixelAt(image, x, y), pixelAt(image, y, x)) << size;
             }
         }
-        // Brightest in the middle.
+        // The middle is brightest.
         const int middle = pixelAt(image, size / 2, size / 2)[0];
         for (std::size_t at = 0; at < image.pixels.size(); at += 4) {
             ASSERT_LE(image.pixels[at], middle) << size;
@@ -139,7 +141,7 @@ TEST_F(ResamplingEdges, AGradientKeepsItsEnds) {
             EXPECT_NEAR(gray, 255 - pixelAt(image, width - 1 - x, 1)[0], 1) << width << " at " << x;
             before = gray;
         }
-        // An end pixel is the mean of what it covers.
+        // A pixel at the end is the mean of the area that it covers.
         const double covered = 256.0 / width;
         EXPECT_NEAR(pixelAt(image, 0, 1)[0], std::max(0.0, (covered - 1) / 2), 1.5) << width;
     }

@@ -1,3 +1,5 @@
+#include "engine/texture_processor.h"
+#include "imaging/pixels/pixel_image.h"
 #include "picture.h"
 #include "png_files.h"
 #include "rendering.h"
@@ -19,7 +21,7 @@ struct Stretch {
     int fromWidth, fromHeight, toWidth, toHeight;
 };
 
-/// Up and down, both at once, extreme and odd, to and from one pixel.
+/// Larger, smaller, both at once, extreme and odd sizes, to and from one pixel.
 const std::vector<Stretch> stretches{
     {100, 50, 64, 64},  {64, 64, 100, 50}, {31, 17, 62, 34},  {64, 64, 32, 32}, {33, 65, 32, 64},
     {40, 40, 41, 39},   {7, 3, 200, 111},  {200, 111, 7, 3},  {300, 2, 3, 200}, {1, 1, 9, 5},
@@ -65,7 +67,7 @@ double mean(const std::vector<std::uint8_t>& bytes, std::size_t channel) {
 }
 
 TEST_F(Resampling, StretchesWithoutKeepingTheAspect) {
-    // A frame along all four sides must end up along all four sides: nothing is cropped or padded.
+    // A frame along all four sides stays along all four sides: nothing is cropped or padded.
     const Picture framed = drawnPicture(100, 50, [](int x, int y) {
         return x < 10    ? Rgba{255, 0, 0, 255}
                : x >= 90 ? Rgba{0, 255, 0, 255}
@@ -121,7 +123,7 @@ TEST_F(Resampling, ColorNeverExceedsItsAlpha) {
     for (const Stretch& stretch : stretches) {
         for (const std::uint64_t seed : {3U, 4U}) {
             const Picture picture = noisePicture(stretch.fromWidth, stretch.fromHeight, seed, true);
-            // The second time with edges as hard as they get, where a resampler overshoots most.
+            // The second picture has the hardest edges possible, where a resampler overshoots most.
             const Picture hard = drawnPicture(stretch.fromWidth, stretch.fromHeight, [&](int x, int y) {
                 const Rgba noise = picture.at(x, y);
                 return seed == 3 ? noise
@@ -140,7 +142,7 @@ TEST_F(Resampling, ColorNeverExceedsItsAlpha) {
 }
 
 TEST_F(Resampling, TransparentColorDoesNotBleed) {
-    // Hidden behind alpha 0 lies bright red; only the visible blue may show.
+    // Where alpha is 0, the color is bright red; only the visible blue may show.
     const Picture picture = drawnPicture(60, 60, [](int x, int y) {
         return (x / 5 + y / 5) % 2 == 0 ? Rgba{255, 0, 0, 0} : Rgba{0, 0, 255, 255};
     });
@@ -156,7 +158,7 @@ TEST_F(Resampling, TransparentColorDoesNotBleed) {
 TEST_F(Resampling, KeepsTheMeanOfSmoothContent) {
     for (const Stretch& stretch : stretches) {
         const Picture picture = smoothPicture(stretch.fromWidth, stretch.fromHeight);
-        // A window of very few or very large pixels weighs the picture's curves unevenly.
+        // A window of very few or very large pixels weights the curves of the picture unevenly.
         const bool tiny =
             std::min({stretch.fromWidth, stretch.fromHeight, stretch.toWidth, stretch.toHeight}) < 8;
         const PixelImage image = stretched(picture, stretch.toWidth, stretch.toHeight);
@@ -191,7 +193,7 @@ TEST_F(Resampling, AveragesAFinePatternAwayInsteadOfAliasing) {
 }
 
 TEST_F(Resampling, ShiftsNothingByHalfAPixel) {
-    // The center of a blob, measured as its center of mass, keeps its place relative to the picture.
+    // The center of mass of a blob keeps its place relative to the picture.
     const double centerX = 0.3;
     const double centerY = 0.6;
     const Picture blob = drawnPicture(120, 90, [=](int x, int y) {
@@ -236,7 +238,7 @@ TEST_F(Resampling, ARampStaysARamp) {
 }
 
 TEST_F(Resampling, WorksInTheEncodedValues) {
-    // Black and white in equal parts meet at the middle of the bytes, not at the middle of the light (188).
+    // Equal parts of black and white give the middle of the bytes, not the middle of the light (188).
     const Picture checks = drawnPicture(64, 64, [](int x, int y) {
         return (x + y) % 2 == 0 ? Rgba{0, 0, 0, 255} : Rgba{255, 255, 255, 255};
     });
@@ -245,7 +247,7 @@ TEST_F(Resampling, WorksInTheEncodedValues) {
 }
 
 TEST_F(Resampling, SharpensRatherThanBlursWhenItEnlarges) {
-    // A kernel of negative lobes overshoots beside an edge; linear interpolation never does.
+    // A kernel with negative lobes overshoots next to an edge; linear interpolation never does.
     const Picture edge = drawnPicture(20, 4, [](int x, int) {
         return x < 10 ? Rgba{64, 64, 64, 255} : Rgba{192, 192, 192, 255};
     });

@@ -75,7 +75,7 @@ void expectUnfilteringGivesRowsBack() {
         Bytes above(noise.bytes.end() - size, noise.bytes.end());
         for (const PngFilter filter : filters) {
             Bytes restored = plainlyFiltered(filter, pixelSize, row, above);
-            // What stands behind the row must neither count nor change.
+            // The bytes after the row must neither matter nor change.
             restored.resize(row.size() + unfilterSpare, 99);
             above.resize(restored.size(), 77);
             ASSERT_TRUE(unfilterPngRow<pixelSize>(static_cast<std::uint8_t>(filter),
@@ -94,14 +94,14 @@ TEST(PngFilter, UnfilteringGivesTheRowBack) {
     expectUnfilteringGivesRowsBack<4>();
 }
 
-TEST(PngFilter, AnUnknownFilterIsRefused) {
+TEST(PngFilter, AnUnknownFilterIsRejected) {
     Bytes row(8);
     const Bytes above(8);
     EXPECT_FALSE(unfilterPngRow<4>(5, row, above.data()));
     EXPECT_FALSE(unfilterPngRow<4>(255, row, above.data()));
 }
 
-/// The sum of the residuals' magnitudes as signed bytes.
+/// The sum of the magnitudes of the residuals, as signed bytes.
 unsigned cost(const Bytes& residuals) {
     unsigned sum = 0;
     for (const std::uint8_t value : residuals) {

@@ -27,7 +27,7 @@ void expectFailure(const std::function<void()>& work, FileError::Action action, 
     }
 }
 
-/// Three files of noise in the making, each of several strips.
+/// Three pictures of noise, each of several strips.
 class PngFiles : public testing::Test {
 protected:
     static constexpr int side = 700;
@@ -81,7 +81,7 @@ TEST_F(PngFiles, WithoutADraftAFileIsTheSame) {
     EXPECT_EQ(fixtures::readFile(folder.url(names[0])), fixtures::readFile(folder.url(names[1])));
 }
 
-TEST_F(PngFiles, BandsMayComeInAnyOrder) {
+TEST_F(PngFiles, StripsMayComeInAnyOrder) {
     PngFile file(side, side, folder.url(names[0]));
     const RowStrips strips = file.strips();
     for (std::int64_t strip = strips.count() - 1; strip >= 0; --strip) {
@@ -91,7 +91,7 @@ TEST_F(PngFiles, BandsMayComeInAnyOrder) {
     EXPECT_EQ(readPng(folder.url(names[0])).bytes, pictures[0].bytes);
 }
 
-TEST_F(PngFiles, ADraftThatFailedIsMadeUpForWhenThereIsRoomAgain) {
+TEST_F(PngFiles, AFailedDraftIsWrittenAgainWhenThereIsSpace) {
     PngFileSet files(folder.url(), side, side);
     for (const QString& name : names) {
         files.add(name);
@@ -107,7 +107,7 @@ TEST_F(PngFiles, ADraftThatFailedIsMadeUpForWhenThereIsRoomAgain) {
     EXPECT_EQ(readPng(folder.url(names[2])).bytes, pictures[2].bytes);
 }
 
-TEST_F(PngFiles, WhenOnlyItsEndFindsNoRoomAFileGetsThatOfTheDraftsBehindIt) {
+TEST_F(PngFiles, AFileThatFailsAtItsEndGetsTheSpaceOfLaterDrafts) {
     PngFileSet files(folder.url(), side, side);
     for (const QString& name : names) {
         files.add(name);
@@ -116,11 +116,11 @@ TEST_F(PngFiles, WhenOnlyItsEndFindsNoRoomAFileGetsThatOfTheDraftsBehindIt) {
     QStringList written;
     const FullDisk full(1000);
     expectFailure([&] { files.commit(written); }, FileError::Action::write, folder.url(names[0]));
-    // The set is still there, its drafts are not.
+    // The set still exists, but its drafts do not.
     EXPECT_EQ(folder.names(), QStringList());
 }
 
-TEST_F(PngFiles, BehindAFileThatCannotBeMadeNothingIsWrittenOrLeftBehind) {
+TEST_F(PngFiles, AfterAFileThatCannotBeCreatedNothingIsWrittenOrLeft) {
     folder.makeFolder(names[1]);
     {
         PngFileSet files(folder.url(), side, side);

@@ -1,5 +1,6 @@
 #include "imaging/decode/formats/bmp_reader.h"
 
+#include "imaging/base/pixel_size.h"
 #include "imaging/decode/convert_pixels.h"
 #include "imaging/decode/decode_error.h"
 #include "imaging/decode/start_imaging.h"

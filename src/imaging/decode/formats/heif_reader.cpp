@@ -1,11 +1,11 @@
 #include "imaging/decode/formats/heif_reader.h"
 
+#include "imaging/base/pixel_size.h"
 #include "imaging/color/coded_colors.h"
 #include "imaging/decode/decode_error.h"
 #include "imaging/decode/formats/heif_boxes.h"
 #include "imaging/decode/row_conversion.h"
 #include "imaging/decode/two_step_reader.h"
-#include "imaging/pixels/image_view.h"
 
 #include <QtEndian>
 

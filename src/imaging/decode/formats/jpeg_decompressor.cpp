@@ -1,7 +1,7 @@
 #include "imaging/decode/formats/jpeg_decompressor.h"
 
+#include "imaging/base/pixel_size.h"
 #include "imaging/decode/decode_error.h"
-#include "imaging/pixels/image_view.h"
 
 #include <algorithm>
 #include <array>

@@ -1,11 +1,11 @@
 #include "imaging/decode/formats/vips_reader.h"
 
+#include "imaging/base/pixel_size.h"
 #include "imaging/decode/decode_error.h"
 #include "imaging/decode/formats/tiff_alpha.h"
 #include "imaging/decode/row_conversion.h"
 #include "imaging/decode/two_step_reader.h"
 #include "imaging/decode/vips_library.h"
-#include "imaging/pixels/image_view.h"
 
 #include <vips/vips.h>
 

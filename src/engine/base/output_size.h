@@ -1,0 +1,17 @@
+#pragma once
+
+#include "imaging/base/pixel_size.h"
+#include "model/conversion_settings.h"
+#include "model/output_resolution.h"
+#include "model/texture_asset.h"
+
+namespace quarlin {
+
+/// The output size: square for a fixed resolution, else the base texture's own.
+PixelSize resolvedOutputSize(const TextureAsset& base, const ConversionSettings& settings);
+PixelSize resolvedOutputSize(std::int64_t baseWidth, std::int64_t baseHeight, OutputResolution resolution);
+
+/// The size of a preview: at most 512 on the long side, the short side truncated but at least 1.
+PixelSize previewSize(PixelSize size);
+
+}  // namespace quarlin

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "imaging/pixels/image_view.h"
+#include "model/texture_asset.h"
+
+namespace quarlin {
+
+/// A texture at the size that an operation needs, ready to be read. It shares the pixels of a loaded texture
+/// when it already has this size, so that nothing is decoded or copied needlessly.
+///
+/// The pixels of a loaded texture are used as long as its file still has the stamp that it had when they were
+/// decoded; a file that has changed is decoded again. Throws `cannotReadImage` and
+/// `cannotCreateBitmap`.
+QImage renderTexture(const TextureAsset& asset, std::int64_t width, std::int64_t height);
+
+/// The same from a file.
+QImage renderFile(const QUrl& url, std::int64_t width, std::int64_t height);
+
+/// A file at its own size, and its stamp when it was read.
+struct DecodedFile {
+    QImage image;
+    FileStamp stamp;
+};
+/// Throws `cannotReadImage`.
+DecodedFile decodeFile(const QUrl& url);
+
+}  // namespace quarlin

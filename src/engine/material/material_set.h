@@ -1,0 +1,23 @@
+#pragma once
+
+#include "imaging/pixels/pixel_image.h"
+#include "model/conversion_settings.h"
+#include "model/export_result.h"
+#include "model/previews.h"
+#include "model/texture_map.h"
+
+#include <QUrl>
+
+namespace quarlin {
+
+// The operations of `TextureProcessor` on the textures of a material. They are described there.
+
+ExportResult exportMaterialSet(const TextureMap& textures, const ConversionSettings& settings,
+                               const QUrl& parentDirectory);
+
+OutputPreviews buildMaterialPreviews(const TextureMap& textures, const ConversionSettings& settings);
+
+PixelImage makeORM(const TextureMap& textures, const ConversionSettings& settings, std::int64_t width,
+                   std::int64_t height);
+
+}  // namespace quarlin

@@ -1,0 +1,135 @@
+#include "engine/texture_processor.h"
+
+#include "engine/base/generated_maps.h"
+#include "engine/base/imaging_errors.h"
+#include "engine/base/on_screen_image.h"
+#include "engine/base/output_size.h"
+#include "engine/base/rendered_texture.h"
+#include "engine/base/texture_processor_error.h"
+#include "engine/documents/documents.h"
+#include "engine/generator/generated_set.h"
+#include "engine/generator/generated_strips.h"
+#include "engine/material/material_set.h"
+#include "imaging/base/parallel.h"
+#include "imaging/files/file_names.h"
+#include "imaging/pixels/pixel_image.h"
+#include "imaging/png/png_file.h"
+#include "model/conversion_settings.h"
+#include "model/export_result.h"
+#include "model/normal_generator_settings.h"
+#include "model/normal_output_names.h"
+#include "model/output_names.h"
+#include "model/previews.h"
+#include "model/texture_asset.h"
+#include "model/texture_map.h"
+
+namespace quarlin {
+
+namespace {
+
+PixelImage toPixelImage(const QImage& image) {
+    return {image.width(), image.height(), {image.constBits(), image.constBits() + image.sizeInBytes()}};
+}
+
+}  // namespace
+
+TextureAsset TextureProcessor::loadAsset(const QUrl& url) const {
+    DecodedFile file = decodeFile(url);
+    const QSize size = file.image.size();
+    TextureAsset asset(url, lastPathComponent(url), size.width(), size.height(), std::move(file.image));
+    asset.decodedFrom = file.stamp;
+    return asset;
+}
+
+QImage TextureProcessor::loadCGImage(const QUrl& url) const { return decodeFile(url).image; }
+
+PixelImage TextureProcessor::renderImage(const QUrl& url, std::int64_t width, std::int64_t height) const {
+    return toPixelImage(renderFile(url, width, height));
+}
+
+PixelImage TextureProcessor::renderImage(const TextureAsset& asset, std::int64_t width,
+                                         std::int64_t height) const {
+    return toPixelImage(renderTexture(asset, width, height));
+}
+
+QImage TextureProcessor::makeCGImage(const PixelImage& image, const QUrl& urlForError) const {
+    return onScreenImage(image, urlForError);
+}
+
+QImage TextureProcessor::makeNSImage(const PixelImage& image) const { return onScreenImage(image); }
+
+void TextureProcessor::writePNG(const PixelImage& image, const QUrl& url) const {
+    if (!isImage(image)) {
+        throw TextureProcessorError::cannotCreatePNG(url);
+    }
+    PngFile file(image.width, image.height, url);
+    const RowStrips strips = file.strips();
+    forEachInParallel(strips.count(), [&](std::int64_t strip) {
+        file.encodeStrip(strip, ImageView(image).row(strips[strip].first));
+    });
+    if (!file.commitDraft()) {
+        reportingEngineErrors(FileKind::image, [&] { file.write(); });
+    }
+}
+
+PixelSize TextureProcessor::resolvedOutputSize(const TextureAsset& base, const ConversionSettings& settings) {
+    return quarlin::resolvedOutputSize(base, settings);
+}
+
+PixelSize TextureProcessor::previewSize(PixelSize size) { return quarlin::previewSize(size); }
+
+PixelImage TextureProcessor::makeORM(const TextureMap& textures, const ConversionSettings& settings,
+                                     std::int64_t width, std::int64_t height) const {
+    return quarlin::makeORM(textures, settings, width, height);
+}
+
+NormalOutputs TextureProcessor::makeGeneratedNormalOutputs(const QUrl& sourceURL,
+                                                           const NormalGeneratorSettings& settings,
+                                                           std::int64_t width, std::int64_t height) const {
+    return generateOutputs(ImageView(renderFile(sourceURL, width, height)), settings);
+}
+
+QByteArray TextureProcessor::makeGLTFData(const OutputNames& names, const ConversionSettings& settings,
+                                          bool hasNormal) {
+    return quarlin::makeGLTFData(names, settings, hasNormal);
+}
+
+QString TextureProcessor::makeNotes(const OutputNames& names, const ConversionSettings& settings,
+                                    const TextureMap& textures, bool hasNormal) {
+    return quarlin::makeNotes(names, settings, textures, hasNormal);
+}
+
+QByteArray TextureProcessor::makeGeneratedGLTFData(const NormalOutputNames& names,
+                                                   const NormalGeneratorSettings& settings) {
+    return quarlin::makeGeneratedGLTFData(names, settings);
+}
+
+QString TextureProcessor::makeNormalNotes(const NormalOutputNames& names,
+                                          const NormalGeneratorSettings& settings,
+                                          const TextureAsset& source) {
+    return quarlin::makeNormalNotes(names, settings, source);
+}
+
+ExportResult TextureProcessor::exportMaterialSet(const TextureMap& textures,
+                                                 const ConversionSettings& settings,
+                                                 const QUrl& parentDirectory) const {
+    return quarlin::exportMaterialSet(textures, settings, parentDirectory);
+}
+
+ExportResult TextureProcessor::exportGeneratedNormalSet(const std::optional<TextureAsset>& source,
+                                                        const NormalGeneratorSettings& settings,
+                                                        const QUrl& parentDirectory) const {
+    return exportGeneratedSet(source, settings, parentDirectory);
+}
+
+OutputPreviews TextureProcessor::buildPreviews(const TextureMap& textures,
+                                               const ConversionSettings& settings) const {
+    return buildMaterialPreviews(textures, settings);
+}
+
+NormalPreviews TextureProcessor::buildNormalPreviews(const std::optional<TextureAsset>& source,
+                                                     const NormalGeneratorSettings& settings) const {
+    return buildGeneratedPreviews(source, settings);
+}
+
+}  // namespace quarlin
