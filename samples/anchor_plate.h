@@ -4,8 +4,8 @@
 
 namespace quarlin::samples {
 
-/// Lays the cast-iron anchor plates of the wall, once painted and now rusting, over `wall` at a pixel of the
-/// texture, together with the rust that has run down from them.
+/// Adds the wall's cast-iron anchor plates to `wall` at a pixel of the texture: once painted and now rusty,
+/// with the rust that has run down from them.
 SurfacePoint withAnchorPlates(SurfacePoint wall, double x, double y);
 
 }  // namespace quarlin::samples

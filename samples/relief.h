@@ -14,10 +14,10 @@ struct Direction {
     double z;
 };
 
-/// The surface's direction at a pixel. The relief repeats beyond the edges.
+/// The normal of the surface at a pixel. The relief repeats beyond the edges.
 Direction directionAt(const Relief& relief, int x, int y);
 
-/// How much of the sky each pixel of the relief sees, 0...1, from what rises above it near and far.
+/// How much of the sky is visible from each pixel of the relief, 0...1, given the heights near and far.
 std::vector<double> skyOver(const Relief& relief);
 
 }  // namespace quarlin::samples

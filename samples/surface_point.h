@@ -4,7 +4,7 @@
 
 namespace quarlin::samples {
 
-/// A color in sRGB values, 0...255, that may run out of range while it is being mixed.
+/// A color in sRGB values, 0...255, which may be out of range while colors are mixed.
 struct Color {
     double red = 0;
     double green = 0;
@@ -19,12 +19,12 @@ inline Color scaled(const Color& color, double factor) {
     return {color.red * factor, color.green * factor, color.blue * factor};
 }
 
-/// What a wall is like at one place.
+/// The properties of a wall at one point.
 struct SurfacePoint {
     Color color;
-    /// Above the face of the bricks, in pixels.
+    /// Height above the face of the bricks, in pixels.
     double height = 0;
-    /// 0 for dull to 1 for a mirror.
+    /// From 0 for a matt surface to 1 for a mirror.
     double gloss = 0;
     /// 1 for bare metal.
     double metallic = 0;

@@ -1,4 +1,4 @@
-# What only the Debian package has: its own changelog and copyright file, and the dependencies found in the programs.
+# Only for the Debian package: its own changelog and copyright file, and the dependencies found in the programs.
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "VOREK TECH <quarlin@vorek.invalid>")
@@ -13,10 +13,10 @@ occlusion, roughness and metallic map, a normal map, a glTF material and
 notes. From a single texture it makes a normal map, the other maps of a
 material and a packed map.
 .
-The package holds the program with a window, quarlin, and the same tools for
-scripts, quarlin-cli.")
+The package contains quarlin, a program with a window, and quarlin-cli, the
+same tools for the command line.")
 
-# Debian's rules want the package's own changelog beside the program's.
+# Debian's rules require a changelog of the package besides that of the program.
 file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/changelog entry LIMIT_COUNT 1)
 set(debian_version ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})
 if(NOT entry MATCHES "^quarlin \\(${debian_version}\\) ")

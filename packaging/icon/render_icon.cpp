@@ -1,6 +1,6 @@
 // Renders the application's icon.
 //   render_icon SVG OUTPUT SIZE...
-// OUTPUT is a .png of the one size given, or holds all sizes as a Windows .ico or a macOS .icns.
+// OUTPUT is a .png of the first size, or a Windows .ico or macOS .icns with all sizes.
 
 #include <QBuffer>
 #include <QDataStream>
@@ -28,7 +28,7 @@ RenderedIcon render(QSvgRenderer& drawing, int size) {
     drawing.render(&painter, QRectF(0, 0, size, size));
     painter.end();
     QBuffer buffer;
-    // For PNG the quality is the packing: 0 packs hardest.
+    // For PNG the quality sets the compression: 0 compresses most.
     image.save(&buffer, "PNG", 0);
     return {size, buffer.data()};
 }
@@ -60,7 +60,7 @@ QByteArray windowsIcon(const QList<RenderedIcon>& icons) {
     return file;
 }
 
-/// The kind of chunk that holds a PNG of this size; empty if there is none.
+/// The type of the chunk for a PNG of this size; empty if there is none.
 QByteArray macosChunkType(int size) {
     switch (size) {
         case 16:

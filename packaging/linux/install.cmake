@@ -1,4 +1,4 @@
-# What a Linux desktop wants beside the programs: menu entry, description, icons, manual pages, completions.
+# For a Linux desktop, besides the programs: menu entry, description, icons, manual pages, completions.
 find_program(GZIP_PROGRAM gzip REQUIRED)
 
 # The day of the newest release, from the changelog's first heading of the form "## [1.0.0] - 2026-11-21".
@@ -10,7 +10,7 @@ endif()
 set(QUARLIN_RELEASE_DATE ${CMAKE_MATCH_2})
 set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS CHANGELOG.md)
 
-# quarlin_compressed(OUTPUT INPUT): OUTPUT is INPUT as gzip packs it, the same bytes each time.
+# quarlin_compressed(OUTPUT INPUT): compresses INPUT with gzip to OUTPUT, with the same bytes every time.
 function(quarlin_compressed output input)
   add_custom_command(
     OUTPUT ${output}
@@ -27,7 +27,7 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/tech.vorek.quarlin.metainfo.xml
 install(DIRECTORY ${QUARLIN_ICON_THEME} DESTINATION ${CMAKE_INSTALL_DATADIR}/icons)
 install(FILES ${QUARLIN_ICON_SVG} DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 
-# A manual page may name @PROJECT_VERSION@ and @QUARLIN_RELEASE_DATE@.
+# A manual page may contain @PROJECT_VERSION@ and @QUARLIN_RELEASE_DATE@.
 set(compressed)
 file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/packaging/man/*.1)
 foreach(page IN LISTS pages)
@@ -38,7 +38,7 @@ foreach(page IN LISTS pages)
   list(APPEND compressed man/${name}.gz)
 endforeach()
 
-# quarlin_completions(SHELL FOLDER): the files of packaging/completion/SHELL go where that shell looks.
+# quarlin_completions(SHELL FOLDER): installs the files of packaging/completion/SHELL to FOLDER, where that shell finds them.
 function(quarlin_completions shell folder)
   file(GLOB completions CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/packaging/completion/${shell}/*)
   install(FILES ${completions} DESTINATION ${CMAKE_INSTALL_DATADIR}/${folder})

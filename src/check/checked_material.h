@@ -11,9 +11,9 @@
 namespace quarlin {
 
 /// A material as an uploader sees it: which image is used for what. An image is the name of a file in the
-/// set's folder, which may be missing.
+/// set's folder; the file may be missing.
 struct CheckedMaterial {
-    /// The document that describes it; empty where only the file names do.
+    /// The .gltf that describes it; empty if only the file names do.
     QString document;
     QString name;
     std::optional<QString> baseColor;
@@ -24,7 +24,7 @@ struct CheckedMaterial {
     bool isOpaque = true;
 };
 
-/// The materials of a set, and what is wrong with the way in which they are described.
+/// The materials of a set, and the findings on how they are described.
 struct CheckedSet {
     std::vector<CheckedMaterial> materials;
     Findings findings;
@@ -33,7 +33,7 @@ struct CheckedSet {
 /// Reads the materials of a glTF 2.0 document, the file `name` in `folder`.
 CheckedSet readGLTF(const QUrl& folder, const QString& name);
 
-/// The set in `folder`: what its .gltf documents say, or where there is none what the names of its files do.
+/// The set in `folder`, read from its .gltf documents, or if there are none, from the names of its files.
 CheckedSet readSet(const QUrl& folder);
 
 }  // namespace quarlin

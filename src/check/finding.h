@@ -10,7 +10,7 @@ namespace quarlin {
 
 using namespace Qt::StringLiterals;
 
-/// How bad a finding is: worth knowing, likely not meant, or bound to fail.
+/// How bad a finding is: worth knowing, probably a mistake, or certain to fail.
 enum class Severity { note, warning, error };
 
 template <>
@@ -60,47 +60,54 @@ struct EnumerationTable<FindingKind> {
     struct Row {
         QLatin1StringView rawValue;
         Severity severity;
-        /// What it means, for the help.
+        /// A clause without a full stop. The help lists it, and the text of a finding begins with it.
         QLatin1StringView title;
     };
     static constexpr std::array rows{
         Row{"unreadable-folder"_L1, Severity::error, "the folder can't be read"_L1},
         Row{"no-set"_L1, Severity::error,
-            "the folder holds neither a .gltf nor images with the names of a set"_L1},
+            "the folder contains neither a .gltf nor images with the names of an exported set"_L1},
         Row{"unreadable-document"_L1, Severity::error, "the .gltf can't be read"_L1},
-        Row{"invalid-json"_L1, Severity::error, "the .gltf is no JSON"_L1},
-        Row{"invalid-gltf"_L1, Severity::error,
-            "the .gltf is no glTF 2.0, has no material, or refers to what it does not hold"_L1},
-        Row{"outside-reference"_L1, Severity::error,
-            "an image is referred to that lies outside the folder"_L1},
-        Row{"missing-image"_L1, Severity::error, "an image is missing"_L1},
-        Row{"undecodable-image"_L1, Severity::error, "a file is no whole, intact image"_L1},
+        Row{"invalid-json"_L1, Severity::error, "the .gltf is not valid JSON"_L1},
+        Row{"invalid-gltf"_L1, Severity::error, "the .gltf does not describe a glTF 2.0 material"_L1},
+        Row{"outside-reference"_L1, Severity::error, "the .gltf refers to an image outside the folder"_L1},
+        Row{"missing-image"_L1, Severity::error, "the image is missing or can't be read"_L1},
+        Row{"undecodable-image"_L1, Severity::error, "the file is not a complete, undamaged image"_L1},
         Row{"wrong-format"_L1, Severity::error,
-            "an image is neither PNG nor JPEG, or another one than its name says"_L1},
+            "the image is neither PNG nor JPEG, or its name says otherwise"_L1},
         Row{"wrong-channels"_L1, Severity::error,
-            "an ORM or normal map is gray, so that all its channels are the same"_L1},
+            "the ORM or normal map is gray: red, green and blue are the same"_L1},
         Row{"occlusion-not-orm"_L1, Severity::error,
-            "occlusion is another image than metallic and roughness"_L1},
-        Row{"wrong-depth"_L1, Severity::warning, "an image has other than 8 bits per channel"_L1},
-        Row{"indexed-color"_L1, Severity::warning, "an image has a palette instead of channels"_L1},
+            "occlusion has an image of its own, but only the red channel of the ORM image is uploaded"_L1},
+        Row{"wrong-depth"_L1, Severity::warning, "the image does not have 8 bits per channel"_L1},
+        Row{"indexed-color"_L1, Severity::warning,
+            "the image has a palette of at most 256 colors instead of channels"_L1},
         Row{"not-power-of-two"_L1, Severity::warning,
-            "a side is no power of two, so that the image is rescaled on upload"_L1},
+            "a side is not a power of two, so the image is rescaled on upload"_L1},
         Row{"too-large"_L1, Severity::warning,
-            "a side is longer than 2048 pixels, so that the image is scaled down on upload"_L1},
-        Row{"different-sizes"_L1, Severity::warning, "the maps of a material are of different sizes"_L1},
+            "a side is longer than 2048 pixels, so the image is scaled down on upload"_L1},
+        Row{"different-sizes"_L1, Severity::warning, "the images of the material have different sizes"_L1},
         Row{"ignored-alpha"_L1, Severity::warning,
-            "the base color is transparent in places, and the material is opaque"_L1},
-        Row{"normal-inverted"_L1, Severity::warning, "the green of a normal map looks inverted (DirectX)"_L1},
-        Row{"normal-not-unit"_L1, Severity::warning, "many normals of a normal map are not of length 1"_L1},
-        Row{"normal-inward"_L1, Severity::warning, "normals of a normal map point into the surface"_L1},
+            "the base color is transparent in places, but the material is opaque and ignores alpha"_L1},
+        Row{"normal-inverted"_L1, Severity::warning,
+            "green looks inverted: the normal map fits a surface if green points down, as in DirectX, but in "
+            "glTF it points up"_L1},
+        Row{"normal-not-unit"_L1, Severity::warning,
+            "many normals do not have length 1, so this may not be a normal map, or it was edited as a "
+            "picture"_L1},
+        Row{"normal-inward"_L1, Severity::warning,
+            "normals point into the surface, as their blue is below 128"_L1},
         Row{"name-cut"_L1, Severity::warning,
-            "the material's name is longer than the 63 bytes of an inventory name"_L1},
+            "the material's name is longer than the 63 bytes of an inventory name, and is cut"_L1},
         Row{"file-name-cut"_L1, Severity::note,
-            "the name of an image is longer than that, and is cut when it is uploaded alone"_L1},
-        Row{"normal-green-down"_L1, Severity::note, "the green of a generated normal map points down"_L1},
-        Row{"no-base-color"_L1, Severity::note, "a material has no base color image"_L1},
-        Row{"no-orm"_L1, Severity::note, "a material has no ORM image"_L1},
-        Row{"embedded-image"_L1, Severity::note, "an image is part of the .gltf, and not checked"_L1},
+            "the image's name is longer than the 63 bytes of an inventory name, and is cut if the image is "
+            "uploaded alone"_L1},
+        Row{"normal-green-down"_L1, Severity::note,
+            "green points down in the generated normal map, so export it with Flip Green if light seems to "
+            "come from below"_L1},
+        Row{"no-base-color"_L1, Severity::note, "the material has no base color image"_L1},
+        Row{"no-orm"_L1, Severity::note, "the material has no ORM image"_L1},
+        Row{"embedded-image"_L1, Severity::note, "an image is part of the .gltf and is not checked"_L1},
     };
 };
 
@@ -118,5 +125,9 @@ struct Finding {
 };
 
 using Findings = std::vector<Finding>;
+
+/// A finding whose text is the title of `kind` as a sentence, followed by `detail`, a clause, where there is
+/// one.
+Finding findingOf(FindingKind kind, const QString& file, const QString& detail = {});
 
 }  // namespace quarlin

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The element of an array that `index` names; nothing where there is none.
+/// The element of `array` at `index`, if there is one.
 std::optional<QJsonObject> elementAt(const QJsonValue& array, const QJsonValue& index) {
     const QJsonArray elements = array.toArray();
     const int position = index.toInt(-1);
@@ -25,7 +25,7 @@ std::optional<QJsonObject> elementAt(const QJsonValue& array, const QJsonValue& 
     return elements.at(position).toObject();
 }
 
-/// Reads one document, and collects what is found on the way.
+/// Reads one document and collects the findings on it.
 class Reader {
 public:
     Reader(QString name, QJsonObject document) : m_name(std::move(name)), m_document(std::move(document)) {}
@@ -33,12 +33,12 @@ public:
     CheckedSet read() {
         const QString version = m_document[u"asset"_s][u"version"_s].toString();
         if (!version.startsWith(u"2."_s)) {
-            add(FindingKind::invalidGLTF, u"This is no glTF 2.0 document."_s);
+            add(FindingKind::invalidGLTF, u"its version is not 2"_s);
             return m_set;
         }
         const QJsonArray materials = m_document[u"materials"_s].toArray();
         if (materials.isEmpty()) {
-            add(FindingKind::invalidGLTF, u"The document has no material."_s);
+            add(FindingKind::invalidGLTF, u"it lists no materials"_s);
         }
         for (const auto& material : materials) {
             m_set.materials.push_back(materialOf(material.toObject()));
@@ -50,10 +50,10 @@ private:
     CheckedMaterial materialOf(const QJsonObject& material) {
         const QJsonObject surface = material[u"pbrMetallicRoughness"_s].toObject();
         if (!surface.contains(u"baseColorTexture"_s)) {
-            add(FindingKind::noBaseColor, u"The material has no base color image."_s);
+            add(FindingKind::noBaseColor);
         }
         if (!surface.contains(u"metallicRoughnessTexture"_s)) {
-            add(FindingKind::noORM, u"The material has no ORM image."_s);
+            add(FindingKind::noORM);
         }
         const QString alphaMode = material[u"alphaMode"_s].toString(u"OPAQUE"_s);
         return {.document = m_name,
@@ -65,7 +65,7 @@ private:
                 .isOpaque = alphaMode == u"OPAQUE"_s};
     }
 
-    /// The file of the image that the member `key` of `owner` refers to.
+    /// The file of the image that the member `key` of `owner` refers to, if it can be checked.
     std::optional<QString> image(const QJsonObject& owner, const QString& key) {
         if (!owner.contains(key)) {
             return std::nullopt;
@@ -74,15 +74,12 @@ private:
         const auto image =
             texture ? elementAt(m_document[u"images"_s], texture->value(u"source"_s)) : std::nullopt;
         if (!image) {
-            add(FindingKind::invalidGLTF, key +
-                                              u" refers to an image that the document does not "
-                                              "have."_s);
+            add(FindingKind::invalidGLTF, key + u" refers to an image that it does not have"_s);
             return std::nullopt;
         }
         const QString uri = image->value(u"uri"_s).toString();
         if (uri.isEmpty() || uri.startsWith(u"data:"_s, Qt::CaseInsensitive)) {
-            add(FindingKind::embeddedImage,
-                u"The image of "_s + key + u" is part of the document, and not checked."_s);
+            add(FindingKind::embeddedImage, u"that of "_s + key);
             return std::nullopt;
         }
         return fileOf(uri, key);
@@ -93,14 +90,15 @@ private:
         const QString file = QDir::cleanPath(QUrl::fromPercentEncoding(uri.toUtf8()));
         if (scheme.match(uri).hasMatch() || file.startsWith(u'/') || file.startsWith(u'\\') ||
             file == u".."_s || file.startsWith(u"../"_s)) {
-            add(FindingKind::outsideReference,
-                key + u" refers to "_s + uri + u", which is outside the folder."_s);
+            add(FindingKind::outsideReference, key + u" is "_s + uri);
             return std::nullopt;
         }
         return file;
     }
 
-    void add(FindingKind kind, const QString& text) { m_set.findings.push_back({kind, m_name, text}); }
+    void add(FindingKind kind, const QString& detail = {}) {
+        m_set.findings.push_back(findingOf(kind, m_name, detail));
+    }
 
     QString m_name;
     QJsonObject m_document;
@@ -112,15 +110,14 @@ private:
 CheckedSet readGLTF(const QUrl& folder, const QString& name) {
     const std::optional<FileBytes> file = readFile(fileIn(folder, name));
     if (!file) {
-        return {{}, {{FindingKind::unreadableDocument, name, u"The document can't be read."_s}}};
+        return {{}, {findingOf(FindingKind::unreadableDocument, name)}};
     }
     QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(file->bytes, &error);
     if (error.error != QJsonParseError::NoError) {
         return {{},
-                {{FindingKind::invalidJSON, name,
-                  u"The document is no JSON: "_s + error.errorString() + u" at byte "_s +
-                      QString::number(error.offset) + u'.'}}};
+                {findingOf(FindingKind::invalidJSON, name,
+                           error.errorString() + u" at byte "_s + QString::number(error.offset))}};
     }
     return Reader(name, document.object()).read();
 }

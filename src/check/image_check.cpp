@@ -11,6 +11,7 @@
 
 #include <QFileInfo>
 
+#include <bit>
 #include <cmath>
 
 namespace quarlin {
@@ -19,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool isPowerOfTwo(std::int64_t side) { return side > 0 && (side & (side - 1)) == 0; }
+bool isPowerOfTwo(int side) { return std::has_single_bit(static_cast<unsigned>(side)); }
 
 QString sizeText(const QSize& size) {
     return QString::number(size.width()) + u'x' + QString::number(size.height());
@@ -28,7 +29,7 @@ QString sizeText(const QSize& size) {
 /// A share of 0...1 as a whole percentage, at least 1.
 QString percentage(double share) { return QString::number(std::max(1L, std::lround(share * 100))) + u'%'; }
 
-/// Whether the name's extension, if any, is one of `format`.
+/// Whether the name's extension is one of `format`; true without an extension.
 bool fitsName(ImageFormat format, const QString& name) {
     const QString extension = QFileInfo(name).suffix().toLower();
     const bool isJPEGName = extension == u"jpg"_s || extension == u"jpeg"_s;
@@ -42,7 +43,7 @@ void checkFormat(const QByteArray& bytes, const QString& name, Findings& finding
     } else if (!fitsName(format, name)) {
         findings.push_back({FindingKind::wrongFormat, name,
                             u"The image is a "_s + (format == ImageFormat::png ? u"PNG"_s : u"JPEG"_s) +
-                                u", which its name does not say."_s});
+                                u", but its name says otherwise."_s});
     }
 }
 
@@ -50,39 +51,29 @@ void checkHeader(const PngHeader& header, const QString& name, ImageUse use, Fin
     constexpr int usualDepth = 8;
     const bool isGray = header.color == PngColor::gray || header.color == PngColor::grayAlpha;
     if (isGray && use != ImageUse::baseColor) {
-        findings.push_back(
-            {FindingKind::wrongChannels, name, u"The image is gray: red, green and blue are the same."_s});
+        findings.push_back(findingOf(FindingKind::wrongChannels, name));
     }
     if (header.color == PngColor::indexed) {
-        findings.push_back(
-            {FindingKind::indexedColor, name, u"The image has a palette of at most 256 colors."_s});
+        findings.push_back(findingOf(FindingKind::indexedColor, name));
     } else if (header.bitDepth != usualDepth) {
         findings.push_back(
-            {FindingKind::wrongDepth, name,
-             u"The image has "_s + QString::number(header.bitDepth) + u" bits per channel; 8 are used."_s});
+            findingOf(FindingKind::wrongDepth, name, u"it has "_s + QString::number(header.bitDepth)));
     }
 }
 
 void checkSize(const QSize& size, const QString& name, Findings& findings) {
     if (!isPowerOfTwo(size.width()) || !isPowerOfTwo(size.height())) {
-        findings.push_back({FindingKind::notPowerOfTwo, name,
-                            u"The image is "_s + sizeText(size) +
-                                u": a side is no power of two, so it is rescaled on upload."_s});
+        findings.push_back(findingOf(FindingKind::notPowerOfTwo, name, u"it is "_s + sizeText(size)));
     }
     if (size.width() > longestSide || size.height() > longestSide) {
-        findings.push_back({FindingKind::tooLarge, name,
-                            u"The image is "_s + sizeText(size) + u": a side is longer than "_s +
-                                QString::number(longestSide) +
-                                u" pixels, so it is scaled down on upload."_s});
+        findings.push_back(findingOf(FindingKind::tooLarge, name, u"it is "_s + sizeText(size)));
     }
 }
 
 void checkFileName(const QString& name, Findings& findings) {
     const qsizetype length = fileStem(QUrl::fromLocalFile(name)).toUtf8().size();
     if (length > longestInventoryName) {
-        findings.push_back({FindingKind::fileNameCut, name,
-                            u"Uploaded alone, the image keeps "_s + QString::number(longestInventoryName) +
-                                u" of the "_s + QString::number(length) + u" bytes of its name."_s});
+        findings.push_back(findingOf(FindingKind::fileNameCut, name, u"it has "_s + QString::number(length)));
     }
 }
 
@@ -105,7 +96,7 @@ QImage CheckedImages::read(const QString& name, ImageUse use, Findings& findings
     checkFileName(name, findings);
     image = decodeImage(file->bytes);
     if (image.isNull()) {
-        findings.push_back({FindingKind::undecodableImage, name, u"The file is no whole, intact image."_s});
+        findings.push_back(findingOf(FindingKind::undecodableImage, name));
         return image;
     }
     checkFormat(file->bytes, name, findings);
@@ -124,48 +115,35 @@ void checkAlpha(const QImage& image, const QString& name, Findings& findings) {
         transparent += view.pixels[pixel * bytesPerPixel + 3] < 255 ? 1 : 0;
     }
     if (transparent > 0) {
-        findings.push_back({FindingKind::ignoredAlpha, name,
-                            percentage(static_cast<double>(transparent) / static_cast<double>(count)) +
-                                u" of the pixels are transparent, but the material is opaque and "
-                                "ignores alpha."_s});
+        const double share = static_cast<double>(transparent) / static_cast<double>(count);
+        findings.push_back(
+            findingOf(FindingKind::ignoredAlpha, name, percentage(share) + u" of the pixels"_s));
     }
 }
 
 void checkNormals(const QImage& image, const QString& name, bool isGenerated, Findings& findings) {
-    // Some of the normals of a good map are off, at sharp edges and where it has been rescaled.
+    // In a good map some normals do not have length 1: at sharp edges, and where the map has been rescaled.
     constexpr double toleratedShare = 0.1;
     constexpr double toleratedInward = 0.01;
-    // A map that fits one direction well has a correlation near -1 or 1, also with detail painted over it;
-    // one that fits neither, near 0.
+    // The correlation is near -1 or 1 for a map that fits one direction well, even with details painted over
+    // it, and near 0 for a map that fits neither.
     constexpr double clearDirection = 0.3;
 
     const NormalStatistics statistics = normalStatistics(image);
     if (statistics.offLength > toleratedShare) {
-        findings.push_back({FindingKind::normalNotUnit, name,
-                            percentage(statistics.offLength) +
-                                u" of the normals are not of length 1: this may be no normal map, "
-                                "or one that was edited as a picture."_s});
+        findings.push_back(
+            findingOf(FindingKind::normalNotUnit, name, percentage(statistics.offLength) + u" of them"_s));
     }
     if (statistics.inward > toleratedInward) {
-        findings.push_back({FindingKind::normalInward, name,
-                            percentage(statistics.inward) +
-                                u" of the normals point into the surface: their blue is below "
-                                "128."_s});
+        findings.push_back(
+            findingOf(FindingKind::normalInward, name, percentage(statistics.inward) + u" of them"_s));
     }
-    // Of vectors that are no normals the direction tells nothing.
+    // The direction means nothing if the vectors are not normals.
     if (statistics.greenDirection < clearDirection || statistics.offLength > toleratedShare) {
         return;
     }
-    if (isGenerated) {
-        findings.push_back({FindingKind::normalGreenDown, name,
-                            u"Green points down, as it does in a generated map unless it is "
-                            "flipped: if light seems to come from below, export with Flip "
-                            "Green."_s});
-    } else {
-        findings.push_back({FindingKind::normalInverted, name,
-                            u"Green looks inverted: the map fits a surface only if green points "
-                            "down (DirectX), and in glTF it points up."_s});
-    }
+    findings.push_back(
+        findingOf(isGenerated ? FindingKind::normalGreenDown : FindingKind::normalInverted, name));
 }
 
 }  // namespace quarlin

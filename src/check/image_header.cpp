@@ -19,7 +19,8 @@ ImageFormat imageFormat(const QByteArray& bytes) {
 }
 
 std::optional<PngHeader> readPngHeader(const QByteArray& bytes) {
-    // Signature, length and type of the chunk, and the part of its data that is read here.
+    // Offsets: the signature and the length of the chunk come before its type; of its data, 10 bytes are
+    // read.
     constexpr qsizetype type = 12;
     constexpr qsizetype data = 16;
     constexpr qsizetype end = data + 10;

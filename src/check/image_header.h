@@ -7,7 +7,7 @@
 
 namespace quarlin {
 
-/// The formats that glTF 2.0 allows for images, told by the first bytes.
+/// The image formats of glTF 2.0, determined from the first bytes.
 enum class ImageFormat { png, jpeg, other };
 
 ImageFormat imageFormat(const QByteArray& bytes);
@@ -15,7 +15,7 @@ ImageFormat imageFormat(const QByteArray& bytes);
 /// The color types of the PNG standard.
 enum class PngColor : std::uint8_t { gray = 0, rgb = 2, indexed = 3, grayAlpha = 4, rgba = 6 };
 
-/// What a PNG says of itself in its first chunk.
+/// The contents of a PNG's first chunk.
 struct PngHeader {
     std::int64_t width = 0;
     std::int64_t height = 0;
@@ -23,7 +23,7 @@ struct PngHeader {
     PngColor color = PngColor::rgba;
 };
 
-/// The header of a PNG; nothing where the bytes don't begin with one.
+/// The header of a PNG; nothing if the bytes don't begin with one.
 std::optional<PngHeader> readPngHeader(const QByteArray& bytes);
 
 }  // namespace quarlin

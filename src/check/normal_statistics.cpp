@@ -12,7 +12,7 @@ namespace quarlin {
 
 namespace {
 
-/// The component that each byte stands for.
+/// The component that each byte represents.
 std::array<double, 256> componentTable() {
     std::array<double, 256> table{};
     constexpr double middle = 127.5;
@@ -34,7 +34,8 @@ struct Slopes {
 struct Sums {
     std::int64_t offLength = 0;
     std::int64_t inward = 0;
-    /// Of the changes of the slopes: down the image that of `right`, to the right that of `green`.
+    /// Squares and products of the changes of the slopes: of `right` down the image, and of `green` to the
+    /// right.
     double down = 0;
     double across = 0;
     double product = 0;
@@ -59,7 +60,7 @@ public:
 
 private:
     void readRow(std::int64_t y, Slopes& slopes) {
-        // A normal that lies in the surface has no finite slope.
+        // A normal parallel to the surface has no finite slope.
         constexpr double flattest = 0.1;
         const std::uint8_t* pixel = m_image.row(y);
         for (std::size_t x = 0; x < slopes.right.size(); ++x, pixel += bytesPerPixel) {
@@ -96,8 +97,8 @@ NormalStatistics normalStatistics(const QImage& image) {
     const auto count = static_cast<double>(pixelCount(image.width(), image.height()));
     NormalStatistics statistics{.offLength = static_cast<double>(sums.offLength) / count,
                                 .inward = static_cast<double>(sums.inward) / count};
-    // What rounding to bytes alone makes of a flat map: the difference of two values that are each off by up
-    // to half a step of 1 / 127.5, which has the variance 2 / 12 of a squared step.
+    // The sum that rounding to bytes causes in a flat map. Each value has an error of up to half a step of 1
+    // / 127.5, so the difference of two has a variance of 2 / 12 of a squared step.
     constexpr double step = 1 / 127.5;
     const double noise = count * step * step / 6;
     if (sums.down > noise && sums.across > noise) {

@@ -13,23 +13,18 @@ namespace {
 void checkName(const CheckedMaterial& material, Findings& findings) {
     const qsizetype length = material.name.toUtf8().size();
     if (length > longestInventoryName) {
-        findings.push_back({FindingKind::nameCut, material.document,
-                            u"The material's name is "_s + QString::number(length) +
-                                u" bytes long; an inventory name keeps "_s +
-                                QString::number(longestInventoryName) + u'.'});
+        findings.push_back(
+            findingOf(FindingKind::nameCut, material.document, u"it has "_s + QString::number(length)));
     }
 }
 
 void checkOcclusion(const CheckedMaterial& material, Findings& findings) {
     if (material.occlusion && material.occlusion != material.metallicRoughness) {
-        findings.push_back({FindingKind::occlusionNotORM, material.document,
-                            u"Occlusion comes from "_s + *material.occlusion +
-                                u", and not from the image of metallic and roughness: its red "
-                                "channel is what is uploaded."_s});
+        findings.push_back(findingOf(FindingKind::occlusionNotORM, material.document, *material.occlusion));
     }
 }
 
-/// Whether the material is of a set that Quarlin generated from a single texture.
+/// Whether the material belongs to a set that Quarlin generated from a single texture.
 bool isGenerated(const CheckedMaterial& material) {
     return material.normal == NormalOutputNames{material.name}.normal();
 }
@@ -69,9 +64,8 @@ private:
     void checkSizes() {
         for (const auto& [name, size] : m_sizes) {
             if (size != m_sizes.front().second) {
-                m_findings.push_back(
-                    {FindingKind::differentSizes, name,
-                     u"The image is of another size than "_s + m_sizes.front().first + u'.'});
+                m_findings.push_back(findingOf(FindingKind::differentSizes, name,
+                                               m_sizes.front().first + u" has another size"_s));
             }
         }
     }

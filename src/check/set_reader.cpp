@@ -1,13 +1,10 @@
 #include "check/checked_material.h"
 
-#include "imaging/files/file_names.h"
+#include "imaging/files/folder_listing.h"
 #include "model/normal_output_names.h"
 #include "model/output_names.h"
 
-#include <QFile>
-
 #include <algorithm>
-#include <filesystem>
 #include <initializer_list>
 #include <set>
 #include <system_error>
@@ -18,27 +15,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The names of what is in the folder, sorted; nothing where it can't be read.
-std::optional<QStringList> namesIn(const QUrl& folder) {
-    std::error_code failure;
+QStringList namesIn(const QUrl& folder) {
     QStringList names;
-    std::filesystem::directory_iterator entry(localPath(folder), failure);
-    while (!failure && entry != std::filesystem::directory_iterator()) {
-#ifdef Q_OS_WIN
-        names += QString::fromStdWString(entry->path().filename().wstring());
-#else
-        names += QFile::decodeName(QByteArray::fromStdString(entry->path().filename().string()));
-#endif
-        entry.increment(failure);
+    for (const FolderEntry& entry : listFolder(folder)) {
+        names += entry.name;
     }
-    if (failure) {
-        return std::nullopt;
-    }
-    names.sort();
     return names;
 }
 
-/// The names of the materials that have one of `files` in their set.
+/// The materials that have one of `files` in their set.
 template <typename File>
 std::set<QString> materialsWith(const QStringList& names, std::initializer_list<File> files) {
     std::set<QString> materials;
@@ -57,8 +42,8 @@ std::optional<QString> nameIfThere(const QStringList& names, const QString& name
     return names.contains(name) ? std::optional(name) : std::nullopt;
 }
 
-/// The sets that the names of the files show. A material set always has a base color and an ORM image, a
-/// generated one always has a base color and a normal map.
+/// The sets that the file names belong to. A material set always has a base color and an ORM image, a
+/// generated one a base color and a normal map.
 std::vector<CheckedMaterial> materialsByNames(const QStringList& names) {
     std::vector<CheckedMaterial> materials;
     for (const QString& material : materialsWith(names, {MaterialFile::baseColor, MaterialFile::orm})) {
@@ -83,16 +68,10 @@ std::vector<CheckedMaterial> materialsByNames(const QStringList& names) {
     return materials;
 }
 
-}  // namespace
-
-CheckedSet readSet(const QUrl& folder) {
-    const std::optional<QStringList> names = namesIn(folder);
-    if (!names) {
-        return {{}, {{FindingKind::unreadableFolder, {}, u"The folder can't be read."_s}}};
-    }
+CheckedSet readSet(const QUrl& folder, const QStringList& names) {
     CheckedSet set;
     bool hasDocument = false;
-    for (const QString& name : *names) {
+    for (const QString& name : names) {
         if (name.endsWith(u".gltf"_s, Qt::CaseInsensitive)) {
             hasDocument = true;
             CheckedSet part = readGLTF(folder, name);
@@ -103,19 +82,26 @@ CheckedSet readSet(const QUrl& folder) {
     if (hasDocument) {
         return set;
     }
-    set.materials = materialsByNames(*names);
+    set.materials = materialsByNames(names);
     for (const CheckedMaterial& material : set.materials) {
         if (!material.metallicRoughness) {
-            set.findings.push_back({FindingKind::noORM, {}, u"The set has no ORM image."_s});
+            set.findings.push_back(findingOf(FindingKind::noORM, {}));
         }
     }
     if (set.materials.empty()) {
-        set.findings.push_back({FindingKind::noSet,
-                                {},
-                                u"There is neither a .gltf document nor an image with the name "
-                                "of an exported one."_s});
+        set.findings.push_back(findingOf(FindingKind::noSet, {}));
     }
     return set;
+}
+
+}  // namespace
+
+CheckedSet readSet(const QUrl& folder) {
+    try {
+        return readSet(folder, namesIn(folder));
+    } catch (const std::system_error&) {
+        return {{}, {findingOf(FindingKind::unreadableFolder, {})}};
+    }
 }
 
 }  // namespace quarlin

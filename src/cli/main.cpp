@@ -1,6 +1,6 @@
+#include "cli/base/standard_streams.h"
 #include "cli/batch/interruption.h"
 #include "cli/program.h"
-#include "cli/report/standard_streams.h"
 #include "imaging/base/strip_memory.h"
 
 #include <exception>
@@ -9,21 +9,21 @@ using namespace Qt::StringLiterals;
 
 // There is no Qt application object: the engine needs none, and making one would print a warning wherever the
 // locale's encoding is not UTF-8.
-int main(int argumentCount, char* arguments[]) {
+int main(int argumentCount, char* rawArguments[]) {
     using namespace quarlin;
     reserveStandardStreams();
     keepStripMemory();
-    QStringList words;
+    QStringList arguments;
     for (int index = 1; index < argumentCount; ++index) {
-        words += QString::fromLocal8Bit(arguments[index]);
+        arguments += QString::fromLocal8Bit(rawArguments[index]);
     }
     try {
-        const ExitStatus status = runProgram(words);
+        const ExitStatus status = runProgram(arguments);
         endIfInterrupted();
-        return status;
+        return number(status);
     } catch (const std::exception& error) {
-        // Not foreseen: memory that has run out, above all.
+        // Unexpected; most likely memory ran out.
         writeToStandardError(u"quarlin-cli: "_s + QString::fromLocal8Bit(error.what()) + u'\n');
-        return ExitStatus::workFailed;
+        return number(ExitStatus::failed);
     }
 }

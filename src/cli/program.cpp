@@ -1,11 +1,12 @@
 #include "cli/program.h"
 
-#include "cli/commands/command_failure.h"
+#include "cli/base/print.h"
+#include "cli/base/program_name.h"
+#include "cli/base/standard_streams.h"
+#include "cli/batch/command_failure.h"
 #include "cli/commands/commands.h"
 #include "cli/options/option_parser.h"
 #include "cli/options/usage_error.h"
-#include "cli/report/print.h"
-#include "cli/report/standard_streams.h"
 #include "cli/shell/help_text.h"
 
 namespace quarlin {
@@ -16,20 +17,20 @@ namespace {
 
 ExitStatus fail(const QString& message) {
     writeToStandardError(message + u'\n');
-    return ExitStatus::workFailed;
+    return ExitStatus::failed;
 }
 
-/// `helpOf` is the word of the command whose help is to be read, if one was found.
-ExitStatus reject(const UsageError& error, const QString& helpOf) {
-    const QString program = helpOf.isEmpty() ? programName() : programName() + u' ' + helpOf;
+/// Refers the user to the help of `command`, or to that of the program if `command` is empty.
+ExitStatus reject(const UsageError& error, const QString& command) {
+    const QString program = command.isEmpty() ? programName() : programName() + u' ' + command;
     writeToStandardError(programName() + u": "_s + error.message() + u"\nTry '"_s + program +
                          u" --help'.\n"_s);
-    return ExitStatus::wordsAreOff;
+    return ExitStatus::usageError;
 }
 
-ExitStatus runCommand(Command& command, const QStringList& words) {
+ExitStatus runCommand(Command& command, const QStringList& arguments) {
     try {
-        if (parseOptions(words, command.options()) == Request::help) {
+        if (parseOptions(arguments, command.options()) == Request::help) {
             return print(commandHelp(command));
         }
         return command.run();
@@ -42,16 +43,16 @@ ExitStatus runCommand(Command& command, const QStringList& words) {
 
 }  // namespace
 
-ExitStatus runProgram(const QStringList& words) {
+ExitStatus runProgram(const QStringList& arguments) {
     const Commands commands;
 
-    if (words.isEmpty()) {
+    if (arguments.isEmpty()) {
         return reject(UsageError(u"A command is missing"_s), {});
     }
-    const QString& first = words.first();
+    const QString& first = arguments.first();
     for (Command* command : commands.all()) {
         if (command->name() == first) {
-            return runCommand(*command, words.mid(1));
+            return runCommand(*command, arguments.mid(1));
         }
     }
     if (first == u"--help"_s) {

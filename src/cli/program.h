@@ -1,12 +1,12 @@
 #pragma once
 
-#include "cli/exit_status.h"
+#include "cli/base/exit_status.h"
 
 #include <QStringList>
 
 namespace quarlin {
 
-/// Does what `words`, the command line without the program's name, ask for.
-ExitStatus runProgram(const QStringList& words);
+/// Runs the command that `arguments`, the command line without the program's name, ask for.
+ExitStatus runProgram(const QStringList& arguments);
 
 }  // namespace quarlin

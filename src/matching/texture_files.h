@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <exception>
+#include <utility>
 #include <vector>
 
 namespace quarlin {
@@ -10,11 +12,11 @@ namespace quarlin {
 /// Whether the folders inside a folder are searched too.
 enum class Depth { folderAlone, withSubfolders };
 
-/// Which files of a folder are meant.
+/// Where to look for textures.
 struct TextureSearch {
     Depth depth = Depth::folderAlone;
-    /// The folder that receives the sets: below the folder that is searched, it is left alone, so that what
-    /// is exported today is no source tomorrow.
+    /// The absolute path of the folder that receives the exported sets. It is skipped where it is below the
+    /// searched folder, so that exported files do not become sources of the next run.
     QString output;
 };
 
@@ -25,9 +27,22 @@ struct TextureFolder {
     QStringList files;
 };
 
-/// The folder at `path`, and with subfolders those below it that hold images, sorted by path. A file is one
-/// of an image when its extension says so; hidden files and folders are left alone, and links to folders are
-/// not followed. Throws `CommandFailure` when a folder can't be read, or when there is no image at all.
-std::vector<TextureFolder> findTextures(const QString& path, const TextureSearch& search);
+/// A folder can't be read, or has no images.
+class TextureSearchError : public std::exception {
+public:
+    explicit TextureSearchError(QString reason) : m_reason(std::move(reason)) {}
+
+    /// One line for the user, with the name of the folder.
+    const QString& reason() const { return m_reason; }
+    const char* what() const noexcept override { return "no textures found"; }
+
+private:
+    QString m_reason;
+};
+
+/// The folders that contain images: `folder`, an absolute path, and with `Depth::withSubfolders` those below
+/// it, sorted by path. A file is an image if its extension is that of an image format. Hidden files and
+/// folders are skipped, and links to folders are not followed. Throws `TextureSearchError`.
+std::vector<TextureFolder> findTextures(const QString& folder, const TextureSearch& search);
 
 }  // namespace quarlin

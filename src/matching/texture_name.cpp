@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <vector>
 
 namespace quarlin {
@@ -15,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A word of a name and where it stands.
+/// A word of a name and its position.
 struct Word {
     qsizetype begin = 0;
     QString text;
@@ -53,18 +54,17 @@ std::vector<Word> wordsOf(const QString& name) {
     return words;
 }
 
-bool isPowerOfTwo(int value) { return value > 0 && (value & (value - 1)) == 0; }
-
 bool isResolution(const QString& word) {
     static const QRegularExpression shape(u"^([0-9]{1,2}k|[0-9]{2,5}x[0-9]{2,5})$"_s,
                                           QRegularExpression::CaseInsensitiveOption);
     constexpr int smallest = 64;
     bool isNumber = false;
     const int pixels = word.toInt(&isNumber);
-    return (isNumber && pixels >= smallest && isPowerOfTwo(pixels)) || shape.match(word).hasMatch();
+    return (isNumber && pixels >= smallest && std::has_single_bit(static_cast<unsigned>(pixels))) ||
+           shape.match(word).hasMatch();
 }
 
-/// Whether the word says something of the file, and nothing of what it holds.
+/// Whether the word describes the file rather than its contents.
 bool isAboutTheFile(const QString& word) { return isResolution(word) || isImageExtension(word); }
 
 struct Suffix {
@@ -73,7 +73,7 @@ struct Suffix {
     bool isGloss = false;
 };
 
-/// The suffixes in lower case, as the makers of textures use them.
+/// The suffixes that are common in texture libraries, in lower case.
 constexpr std::array suffixes{
     Suffix{"basecolor", TextureSlotKind::baseColor},
     Suffix{"basecolour", TextureSlotKind::baseColor},
@@ -100,7 +100,7 @@ constexpr std::array suffixes{
     Suffix{"metal", TextureSlotKind::metallic},
 };
 
-/// What may follow the suffix of a normal map, in lower case; those that end in another one come first.
+/// What may follow the suffix of a normal map, in lower case. One that ends in another comes before it.
 constexpr std::array openGLWords{"opengl", "ogl", "gl"};
 constexpr std::array directXWords{"dx", "directx"};
 
@@ -122,7 +122,7 @@ const Suffix* findSuffix(const QString& text) {
     return found == suffixes.end() ? nullptr : &*found;
 }
 
-/// What `text`, in lower case and without separators, tells as a whole.
+/// What `text`, in lower case and without separators, says as a suffix.
 std::optional<TextureName> readSuffix(const QString& text) {
     TextureName name;
     QString plain = text;
@@ -149,7 +149,8 @@ std::optional<TextureName> readTextureName(const QString& stem) {
     while (!words.empty() && (isAboutTheFile(words.back().text) || words.back().text.toLower() == u"map"_s)) {
         words.pop_back();
     }
-    // The longest suffix first: "Base_Color" is one, and so is "Color". "Normal_Open_GL" has three words.
+    // The longest suffix comes first, as "Base_Color" ends in another one, "Color". "Normal_Open_GL" has
+    // three words.
     constexpr std::size_t mostWords = 3;
     for (std::size_t count = std::min(mostWords, words.size()); count > 0; --count) {
         QString text;

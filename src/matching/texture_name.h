@@ -9,32 +9,32 @@
 
 namespace quarlin {
 
-/// What the name of a texture file tells: the material, then a suffix for the slot.
+/// What the name of a texture file says: the material, then a suffix for the slot.
 ///
-/// Words end at every character that is no letter, mark or number, and where a capital begins a new one
-/// (BrickBaseColor). Behind the suffix, and between the material and the suffix, resolutions (2k, 2048,
-/// 1024x1024) and file formats (JPG) are passed over, and so is the word "map" behind the suffix.
+/// A word ends at every character that is not a letter, mark or number, and before a capital that begins a
+/// new word (BrickBaseColor). Before and after the suffix, resolutions (2k, 2048, 1024x1024) and file formats
+/// (JPG) are ignored, and so is the word "map" after the suffix.
 struct TextureName {
-    /// The text before the suffix; empty when the name is nothing but a suffix.
+    /// The text before the suffix; empty if the name is only a suffix.
     QString material;
     TextureSlotKind slot = TextureSlotKind::baseColor;
-    /// The suffix tells gloss or smoothness, which is roughness inverted.
+    /// The suffix says gloss or smoothness, which is inverted roughness.
     bool isGloss = false;
-    /// The suffix tells which way the green of a normal map points; at most one of the two is set.
+    /// Which way the suffix says that the green of a normal map points; at most one of the two is set.
     bool isOpenGL = false;
     bool isDirectX = false;
 
     bool operator==(const TextureName&) const = default;
 };
 
-/// Reads a file name without its extension; nothing when it does not end in a suffix that tells a slot.
+/// Reads a file name without its extension. Returns nothing if the name does not end in the suffix of a slot.
 std::optional<TextureName> readTextureName(const QString& stem);
 
-/// The suffixes that tell `slot`, in lower case and without separators.
+/// The suffixes of `slot`, in lower case and without separators.
 QStringList textureSuffixes(TextureSlotKind slot);
 
-/// What two materials have in common that are the same one: the words of the name, regardless of case and of
-/// what stands between them.
+/// A key that is equal for names of the same material: the words of the name, regardless of case and
+/// separators.
 QString materialKey(const QString& material);
 
 }  // namespace quarlin

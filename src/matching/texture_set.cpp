@@ -11,13 +11,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A file and what its name tells.
+/// A file and what its name says.
 struct NamedFile {
     QString path;
     TextureName name;
 };
 
-/// The files of one material, and what tells it from the others.
+/// The files of one material, and its key.
 struct Group {
     QString key;
     std::vector<NamedFile> files;
@@ -32,14 +32,14 @@ Group& groupOf(std::vector<Group>& groups, const QString& material) {
     return found == groups.end() ? groups.emplace_back(Group{key, {}}) : *found;
 }
 
-/// Takes the DirectX normal maps out of a group that has one of the OpenGL kind.
+/// Removes the DirectX normal maps from a group that has one for OpenGL.
 void preferOpenGL(Group& group, std::vector<LeftOutFile>& leftOut) {
     const auto openGL = std::find_if(group.files.begin(), group.files.end(),
                                      [](const NamedFile& file) { return file.name.isOpenGL; });
     if (openGL == group.files.end()) {
         return;
     }
-    const QString reason = fileName(openGL->path) + u" is taken, which is of the OpenGL kind"_s;
+    const QString reason = fileName(openGL->path) + u" is used instead, which is for OpenGL"_s;
     std::erase_if(group.files, [&](const NamedFile& file) {
         if (file.name.isDirectX) {
             leftOut.push_back({file.path, reason});
@@ -59,7 +59,7 @@ TextureSet setOf(const Group& group, const QString& folderName) {
         }
         set.roughnessIsGloss |= name.isGloss;
         set.normalIsDirectX |= name.isDirectX;
-        // The base color's spelling counts, as it does for a single set.
+        // The material is spelled as in the name of the base color, as it is for a single set.
         if (set.material.isEmpty() || name.slot == TextureSlotKind::baseColor) {
             set.material = name.material;
         }
@@ -79,7 +79,7 @@ MatchedTextures matchTextures(const TextureFolder& folder) {
         if (const auto name = readTextureName(fileStem(QUrl::fromLocalFile(path)))) {
             groupOf(groups, name->material).files.push_back({path, *name});
         } else {
-            matched.leftOut.push_back({path, u"its name tells no slot"_s});
+            matched.leftOut.push_back({path, u"its name matches no slot"_s});
         }
     }
     for (Group& group : groups) {

@@ -10,31 +10,32 @@ namespace quarlin {
 
 /// The files of one material, matched to slots by their names.
 struct TextureSet {
-    /// The material's name: the text before the suffixes, or the folder's name where there is none.
+    /// The material's name: the text before the suffixes, or the folder's name if there is none.
     QString material;
     std::map<TextureSlotKind, QString> files;
-    /// The file of the roughness slot holds gloss.
+    /// The file of the roughness slot is a gloss map.
     bool roughnessIsGloss = false;
-    /// The file of the normal slot is of the DirectX kind: its green points down.
+    /// The file of the normal slot is for DirectX: its green points down.
     bool normalIsDirectX = false;
-    /// Why the files can't be told apart: two are for one slot. Empty where they can.
+    /// Which two files match the same slot; empty if no two do.
     QString ambiguity;
 };
 
-/// A file that goes into no set, and why.
+/// A file that belongs to no set, and why.
 struct LeftOutFile {
     QString path;
     QString reason;
 };
 
 struct MatchedTextures {
-    /// Sorted by the first file of each.
+    /// In the order of their first files.
     std::vector<TextureSet> sets;
     std::vector<LeftOutFile> leftOut;
 };
 
-/// Matches the files of a folder to the slots of its materials. Of two normal maps that name their kinds, the
-/// OpenGL one is taken, which is the kind of glTF; any other two files for one slot make the set ambiguous.
+/// Matches the files of a folder to the slots of its materials. If one normal map is for OpenGL and another
+/// for DirectX, the one for OpenGL is used, which is also how glTF has it. Any other two files for one slot
+/// make the set ambiguous.
 MatchedTextures matchTextures(const TextureFolder& folder);
 
 }  // namespace quarlin

@@ -25,7 +25,7 @@ protected:
     }
 };
 
-TEST_F(ImageHeader, TellsSizeDepthAndColorOfAPng) {
+TEST_F(ImageHeader, GivesSizeDepthAndColorOfAPng) {
     const auto header = readPngHeader(pngOf(2, 16, 3));
     ASSERT_TRUE(header);
     EXPECT_EQ(header->width, 3);
@@ -35,7 +35,7 @@ TEST_F(ImageHeader, TellsSizeDepthAndColorOfAPng) {
     EXPECT_EQ(readPngHeader(pngOf(0, 4, 1))->color, PngColor::gray);
 }
 
-TEST_F(ImageHeader, IsNoneWhereThereIsNoPng) {
+TEST_F(ImageHeader, IsMissingWithoutAPng) {
     const QByteArray png = pngOf(6, 8, 4);
     for (qsizetype size = 0; size < 26; ++size) {
         EXPECT_FALSE(readPngHeader(png.left(size))) << size;
@@ -44,7 +44,7 @@ TEST_F(ImageHeader, IsNoneWhereThereIsNoPng) {
     EXPECT_FALSE(readPngHeader(QByteArray(100, 'x')));
 }
 
-TEST_F(ImageHeader, FormatIsToldByTheFirstBytes) {
+TEST_F(ImageHeader, FormatIsDeterminedByTheFirstBytes) {
     EXPECT_EQ(imageFormat(pngOf(6, 8, 4)), ImageFormat::png);
     EXPECT_EQ(imageFormat(QByteArray("\xFF\xD8\xFF\xE0", 4)), ImageFormat::jpeg);
     EXPECT_EQ(imageFormat("GIF89a"), ImageFormat::other);

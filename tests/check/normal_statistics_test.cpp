@@ -21,8 +21,7 @@ struct Slope {
 
 int byteOf(double component) { return static_cast<int>(std::lround((component * 0.5 + 0.5) * 255)); }
 
-/// The normal map of a surface with the slope `slopeAt` at each pixel; `up` is 1 where green points up, else
-/// -1.
+/// The normal map of a surface with the slope `slopeAt` at each pixel; `up` is 1 if green points up, else -1.
 QImage normalMap(const std::function<Slope(double x, double y)>& slopeAt, double up) {
     QImage image(side, side, pixelFormat);
     for (int y = 0; y < side; ++y) {
@@ -36,7 +35,7 @@ QImage normalMap(const std::function<Slope(double x, double y)>& slopeAt, double
     return image;
 }
 
-/// The slope of round bumps: of a height of sin(x / 5) * sin(y / 7), `steepness` times.
+/// The slope of round bumps, whose height is `steepness` * sin(x / 5) * sin(y / 7).
 std::function<Slope(double, double)> bumps(double steepness) {
     return [steepness](double x, double y) {
         return Slope{steepness * std::cos(x / 5) * std::sin(y / 7) / 5,
@@ -62,27 +61,27 @@ TEST(GreenDirection, DoesNotDependOnWhetherTheSurfaceIsRaisedOrSunk) {
     EXPECT_LT(normalStatistics(normalMap(bumps(-2), 1)).greenDirection, -0.95);
 }
 
-TEST(GreenDirection, IsToldOfAShallowSurface) {
+TEST(GreenDirection, IsFoundForAShallowSurface) {
     EXPECT_LT(normalStatistics(normalMap(bumps(0.5), 1)).greenDirection, -0.5);
 }
 
-TEST(GreenDirection, IsNotToldOfAFlatMap) {
+TEST(GreenDirection, IsUnknownForAFlatMap) {
     EXPECT_EQ(normalStatistics(constantImage(QColor(128, 128, 255))).greenDirection, 0);
 }
 
-TEST(GreenDirection, IsNotToldOfRidgesInOneDirection) {
+TEST(GreenDirection, IsUnknownForRidgesInOneDirection) {
     const auto ridges = [](double x, double) { return Slope{std::cos(x / 5), 0}; };
     EXPECT_EQ(normalStatistics(normalMap(ridges, 1)).greenDirection, 0);
 }
 
-TEST(GreenDirection, IsNotToldOfNormalsThatFitNoSurface) {
+TEST(GreenDirection, IsUnknownForNormalsThatFitNoSurface) {
     std::minstd_rand random(1);
     std::uniform_real_distribution<double> slope(-1, 1);
     const QImage noise = normalMap([&](double, double) { return Slope{slope(random), slope(random)}; }, 1);
     EXPECT_NEAR(normalStatistics(noise).greenDirection, 0, 0.05);
 }
 
-TEST(GreenDirection, IsNotToldOfAnImageTooSmallToHaveSlopes) {
+TEST(GreenDirection, IsUnknownForAnImageTooSmallToHaveSlopes) {
     EXPECT_EQ(normalStatistics(QImage(normalMap(bumps(2), 1).copy(0, 0, 2, 2))).greenDirection, 0);
     EXPECT_EQ(normalStatistics(QImage(normalMap(bumps(2), 1).copy(0, 0, 1, side))).greenDirection, 0);
 }
@@ -93,7 +92,7 @@ TEST(NormalLength, IsOneInANormalMap) {
     EXPECT_EQ(statistics.inward, 0);
 }
 
-TEST(NormalLength, IsOffInAnyOtherPicture) {
+TEST(NormalLength, IsWrongInAnyOtherPicture) {
     EXPECT_EQ(normalStatistics(constantImage(QColor(128, 128, 128))).offLength, 1);
     EXPECT_EQ(normalStatistics(constantImage(Qt::white)).offLength, 1);
 }

@@ -13,10 +13,10 @@ namespace quarlin::tests {
 
 using namespace Qt::StringLiterals;
 
-/// A test on many sets, with a folder for their sources.
+/// A test with several sets and a folder for their sources.
 class BatchTest : public CliTest {
 protected:
-    /// The path of a source, whose folder is made.
+    /// The path of a source. Its folder is created.
     QString sourcePath(const QString& name = {}) const {
         const QString file = path(u"sources/"_s + name);
         EXPECT_TRUE(QDir().mkpath(QFileInfo(file).path()));
@@ -24,7 +24,7 @@ protected:
     }
     QString sources() const { return path(u"sources"_s); }
 
-    /// Writes a small picture as a source; `seed` makes it another one.
+    /// Writes a small picture as a source. Another `seed` gives another picture.
     QString writeSource(const QString& name, int seed = 1) const {
         EXPECT_TRUE(patternedImage(16, 16, seed).save(sourcePath(name), "PNG"));
         return sourcePath(name);
@@ -35,19 +35,19 @@ protected:
     }
 
     /// Runs a command with the output folder, at the size of the sources.
-    Outcome runBatch(const QString& command, const QStringList& words) const {
-        return runCli(QStringList{command} + words +
+    Outcome runBatch(const QString& command, const QStringList& arguments) const {
+        return runCli(QStringList{command} + arguments +
                       QStringList{u"--size"_s, u"base"_s, u"--output"_s, output()});
     }
-    Outcome runMaps(const QStringList& words) const { return runBatch(u"maps"_s, words); }
-    Outcome runMaterial(const QStringList& words) const { return runBatch(u"material"_s, words); }
+    Outcome runMaps(const QStringList& arguments) const { return runBatch(u"maps"_s, arguments); }
+    Outcome runMaterial(const QStringList& arguments) const { return runBatch(u"material"_s, arguments); }
 
     /// The folders of the sets that were written.
     QStringList exportedSets() const {
         return QDir(output()).entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden);
     }
 
-    /// What the program prints when it has exported a generated set without options.
+    /// What the program prints after exporting a generated set with all its files.
     std::string mapsReport(const std::string& name) const {
         return "Export complete: " + output().toStdString() + "/" + name + "\n" +
                fixtures::writtenLines(namesOf(fixtures::generatedFiles(), QString::fromStdString(name)));

@@ -6,17 +6,17 @@ namespace quarlin::tests {
 
 using namespace Qt::StringLiterals;
 
-Outcome run(const QString& program, const QStringList& words, const QString& workingDirectory) {
+Outcome run(const QString& program, const QStringList& arguments, const QString& workingDirectory) {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"LC_ALL"_s, u"C"_s);
-    // A program that needs a display has to fail here, even where there is one.
+    // A program that needs a display must fail here, even on a machine that has one.
     environment.remove(u"DISPLAY"_s);
     environment.remove(u"WAYLAND_DISPLAY"_s);
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(workingDirectory);
     process.setStandardInputFile(QProcess::nullDevice());
-    process.start(program, words);
+    process.start(program, arguments);
     constexpr int patience = 240'000;
     if (!process.waitForFinished(patience)) {
         return {-1, {}, process.errorString().toStdString()};
@@ -28,12 +28,12 @@ Outcome run(const QString& program, const QStringList& words, const QString& wor
 
 QString cliPath() { return QStringLiteral(QUARLIN_CLI_PATH); }
 
-Outcome runCli(const QStringList& words, const QString& workingDirectory) {
-    return run(cliPath(), words, workingDirectory);
+Outcome runCli(const QStringList& arguments, const QString& workingDirectory) {
+    return run(cliPath(), arguments, workingDirectory);
 }
 
-Outcome runCliThroughShell(const QString& command, const QStringList& words) {
-    return run(u"sh"_s, QStringList{u"-c"_s, command, u"sh"_s, cliPath()} + words);
+Outcome runCliThroughShell(const QString& command, const QStringList& arguments) {
+    return run(u"sh"_s, QStringList{u"-c"_s, command, u"sh"_s, cliPath()} + arguments);
 }
 
 }  // namespace quarlin::tests

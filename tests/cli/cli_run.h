@@ -7,25 +7,25 @@
 
 namespace quarlin::tests {
 
-/// How a run of a program ended, and what it said.
+/// How a run of a program ended, and what it printed.
 struct Outcome {
-    /// Exit status; -1 when the program did not end by itself.
+    /// The exit status; -1 if the program was ended by a signal or did not start.
     int status = -1;
     std::string output;
     std::string errors;
 };
 
-/// Runs `program`, found on the path unless it is one, in `workingDirectory` or the test's own. The locale is
-/// "C", which is not even UTF-8, and the standard input is empty.
-Outcome run(const QString& program, const QStringList& words, const QString& workingDirectory = {});
+/// Runs `program`, a path or a name on the search path, in `workingDirectory` or else in the test's own. The
+/// locale is "C", which does not use UTF-8, and the standard input is empty.
+Outcome run(const QString& program, const QStringList& arguments, const QString& workingDirectory = {});
 
 /// The program under test.
 QString cliPath();
 
 /// Runs the program under test.
-Outcome runCli(const QStringList& words, const QString& workingDirectory = {});
+Outcome runCli(const QStringList& arguments, const QString& workingDirectory = {});
 
-/// Runs it from a shell command in which `"$@"` stands for the program and its words.
-Outcome runCliThroughShell(const QString& command, const QStringList& words);
+/// Runs it from a shell command, in which `"$@"` is the program with its arguments.
+Outcome runCliThroughShell(const QString& command, const QStringList& arguments);
 
 }  // namespace quarlin::tests

@@ -1,4 +1,4 @@
-"""What the commands that documents quote may say."""
+"""Checks the arguments of commands that documents quote."""
 
 import json
 import os
@@ -38,9 +38,9 @@ def cmake_targets():
 
 @lru_cache(maxsize=None)
 def cli_options(command=None):
-    """The words that the help of quarlin-cli, or of one of its commands, tells."""
-    words = output_of(CLI, command, "--help") if command else output_of(CLI, "--help")
-    return set(re.findall(r"(?<![\w-])(--?[a-z][a-z-]*)", words))
+    """The options in the help of quarlin-cli or of one of its commands."""
+    text = output_of(CLI, command, "--help") if command else output_of(CLI, "--help")
+    return set(re.findall(r"(?<![\w-])(--?[a-z][a-z-]*)", text))
 
 
 @lru_cache(maxsize=None)
@@ -53,7 +53,7 @@ def option_values(words, option):
 
 
 def complaint(words):
-    """What is wrong with a command, by its name and first words; nothing if all of them are known."""
+    """What is wrong with a command and its arguments; None if all of them are known."""
     name, arguments = Path(words[0]).name, words[1:]
     if name == "dev":
         if arguments and arguments[0] not in dev_commands():

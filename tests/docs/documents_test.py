@@ -1,10 +1,10 @@
-"""Every Markdown file of the repository is right about it.
+"""Checks every Markdown file against the repository.
 
-- A link leads to a file that is there, and to a heading that is there.
-- Code stands in fenced blocks that name their language. The blocks of the language `sh` of a document are run by bash,
-  one after the other, in a folder that has the samples; `quarlin-cli` is the real one, and a command that would install
-  or build something, or open a window, is a stand-in that only checks its words.
-- In a span of code, a path exists, a command and its options do, and a name occurs somewhere in the repository.
+- A link leads to an existing file and an existing heading.
+- Code is in fenced blocks that name their language. The `sh` blocks of a document are run by bash, one after the other,
+  in a folder with the samples. `quarlin-cli` is the real one; a command that would install or build something, or open a
+  window, is replaced by a stand-in that only checks its arguments.
+- In a code span, a path, a command and its options exist, and a name occurs somewhere in the repository.
 """
 
 import os
@@ -22,10 +22,10 @@ from commands import CLI, SOURCE, cli_commands, cli_options, complaint
 
 HERE = Path(__file__).resolve().parent
 NOT_OURS = {".git", ".cache", "build", "node_modules", "out"}
-# What a quoted command must not really do here.
+# Quoted commands that must not really run here.
 STAND_INS = ["cmake", "cpack", "ctest", "git", "man", "quarlin", "sudo"]
 LANGUAGES = {"sh", "text", "json", "cpp", "cmake"}
-# Made by the commands, or standing for whatever the reader has.
+# Made by the commands, or a placeholder.
 MADE = re.compile(r"^(build|out|node_modules)/|[A-Z]{3,}|^[~/]|\*\*|<|…")
 FILE_NAME = re.compile(r"^[\w.@*{},-]+\.(h|cpp|py|cmake|in|md|svg|json|desktop|supp|1)$")
 
@@ -44,7 +44,7 @@ def documents():
 
 @lru_cache(maxsize=None)
 def names():
-    """Every word of the repository outside its documents, and the parts of its file names."""
+    """Every word in the repository outside its documents, and the parts of its file names."""
     found = set()
     for file in files():
         found.update(file.relative_to(SOURCE).parts, {file.stem})
@@ -57,7 +57,7 @@ def names():
 
 
 def exists(path, beside):
-    """Whether a path is there, seen from the repository or from the document; headers may go without their suffix."""
+    """Whether a path exists, relative to the repository or to the document. A suffix may be omitted."""
     path = path.rstrip("/")
     for folder in (SOURCE, beside):
         if any(folder.glob(path)) or any(folder.glob(path + ".*")):
@@ -66,7 +66,7 @@ def exists(path, beside):
 
 
 def wrong_in_span(span, document):
-    """What is wrong with a span of code; nothing if it is right or says nothing that could be checked."""
+    """What is wrong with a code span; None if it is right or can't be checked."""
     words = span.split()
     if words[0] in ("./dev", "cmake", "ctest", "quarlin-cli"):
         return complaint(words)
@@ -88,7 +88,7 @@ def wrong_in_span(span, document):
 
 
 def prepare(folder):
-    """Lays out what quoted commands find where they run. Returns the folder of the programs that they call."""
+    """Prepares the folder in which quoted commands run. Returns the folder of the programs that they call."""
     programs = folder / ".programs"
     programs.mkdir()
     for command in STAND_INS:
@@ -104,7 +104,7 @@ def prepare(folder):
 
 
 def failure_of(script, folder, programs):
-    """What bash and the commands say when the script fails in the folder; nothing if it works."""
+    """The output of bash and the commands if the script fails in the folder; None if it succeeds."""
     done = subprocess.run(
         ["bash", "-euo", "pipefail", "-c", script], cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
         stderr=subprocess.STDOUT, text=True, timeout=250,
@@ -114,7 +114,7 @@ def failure_of(script, folder, programs):
 
 class Documents(unittest.TestCase):
     def setUp(self):
-        # A message is worth more than the two lists that it was made from.
+        # Print only the message, not the two lists that it was made from.
         self.longMessage = False
 
     def each(self, wrong_in):
@@ -123,16 +123,16 @@ class Documents(unittest.TestCase):
                       for file, document in documents().items() for line, text in wrong_in(file, document)]
         self.assertFalse(complaints, "\n" + "\n".join(complaints))
 
-    def test_the_ones_that_a_reader_looks_for_are_there(self):
+    def test_the_documents_that_a_reader_expects_exist(self):
         there = {str(file.relative_to(SOURCE)) for file in documents()}
         self.assertLessEqual({"README.md", "ARCHITECTURE.md", "CONTRIBUTING.md", "CHANGELOG.md"}, there)
 
     def test_the_architecture_names_every_layer(self):
         layers = [f"src/{file.parent.name}/" for file in SOURCE.glob("src/*/CMakeLists.txt")]
-        told = (SOURCE / "ARCHITECTURE.md").read_text()
-        self.assertEqual([layer for layer in layers if layer not in told], [])
+        text = (SOURCE / "ARCHITECTURE.md").read_text()
+        self.assertEqual([layer for layer in layers if layer not in text], [])
 
-    def test_links_lead_somewhere(self):
+    def test_links_have_targets(self):
         def wrong(file, document):
             for line, link in document.links:
                 if re.match(r"[a-z]+:", link):
@@ -146,7 +146,7 @@ class Documents(unittest.TestCase):
 
         self.each(wrong)
 
-    def test_code_stands_in_blocks_that_name_their_language(self):
+    def test_code_is_in_blocks_that_name_their_language(self):
         def wrong(_, document):
             for line in document.indented:
                 yield line, "code without a fence around it"
@@ -156,7 +156,7 @@ class Documents(unittest.TestCase):
 
         self.each(wrong)
 
-    def test_spans_name_what_there_is(self):
+    def test_spans_name_what_exists(self):
         def wrong(file, document):
             for line, span in document.spans:
                 text = wrong_in_span(span, file)
@@ -167,7 +167,7 @@ class Documents(unittest.TestCase):
 
     def test_quoted_commands_work(self):
         def wrong(_, document):
-            # As for a reader who follows the document, what one block has written is there for the next.
+            # As for a reader who follows the document, the files that one block writes are there for the next one.
             with tempfile.TemporaryDirectory(prefix="quarlin-documents-") as name:
                 programs = prepare(Path(name))
                 for block in document.blocks:

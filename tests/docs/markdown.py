@@ -1,4 +1,4 @@
-"""The parts of a Markdown file that can be wrong: its code, its links and its headings."""
+"""The parts of a Markdown file that can be checked: code, links and headings."""
 
 import re
 from dataclasses import dataclass, field
@@ -6,7 +6,7 @@ from dataclasses import dataclass, field
 
 @dataclass
 class Block:
-    """A fenced block: its language, as the fence names it, its text and the line that it begins on."""
+    """A fenced block: its language as named by the fence, its text and its first line."""
 
     language: str
     text: str
@@ -27,14 +27,13 @@ LINK = re.compile(r"!?\[[^\]]*\]\(([^)\s]+)\)")
 
 
 def anchor(heading):
-    """What a link to this heading ends with."""
+    """The anchor of this heading in links."""
     words = re.sub(r"[^\w\- ]", "", heading.replace("`", "").lower())
     return words.strip().replace(" ", "-")
 
 
 def parse(text):
-    """Spans and links are pairs of their line's number and their text; `indented` are the lines of code that no fence
-    surrounds."""
+    """Spans and links are pairs of a line number and a text; `indented` has the numbers of code lines without a fence."""
     document = Document()
     prose = []
     fence = None
@@ -55,7 +54,7 @@ def parse(text):
                 document.headings.append(anchor(line.lstrip("#")))
             prose.append((number, line))
         blank = not line.strip()
-    # A span may go over the end of a line.
+    # A span may continue on the next line.
     whole = "\n".join(line for _, line in prose)
     numbers = [number for number, _ in prose]
 

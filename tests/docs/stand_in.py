@@ -1,6 +1,5 @@
 #!/usr/bin/env python3
-"""Stands in for a command that a quoted one would install, build or open a window with: checks its words and does
-nothing."""
+"""Replaces a quoted command that would install or build something or open a window. Only checks its arguments."""
 
 import sys
 

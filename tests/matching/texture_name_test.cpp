@@ -20,7 +20,7 @@ struct NamedTexture {
 
 class TextureNames : public testing::TestWithParam<NamedTexture> {};
 
-TEST_P(TextureNames, TellMaterialAndSlot) {
+TEST_P(TextureNames, GiveMaterialAndSlot) {
     const NamedTexture& wanted = GetParam();
     const auto name = readTextureName(QString::fromUtf8(wanted.name));
     ASSERT_TRUE(name) << wanted.name;
@@ -86,7 +86,7 @@ INSTANTIATE_TEST_SUITE_P(
                     NamedTexture{"Brick_NormalDX", "Brick", normal, false, false, true},
                     NamedTexture{"Brick_Normal_DirectX", "Brick", normal, false, false, true}));
 
-TEST(TextureNameWithoutSuffix, TellsNothing) {
+TEST(TextureNameWithoutSuffix, GivesNothing) {
     for (const char* name : {"", "brick", "brick_height", "bricknormal", "normal_brick", "brick_orm",
                              "brick_2k", "2k", "map", "brick_colorful", "brick_roughdx", "_"}) {
         EXPECT_FALSE(readTextureName(QString::fromUtf8(name))) << name;

@@ -1,4 +1,4 @@
-// The tables of both sets against the tests' own list of the files.
+// Compares the tables of both sets with the tests' own list of the files.
 
 #include "set_files.h"
 
@@ -15,7 +15,7 @@ using namespace quarlin::fixtures;
 
 namespace {
 
-/// Compares the row of the table that stands at the place of `expected`.
+/// Compares `expected` with the row of the table at the same position.
 template <typename Row, typename File>
 void expectRow(const Row& row, const File& expected) {
     SCOPED_TRACE(expected.suffix);

@@ -1,7 +1,7 @@
-// A plugin that Qt loads into a program that is tested as it was installed:
+// A plugin that Qt loads into an installed program under test:
 //   QT_PLUGIN_PATH=FOLDER QT_QPA_GENERIC_PLUGINS=first-paint:PICTURE quarlin
-// Once the window has been painted, it is saved as PICTURE and closed, as a user would close it. The picture
-// tells by its title and description what the window is called and in how many sizes it has an icon.
+// Once the window has been painted, it is saved as PICTURE and closed as a user would close it. The title and
+// description of the picture contain the title of the window and the number of its icon sizes.
 
 #include <QGenericPlugin>
 #include <QGuiApplication>
@@ -22,7 +22,7 @@ public:
         auto* widget = qobject_cast<QWidget*>(watched);
         if (event->type() == QEvent::Paint && widget != nullptr && widget->isWindow()) {
             qApp->removeEventFilter(this);
-            // What the window holds is painted before control is back in the event loop.
+            // The contents of the window are painted before control returns to the event loop.
             QTimer::singleShot(0, widget, [this, widget] { saveAndClose(*widget); });
         }
         return false;

@@ -1,4 +1,4 @@
-"""What a user gets from the packages: installs them into empty folders, and starts the programs from there."""
+"""Installs the packages into empty folders and starts the programs from there."""
 
 import gzip
 import os
@@ -22,7 +22,7 @@ PACKAGES = FOLDER / "packages"
 
 
 def run(*command, **environment):
-    """The standard output of a command that must succeed, run with nothing of this environment but the path."""
+    """The standard output of a command, which must succeed. Its environment has only the search path."""
     plain = {"PATH": os.environ["PATH"], "HOME": str(FOLDER), "LC_ALL": "C.UTF-8", "XDG_RUNTIME_DIR": str(FOLDER)}
     done = subprocess.run(
         [str(word) for word in command], env={**plain, **environment}, stdin=subprocess.DEVNULL,
@@ -42,14 +42,14 @@ def tearDownModule():
 
 
 def the_one(pattern):
-    """The one package file of this pattern."""
+    """The only package file that matches this pattern."""
     files = list(PACKAGES.glob(pattern))
     assert len(files) == 1, f"{pattern}: {files}"
     return files[0]
 
 
 class Installed:
-    """What holds wherever the programs lie; `prefix` is that place."""
+    """Tests that apply wherever the programs are installed; `prefix` is that folder."""
 
     def test_both_programs_are_there(self):
         self.assertEqual(sorted(file.name for file in (self.prefix / "bin").iterdir()), ["quarlin", "quarlin-cli"])
@@ -85,7 +85,7 @@ class Installed:
         self.assertEqual(title, "VOREK TECH Quarlin")
         self.assertEqual(icon_sizes, len(ICON_SIZES))
         self.assertGreaterEqual((width, height), (1120, 720))
-        # Text and icons are drawn smoothly; an empty window has a handful of colors.
+        # Text and icons have smooth edges with many colors; an empty window has only a few.
         self.assertGreater(colors, 100)
 
     def test_the_menu_entry_is_valid_and_starts_the_window(self):
@@ -128,7 +128,7 @@ class DebianPackage(Installed, unittest.TestCase):
 
     def test_it_asks_for_the_libraries_that_the_programs_load(self):
         dependencies = [entry.split()[0] for entry in self.field("Depends").split(", ")]
-        for library in ("libqt6widgets6", "libqt6svg6", "libvips42", "libisal2", "liblcms2-2"):
+        for library in ("libqt6widgets6", "libqt6svg6", "libvips42", "libisal2", "liblcms2-2", "libtbb12"):
             self.assertIn(library, dependencies)
 
     def test_it_bears_the_version(self):
@@ -145,7 +145,7 @@ class Archive(Installed, unittest.TestCase):
 
 
 class OtherSystems(unittest.TestCase):
-    """What can be said here of packages that are made elsewhere."""
+    """Checks of packages for other systems, which can't be built here."""
 
     def test_the_macos_description_is_a_property_list_that_names_the_icon(self):
         described = plistlib.loads((SOURCE / "packaging/macos/Info.plist.in").read_bytes())

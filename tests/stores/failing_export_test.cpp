@@ -55,7 +55,7 @@ protected:
 
     void runExport() { Tool::exportInto(this->store); }
 
-    /// Expects one new line in the log, and that nothing but it has changed.
+    /// Expects one new line in the log, and no other change.
     void expectFailure(const QString& description) {
         EXPECT_EQ(this->newest(), this->stamped(u"Export failed: "_s + description));
         EXPECT_EQ(this->store.logLines().mid(1), before);

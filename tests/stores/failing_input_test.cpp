@@ -38,7 +38,7 @@ struct MapTool {
 template <typename Tool>
 class FailingTexture : public StoreFixture<typename Tool::Store> {
 protected:
-    /// Expects the file to be refused in one line, by a choice and by a drop, and nothing else to change.
+    /// Expects that choosing or dropping the file adds one line to the log and changes nothing else.
     void expectRefused(const QString& name) {
         const QUrl file = QUrl::fromLocalFile(this->folder.path(name));
         const QString line = this->stamped(u"Load failed: Could not read image: "_s + name);

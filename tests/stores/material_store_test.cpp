@@ -320,7 +320,7 @@ TEST_F(MaterialStoreTest, AnnouncesEveryChangeBeforeItIsMade) {
         lines << newest();
     });
     store.importTexture(folder.texture(u"Brick.png"_s), baseColor);
-    // Textures, name, log line, previews, log line: each is still the old one when it is announced.
+    // Textures, name, log line, previews, log line: each still has its old value when it is announced.
     ASSERT_EQ(textures.size(), 5);
     EXPECT_EQ(textures, QList<std::size_t>({0, 1, 1, 1, 1}));
     const QString untouched = ConversionSettings::defaultMaterialName();

@@ -9,7 +9,7 @@
 
 namespace quarlin::fixtures {
 
-/// Answers every question with the answer set beforehand, and remembers what it was asked.
+/// Answers every question with a prepared answer, and records what it was asked.
 struct ScriptedChooser : Chooser {
     std::optional<QUrl> file;
     std::optional<QUrl> folder;

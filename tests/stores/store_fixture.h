@@ -16,7 +16,7 @@ namespace quarlin::fixtures {
 
 using namespace Qt::StringLiterals;
 
-/// One store with a scripted chooser and a clock that stands at 14:03:27.
+/// A store with a scripted chooser and a clock that always says 14:03:27.
 template <typename Store>
 class StoreFixture : public testing::Test {
 protected:

@@ -1,7 +1,7 @@
 #include "cli/batch/batch.h"
 
+#include "cli/batch/command_failure.h"
 #include "cli/batch/interruption.h"
-#include "cli/commands/command_failure.h"
 #include "engine/base/texture_processor_error.h"
 #include "imaging/base/parallel.h"
 #include "imaging/files/file_bytes.h"
@@ -32,8 +32,8 @@ SetOutcome outcomeOf(const SetJob& job) {
     }
 }
 
-/// What can be told of a set without reading its inputs.
-SetOutcome rehearsalOf(const SetJob& job) {
+/// What is known of a set without reading its inputs.
+SetOutcome dryRunOf(const SetJob& job) {
     if (!job.refusal.isEmpty()) {
         return SetOutcome::failed(job.refusal);
     }
@@ -47,51 +47,49 @@ SetOutcome rehearsalOf(const SetJob& job) {
     return SetOutcome::planned({job.folder, job.files});
 }
 
-/// Passes outcomes on in the order of the sets, whichever comes first.
+/// Passes outcomes on in the order of the plan, in whatever order they arrive.
 class OrderedOutcomes {
 public:
-    OrderedOutcomes(const BatchPlan& plan, BatchReport& report)
-        : m_plan(plan), m_report(report), m_outcomes(plan.sets.size()) {}
+    OrderedOutcomes(const BatchPlan& plan, const OutcomeReceiver& receive)
+        : m_plan(plan), m_receive(receive), m_outcomes(plan.sets.size()) {}
 
     void add(std::size_t index, SetOutcome outcome) {
         const std::lock_guard lock(m_mutex);
         m_outcomes[index] = std::move(outcome);
         while (m_next < m_outcomes.size() && m_outcomes[m_next]) {
-            m_report.addSet(m_plan.sets[m_next], *m_outcomes[m_next]);
+            m_receive(m_plan.sets[m_next], *m_outcomes[m_next]);
             ++m_next;
         }
     }
 
 private:
     const BatchPlan& m_plan;
-    BatchReport& m_report;
+    const OutcomeReceiver& m_receive;
     std::mutex m_mutex;
     std::vector<std::optional<SetOutcome>> m_outcomes;
     std::size_t m_next = 0;
 };
 
-ExitStatus perform(const BatchPlan& plan, int setsAtOnce, BatchReport& report,
-                   SetOutcome (*perform)(const SetJob&)) {
-    report.begin(plan);
-    OrderedOutcomes outcomes(plan, report);
+void perform(const BatchPlan& plan, int setsAtOnce, const OutcomeReceiver& receive,
+             SetOutcome (*work)(const SetJob&)) {
+    OrderedOutcomes outcomes(plan, receive);
     forEachInParallel(
         static_cast<std::int64_t>(plan.sets.size()),
         [&](std::int64_t set) {
             const auto index = static_cast<std::size_t>(set);
-            outcomes.add(index, perform(plan.sets[index]));
+            outcomes.add(index, work(plan.sets[index]));
         },
         static_cast<unsigned>(setsAtOnce));
-    return report.end();
 }
 
 }  // namespace
 
-ExitStatus exportSets(const BatchPlan& plan, int setsAtOnce, BatchReport& report) {
-    return perform(plan, setsAtOnce, report, outcomeOf);
+void exportSets(const BatchPlan& plan, int setsAtOnce, const OutcomeReceiver& receive) {
+    perform(plan, setsAtOnce, receive, outcomeOf);
 }
 
-ExitStatus rehearseSets(const BatchPlan& plan, BatchReport& report) {
-    return perform(plan, 1, report, rehearsalOf);
+void dryRunSets(const BatchPlan& plan, const OutcomeReceiver& receive) {
+    perform(plan, 1, receive, dryRunOf);
 }
 
 }  // namespace quarlin

@@ -1,22 +1,25 @@
 #pragma once
 
 #include "cli/batch/set_job.h"
-#include "cli/exit_status.h"
-#include "cli/report/batch_report.h"
+#include "cli/batch/set_outcome.h"
+
+#include <functional>
 
 namespace quarlin {
 
-/// The number of sets that are worked on at the same time unless the user says otherwise. A set keeps all
-/// cores busy for most of its time; a second one fills the rest, and more of them need memory rather than
-/// save time.
-inline constexpr int usualSetsAtOnce = 2;
+/// The default number of sets that are exported at the same time. One set keeps all cores busy for most of
+/// its time, and a second one fills the gaps; more of them use memory without saving time.
+inline constexpr int defaultSetsAtOnce = 2;
 
-/// Exports the sets of `plan`, `setsAtOnce` of them side by side, and reports each in the order of the plan
-/// as soon as those before it are reported. A set that fails stops no other. Tells whether all, some or none
-/// were exported; a plan without any set is a failure.
-ExitStatus exportSets(const BatchPlan& plan, int setsAtOnce, BatchReport& report);
+/// Is called once per set, in the order of the plan, from any thread but never from two at a time.
+using OutcomeReceiver = std::function<void(const SetJob&, const SetOutcome&)>;
 
-/// Reports what exporting the sets of `plan` would read and write. No pixel is read and nothing is written.
-ExitStatus rehearseSets(const BatchPlan& plan, BatchReport& report);
+/// Exports the sets of `plan`, `setsAtOnce` of them at the same time. `receive` gets each outcome as soon as
+/// those of the sets before it are known. A set that fails does not stop the others.
+void exportSets(const BatchPlan& plan, int setsAtOnce, const OutcomeReceiver& receive);
+
+/// Passes to `receive` what exporting the sets of `plan` would read and write. No pixels are read, and
+/// nothing is written.
+void dryRunSets(const BatchPlan& plan, const OutcomeReceiver& receive);
 
 }  // namespace quarlin

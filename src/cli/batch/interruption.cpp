@@ -9,7 +9,7 @@ namespace quarlin {
 
 namespace {
 
-// A signal handler reaches nothing but what is static.
+// A signal handler can only reach static variables.
 std::atomic<int> interruptingSignal = 0;
 static_assert(std::atomic<int>::is_always_lock_free);
 
@@ -24,7 +24,7 @@ void deferInterruption() {
         if (sigaction(signal, nullptr, &current) == 0 && current.sa_handler != SIG_IGN) {
             struct sigaction deferred {};
             deferred.sa_handler = remember;
-            // Reads and writes in progress go on, and the second signal is not deferred.
+            // Reads and writes in progress continue, and a second signal takes its default action.
             deferred.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
             sigaction(signal, &deferred, nullptr);
         }

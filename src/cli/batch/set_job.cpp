@@ -1,6 +1,6 @@
 #include "cli/batch/set_job.h"
 
-#include "cli/local_file.h"
+#include "cli/base/local_file.h"
 #include "imaging/files/file_names.h"
 
 #include <QFileInfo>
@@ -13,13 +13,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What two paths have in common that are one file on some system: case and the form of accents are not told
-/// apart everywhere.
+/// `path` in a form that is equal for paths that are the same file on some system: not every file system
+/// distinguishes case and composed accents.
 QString comparable(const QString& path) {
     return path.normalized(QString::NormalizationForm_C).toCaseFolded();
 }
 
-/// The path behind all links; the path itself where nothing is there yet.
+/// The path with all links resolved; the path itself if it does not exist yet.
 QString realPath(const QString& path) {
     const QString real = QFileInfo(path).canonicalFilePath();
     return real.isEmpty() ? path : real;
@@ -46,7 +46,7 @@ void refuseSameFolders(std::vector<SetJob>& jobs) {
         for (SetJob* job : same) {
             const SetJob* other = job == same.first() ? same.last() : same.first();
             if (other != job) {
-                refuse(*job, u"The set of "_s + firstInputName(*other) + u" has the same folder"_s);
+                refuse(*job, u"The set of "_s + firstInputName(*other) + u" goes to the same folder"_s);
             }
         }
     }
@@ -63,7 +63,7 @@ void refuseReadersOfOutputs(std::vector<SetJob>& jobs) {
         for (const SetInput& input : job.inputs) {
             const SetJob* writer = writers.value(comparable(realPath(input.path)));
             if (writer != nullptr && writer != &job) {
-                refuse(job, u"The set "_s + writer->name + u" writes its source "_s +
+                refuse(job, u"The set "_s + writer->name + u" overwrites its source "_s +
                                 lastPathComponent(QUrl::fromLocalFile(input.path)));
             }
         }

@@ -12,26 +12,26 @@
 
 namespace quarlin {
 
-/// A file that goes into a set.
+/// A file that a set is made from.
 struct SetInput {
-    /// What it is for, as a script reads it ("baseColor") and as the user does ("Base Color").
+    /// Its purpose, for scripts ("baseColor") and for the user ("Base Color").
     QString identifier;
     QString title;
     /// Absolute.
     QString path;
 };
 
-/// One set that is to be exported.
+/// One set to export.
 struct SetJob {
-    /// The cleaned name, which is also the folder's.
+    /// The safe name, which is also that of the folder.
     QString name;
     std::vector<SetInput> inputs;
-    /// What the names of the inputs decided beyond the slots, each a clause.
+    /// What was decided from the names of the inputs besides their slots, each a clause.
     QStringList decisions;
     /// The folder that is written, and its files in writing order.
     QUrl folder;
     QStringList files;
-    /// Why it can't be exported, known before any work; empty where it can.
+    /// Why the set can't be exported, as far as that is known beforehand; empty if it can.
     QString refusal;
     /// Loads the inputs and exports the set. Throws `CommandFailure`.
     std::function<ExportResult()> work;
@@ -43,11 +43,11 @@ struct BatchPlan {
     std::vector<LeftOutFile> leftOut;
 };
 
-/// A set that can't even be planned: the file or folder at `path` is no source.
+/// A set that can't be planned, because the file or folder at `path` can't be used.
 SetJob refusedJob(const QString& path, const QString& refusal);
 
-/// Refuses the sets that would get in each other's way when exported side by side: those whose folders have
-/// the same name, regardless of case, and those that read what another one writes.
+/// Refuses sets that would conflict when exported at the same time: those whose folders have the same name,
+/// regardless of case, and those that read what another one writes.
 void refuseCollisions(BatchPlan& plan);
 
 }  // namespace quarlin

@@ -13,7 +13,7 @@ enum class SetStatus { exported, planned, failed, notStarted };
 /// How the work on one set ended.
 struct SetOutcome {
     SetStatus status;
-    /// What was written or would be; empty where the set failed or was not started.
+    /// What was written or would be; empty if the set failed or was not started.
     ExportResult result;
     /// Why it failed.
     QString failure;

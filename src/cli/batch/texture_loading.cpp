@@ -1,10 +1,9 @@
 #include "cli/batch/texture_loading.h"
 
-#include "cli/commands/command_failure.h"
-#include "cli/local_file.h"
+#include "cli/base/local_file.h"
+#include "cli/batch/command_failure.h"
 #include "imaging/base/parallel.h"
 #include "model/texture_asset.h"
-#include "model/texture_map.h"
 #include "model/texture_slot_kind.h"
 
 #include <algorithm>

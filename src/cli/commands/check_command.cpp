@@ -1,26 +1,26 @@
 #include "cli/commands/check_command.h"
 
 #include "check/set_check.h"
-#include "cli/local_file.h"
+#include "cli/base/local_file.h"
+#include "cli/base/print.h"
 #include "cli/report/check_report.h"
-#include "cli/report/print.h"
 
 namespace quarlin {
 
 using namespace Qt::StringLiterals;
 
 QString CheckCommand::summary() const {
-    return u"Reads exported sets back and tells what would go wrong on upload."_s;
+    return u"Reads exported sets back and reports what would go wrong on upload."_s;
 }
 
 QStringList CheckCommand::remarks() const {
     QStringList remarks{
-        u"A set is read as an uploader reads it: from its .gltf, or where there is none by the names "
-        "of its files. Each finding has a severity and an identifier that never changes; with "
-        "--json there is one object per folder and a summary, each on a line."_s,
-        u"Whether the green of a normal map is inverted is told from the map alone. It holds the "
-        "slopes of a surface, and these only fit together when green points the right way. Of a "
-        "map that fits neither way nothing is said."_s,
+        u"A set is read as an uploader reads it: from its .gltf, or if there is none, by the names of "
+        "its files. Each finding has a severity and an identifier that never changes. With --json, "
+        "each folder is one object on a line of its own, and the last line is a summary."_s,
+        u"Whether the green of a normal map is inverted is determined from the map alone: it contains "
+        "the slopes of a surface, which only fit together if green points the right way. Nothing is "
+        "reported for a map that fits neither way."_s,
     };
     for (const Severity severity : {Severity::error, Severity::warning, Severity::note}) {
         QStringList kinds;
@@ -37,14 +37,14 @@ QStringList CheckCommand::remarks() const {
 CommandOptions CheckCommand::options() {
     return {required(pathsOption({}, u"FOLDER"_s, u"the folder of an exported set"_s, ValueKind::folder,
                                  m_folders)),
-            switchOption(u"json"_s, u"report lines of JSON"_s, m_reportsAsJSON, true)};
+            switchOption(u"json"_s, u"print the report as lines of JSON"_s, m_reportsAsJSON, true)};
 }
 
 std::vector<ExitMeaning> CheckCommand::exitMeanings() const {
     return {{ExitStatus::done, u"nothing worse than a note was found"_s},
-            {ExitStatus::workFailed, u"there are errors"_s},
-            {ExitStatus::wordsAreOff, u"the command line is off; nothing was checked"_s},
-            {ExitStatus::someFailed, u"there are warnings, but no errors"_s}};
+            {ExitStatus::failed, u"there are errors"_s},
+            {ExitStatus::usageError, u"usage error; nothing was checked"_s},
+            {ExitStatus::onlyWarnings, u"there are warnings, but no errors"_s}};
 }
 
 ExitStatus CheckCommand::run() const {
@@ -56,7 +56,7 @@ ExitStatus CheckCommand::run() const {
             counts[severity] += count;
         }
         if (print(m_reportsAsJSON ? folderLine(folder) : folderText(folder)) != ExitStatus::done) {
-            return ExitStatus::workFailed;
+            return ExitStatus::failed;
         }
     }
     const int folders = static_cast<int>(m_folders.size());

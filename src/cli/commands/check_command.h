@@ -6,7 +6,7 @@ namespace quarlin {
 
 using namespace Qt::StringLiterals;
 
-/// Reads exported sets back and tells what would go wrong on upload.
+/// Reads exported sets back and reports what would go wrong on upload.
 class CheckCommand : public Command {
 public:
     QString name() const override { return u"check"_s; }
@@ -17,7 +17,7 @@ public:
     ExitStatus run() const override;
 
 private:
-    /// As typed.
+    /// May be relative.
     QStringList m_folders;
     bool m_reportsAsJSON = false;
 };

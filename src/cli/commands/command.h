@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/exit_status.h"
+#include "cli/base/exit_status.h"
 #include "cli/options/command_option.h"
 
 #include <QString>
@@ -10,13 +10,13 @@
 
 namespace quarlin {
 
-/// What an exit status of a command tells.
+/// The meaning of one exit status of a command.
 struct ExitMeaning {
     ExitStatus status;
     QString meaning;
 };
 
-/// One of the program's jobs: fields that say what to do, options that set them, and the work itself.
+/// One command of the program: fields with what to do, options that set them, and the work itself.
 class Command {
 public:
     Command() = default;
@@ -25,18 +25,18 @@ public:
     Command(const Command&) = delete;
     Command& operator=(const Command&) = delete;
 
-    /// The word that selects the command.
+    /// The argument that selects the command.
     virtual QString name() const = 0;
     /// What it does, in one sentence.
     virtual QString summary() const = 0;
-    /// What there is to know beyond summary and options, a paragraph each.
+    /// What the help says besides summary and options, a paragraph each.
     virtual QStringList remarks() const = 0;
     /// Every option, in the order of the help, bound to the fields of this object.
     virtual CommandOptions options() = 0;
-    /// What it ends with, in ascending order.
+    /// Its exit statuses in ascending order.
     virtual std::vector<ExitMeaning> exitMeanings() const = 0;
-    /// Does the work and prints its result. Throws `CommandFailure`, and `UsageError` where only the files
-    /// that an option names show that it can't be meant.
+    /// Does the work and prints its result. Throws `CommandFailure`, and `UsageError` for arguments whose
+    /// files show that they are invalid.
     virtual ExitStatus run() const = 0;
 };
 

@@ -8,10 +8,11 @@
 #include <QUrl>
 
 #include <optional>
+#include <vector>
 
 namespace quarlin {
 
-/// A command that exports sets: one, named by its files, or as many as its sources hold.
+/// A command that exports sets: a single one from given files, or as many as its sources contain.
 class ExportCommand : public Command {
 public:
     QStringList remarks() const override;
@@ -22,22 +23,23 @@ public:
 protected:
     /// The options of this command alone.
     virtual CommandOptions ownOptions() = 0;
-    /// What there is to know of this command alone.
+    /// The remarks on this command alone.
     virtual QStringList ownRemarks() const = 0;
-    /// The one set that the words name by its files; nothing where they name folders or several files. Throws
-    /// `UsageError` for words that don't go together.
+    /// The set if the arguments name the files of a single one, and nothing if they name folders or several
+    /// files. Throws `UsageError` for arguments that can't be combined.
     virtual std::optional<SetJob> singleSet() const = 0;
-    /// The sets that the sources hold.
+    /// The sets that the sources contain.
     virtual BatchPlan severalSets() const = 0;
 
-    /// The option for the material's name as typed.
+    /// The option for the material's name.
     CommandOption ownNameOption() { return nameOption(m_name); }
-    /// The material's name: as typed, or else `fallback`.
+    /// The given name of the material, or else `fallback`.
     QString materialName(const QString& fallback) const { return m_name.value_or(fallback); }
-    /// The folder that is to receive the sets' folders, as an absolute location.
+    /// The absolute location of the folder in which the sets' folders are made.
     QUrl parentDirectory() const;
-    /// How folders are searched.
-    TextureSearch search() const;
+    /// The folders with images at `path`, which may be relative. If it can't be searched, adds a refused set
+    /// to `plan`.
+    std::vector<TextureFolder> textureFolders(const QString& path, BatchPlan& plan) const;
 
 private:
     std::optional<QString> m_name;
@@ -45,7 +47,7 @@ private:
     bool m_isRecursive = false;
     bool m_isDryRun = false;
     bool m_reportsAsJSON = false;
-    int m_setsAtOnce = usualSetsAtOnce;
+    int m_setsAtOnce = defaultSetsAtOnce;
 };
 
 }  // namespace quarlin

@@ -1,9 +1,9 @@
 #include "cli/commands/maps_command.h"
 
+#include "cli/base/local_file.h"
+#include "cli/batch/command_failure.h"
 #include "cli/batch/planned_files.h"
 #include "cli/batch/texture_loading.h"
-#include "cli/commands/command_failure.h"
-#include "cli/local_file.h"
 #include "cli/options/file_options.h"
 #include "engine/texture_processor.h"
 #include "imaging/files/file_names.h"
@@ -19,8 +19,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The maps that are computed, in writing order, as a sentence lists them. The packed map is none of its own:
-/// it repeats others.
+/// The computed maps in writing order, as part of a sentence. The packed map is left out, as it repeats
+/// others.
 QString mapList() {
     QStringList names;
     for (const auto& file : EnumerationTable<GeneratedFile>::rows) {
@@ -39,21 +39,23 @@ QString MapsCommand::summary() const { return u"Generates "_s + mapList() + u" m
 CommandOptions MapsCommand::ownOptions() {
     CommandOptions options{
         required(pathsOption(u"source"_s, u"FILE"_s,
-                             u"the texture that the maps are estimated from, or a folder of "
-                             "them; can be given more than once"_s,
+                             u"the texture to estimate the maps from, or a folder of textures; can be given "
+                             "more than once"_s,
                              ValueKind::fileOrFolder, m_sources)),
         ownNameOption(),
         sizeOption(m_settings.outputResolution),
         numberOption(u"strength"_s, u"steepness of the normal map"_s, m_settings.strength, strengthRange),
         countOption(u"smoothing"_s, u"blur passes over the height field"_s, m_settings.smoothing,
                     smoothingRange),
-        switchOption(u"invert-height"_s, u"dark is high"_s, m_settings.invertHeight, true),
-        switchOption(u"flip-green"_s, u"invert the green of the normal map"_s, m_settings.flipGreen, true),
-        numberOption(u"roughness-min"_s, u"one end of the roughness"_s, m_settings.roughnessMin,
+        switchOption(u"invert-height"_s, u"treat dark as high"_s, m_settings.invertHeight, true),
+        switchOption(u"flip-green"_s,
+                     u"invert the green of the normal map, so that it points up as in glTF"_s,
+                     m_settings.flipGreen, true),
+        numberOption(u"roughness-min"_s, u"one bound of the roughness"_s, m_settings.roughnessMin,
                      fractionRange),
-        numberOption(u"roughness-max"_s, u"the other end of the roughness"_s, m_settings.roughnessMax,
+        numberOption(u"roughness-max"_s, u"the other bound of the roughness"_s, m_settings.roughnessMax,
                      fractionRange),
-        numberOption(u"metallic-strength"_s, u"how much is taken for metal"_s, m_settings.metallicStrength,
+        numberOption(u"metallic-strength"_s, u"strength of the metallic map"_s, m_settings.metallicStrength,
                      fractionRange),
         numberOption(u"ao-strength"_s, u"depth of the ambient occlusion"_s, m_settings.aoStrength,
                      fractionRange),
@@ -64,7 +66,8 @@ CommandOptions MapsCommand::ownOptions() {
 
 QStringList MapsCommand::ownRemarks() const {
     return {
-        u"Of a folder every image file is taken, told by its extension: one set each, named after the file."_s};
+        u"From a folder, every file with the extension of an image format is used. Each becomes a set "
+        "named after the file."_s};
 }
 
 std::optional<SetJob> MapsCommand::singleSet() const {
@@ -78,7 +81,7 @@ BatchPlan MapsCommand::severalSets() const {
     BatchPlan plan;
     QSet<QString> known;
     const auto add = [&](const QString& path) {
-        // A file that is named twice is still one texture.
+        // A file that is given twice is still one texture.
         if (const QString file = localFile(path).toLocalFile(); !known.contains(file)) {
             known.insert(file);
             plan.sets.push_back(jobFor(path));
@@ -89,14 +92,10 @@ BatchPlan MapsCommand::severalSets() const {
             add(source);
             continue;
         }
-        try {
-            for (const TextureFolder& folder : findTextures(source, search())) {
-                for (const QString& file : folder.files) {
-                    add(file);
-                }
+        for (const TextureFolder& folder : textureFolders(source, plan)) {
+            for (const QString& file : folder.files) {
+                add(file);
             }
-        } catch (const CommandFailure& failure) {
-            plan.sets.push_back(refusedJob(source, failure.message()));
         }
     }
     return plan;

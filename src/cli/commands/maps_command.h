@@ -22,9 +22,9 @@ protected:
 private:
     SetJob jobFor(const QString& path) const;
 
-    /// Files and folders, as typed.
+    /// Files and folders; paths may be relative.
     QStringList m_sources;
-    /// Without the material's name.
+    /// All settings but the material's name.
     NormalGeneratorSettings m_settings;
 };
 

@@ -1,9 +1,9 @@
 #include "cli/commands/material_command.h"
 
+#include "cli/base/local_file.h"
+#include "cli/batch/command_failure.h"
 #include "cli/batch/planned_files.h"
 #include "cli/batch/texture_loading.h"
-#include "cli/commands/command_failure.h"
-#include "cli/local_file.h"
 #include "cli/options/file_options.h"
 #include "cli/options/usage_error.h"
 #include "engine/base/texture_processor_error.h"
@@ -11,7 +11,7 @@
 #include "imaging/files/file_names.h"
 #include "matching/texture_name.h"
 #include "model/material_set.h"
-#include "model/texture_map.h"
+#include "model/texture_asset.h"
 
 #include <QSet>
 
@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The suffixes of every slot, as a sentence lists them.
+/// The suffixes of all slots, as part of a sentence.
 QString suffixList() {
     QStringList slots;
     for (const TextureSlotKind slot : allCases<TextureSlotKind>()) {
@@ -30,7 +30,7 @@ QString suffixList() {
     return slots.join(u"; "_s);
 }
 
-/// Why the set can't be exported, as far as the names of its files tell.
+/// Why the set can't be exported, as far as the names of its files show; empty if they show nothing.
 QString refusalOf(const TextureSet& set) {
     if (!set.ambiguity.isEmpty()) {
         return CommandFailure(u"Load"_s, set.ambiguity).message();
@@ -54,24 +54,24 @@ CommandOptions MaterialCommand::ownOptions() {
         requiredUnless(u"folder"_s,
                        file(u"base-color"_s, TextureSlotKind::baseColor, u"the color of the surface"_s)),
         file(u"normal"_s, TextureSlotKind::normal, u"a tangent-space normal map"_s),
-        file(u"occlusion"_s, TextureSlotKind::occlusion, u"ambient occlusion"_s),
-        file(u"roughness"_s, TextureSlotKind::roughness, u"roughness, or gloss with --gloss"_s),
-        file(u"metallic"_s, TextureSlotKind::metallic, u"metallic"_s),
+        file(u"occlusion"_s, TextureSlotKind::occlusion, u"an ambient occlusion map"_s),
+        file(u"roughness"_s, TextureSlotKind::roughness, u"a roughness map, or a gloss map with --gloss"_s),
+        file(u"metallic"_s, TextureSlotKind::metallic, u"a metallic map"_s),
         pathsOption(u"folder"_s, u"DIR"_s,
-                    u"take the textures of a folder, matched to slots by the suffixes of their "
+                    u"use the textures of a folder, matched to slots by the suffixes of their "
                     "names; can be given more than once"_s,
                     ValueKind::folder, m_folders),
         ownNameOption(),
         sizeOption(m_settings.outputResolution),
-        switchOption(u"gloss"_s, u"the roughness file holds gloss: invert it"_s,
+        switchOption(u"gloss"_s, u"the roughness file is a gloss map: invert it"_s,
                      m_settings.roughnessInputIsGloss, true),
-        switchOption(u"flip-normal-green"_s, u"the normal map is of the DirectX kind: invert its green"_s,
+        switchOption(u"flip-normal-green"_s, u"the normal map was made for DirectX: invert its green"_s,
                      m_settings.flipNormalGreen, true),
-        numberOption(u"default-occlusion"_s, u"occlusion without a file"_s, m_settings.defaultOcclusion,
+        numberOption(u"default-occlusion"_s, u"occlusion if there is no file"_s, m_settings.defaultOcclusion,
                      fractionRange),
-        numberOption(u"default-roughness"_s, u"roughness without a file"_s, m_settings.defaultRoughness,
+        numberOption(u"default-roughness"_s, u"roughness if there is no file"_s, m_settings.defaultRoughness,
                      fractionRange),
-        numberOption(u"default-metallic"_s, u"metallic without a file"_s, m_settings.defaultMetallic,
+        numberOption(u"default-metallic"_s, u"metallic if there is no file"_s, m_settings.defaultMetallic,
                      fractionRange),
     };
     addFileOptions<MaterialFile>(options, m_settings);
@@ -80,15 +80,15 @@ CommandOptions MaterialCommand::ownOptions() {
 
 QStringList MaterialCommand::ownRemarks() const {
     return {
-        u"The textures of a folder are matched by what their names end in, in any case and with any "
-        "separator: "_s +
+        u"The textures of a folder are matched to slots by the suffixes of their names, in upper or "
+        "lower case and with any separator: "_s +
             suffixList() +
-            u". What stands before the suffix is the material's name; a folder can hold several "
-            "materials. Resolutions (2k, 2048, 1024x1024) are passed over. A gloss file is "
-            "inverted, and so is the green of a normal map that is named as of the DirectX kind "
-            "(NormalDX); with one of the OpenGL kind (NormalGL) beside it that one is taken."_s,
-        u"A file whose name tells no slot is left out and reported. Two files for one slot are not "
-        "chosen between: their set fails."_s,
+            u". The text before the suffix is the material's name; a folder can contain several "
+            "materials. Resolutions (2k, 2048, 1024x1024) are ignored. A gloss map is inverted. The "
+            "green of a normal map whose name says DirectX (NormalDX) is inverted too; if there is "
+            "also one for OpenGL (NormalGL), that one is used instead."_s,
+        u"A file whose name matches no slot is left out and reported. If two files match the same "
+        "slot, their set fails."_s,
     };
 }
 
@@ -104,7 +104,7 @@ std::optional<SetJob> MaterialCommand::singleSet() const {
         return jobFor(set);
     }
     if (!set.files.empty()) {
-        throw UsageError(u"--folder can't be given together with the file of a slot"_s);
+        throw UsageError(u"--folder can't be combined with the file of a slot"_s);
     }
     return std::nullopt;
 }
@@ -113,20 +113,16 @@ BatchPlan MaterialCommand::severalSets() const {
     BatchPlan plan;
     QSet<QString> known;
     for (const QString& path : m_folders) {
-        try {
-            for (const TextureFolder& folder : findTextures(path, search())) {
-                if (known.contains(folder.path)) {
-                    continue;
-                }
-                known.insert(folder.path);
-                const MatchedTextures matched = matchTextures(folder);
-                plan.leftOut.insert(plan.leftOut.end(), matched.leftOut.begin(), matched.leftOut.end());
-                for (const TextureSet& set : matched.sets) {
-                    plan.sets.push_back(jobFor(set));
-                }
+        for (const TextureFolder& folder : textureFolders(path, plan)) {
+            if (known.contains(folder.path)) {
+                continue;
             }
-        } catch (const CommandFailure& failure) {
-            plan.sets.push_back(refusedJob(path, failure.message()));
+            known.insert(folder.path);
+            const MatchedTextures matched = matchTextures(folder);
+            plan.leftOut.insert(plan.leftOut.end(), matched.leftOut.begin(), matched.leftOut.end());
+            for (const TextureSet& set : matched.sets) {
+                plan.sets.push_back(jobFor(set));
+            }
         }
     }
     return plan;
@@ -138,11 +134,11 @@ SetJob MaterialCommand::jobFor(const TextureSet& set) const {
     SetJob job;
     if (set.roughnessIsGloss) {
         settings.roughnessInputIsGloss = true;
-        job.decisions += u"the roughness texture is gloss by its name, and inverted"_s;
+        job.decisions += u"the roughness texture is a gloss map by its name, so it is inverted"_s;
     }
     if (set.normalIsDirectX) {
         settings.flipNormalGreen = true;
-        job.decisions += u"the normal map is of the DirectX kind by its name; its green is inverted"_s;
+        job.decisions += u"the normal map is for DirectX by its name, so its green is inverted"_s;
     }
     job.name = settings.safeMaterialName();
     for (const auto& [slot, path] : set.files) {

@@ -25,11 +25,11 @@ protected:
 private:
     SetJob jobFor(const TextureSet& set) const;
 
-    /// The files of one set, as typed; a slot without one is missing or empty.
+    /// The files of a single set; paths may be relative. A slot without a file is missing or empty.
     std::map<TextureSlotKind, QString> m_paths;
-    /// Folders whose files are matched to slots.
+    /// Folders whose files are matched to slots; paths may be relative.
     QStringList m_folders;
-    /// Without the material's name.
+    /// All settings but the material's name.
     ConversionSettings m_settings;
 };
 

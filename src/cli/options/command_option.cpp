@@ -12,16 +12,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The word for `resolution` on the command line.
-QString sizeWord(OutputResolution resolution) {
+/// `resolution` as an argument.
+QString sizeArgument(OutputResolution resolution) {
     return fixedPixels(resolution) ? title(resolution) : u"base"_s;
 }
 
 QString rangeText(const QString& lowest, const QString& highest) { return lowest + u" to "_s + highest; }
 
-/// The words as a sentence lists them: "a, b or c".
-QString listed(const QStringList& words) {
-    return words.mid(0, words.size() - 1).join(u", "_s) + u" or "_s + words.last();
+/// The choices as a sentence lists them: "a, b or c".
+QString listed(const QStringList& choices) {
+    return choices.mid(0, choices.size() - 1).join(u", "_s) + u" or "_s + choices.last();
 }
 
 QString defaultText(const QString& value) { return u" (default "_s + value + u')'; }
@@ -75,26 +75,27 @@ CommandOption switchOption(const QString& name, const QString& description, bool
 
 CommandOption sizeOption(OutputResolution& target) {
     const QString name = u"size"_s;
-    QStringList words;
+    QStringList choices;
     for (const OutputResolution resolution : allCases<OutputResolution>()) {
-        words += sizeWord(resolution);
+        choices += sizeArgument(resolution);
     }
     return {.name = name,
             .valueName = u"SIZE"_s,
-            .description = u"edge of the maps in pixels: "_s + listed(words) +
-                           u", the first texture's own size for base"_s + defaultText(sizeWord(target)),
+            .description = u"width and height of the maps in pixels: "_s + listed(choices) +
+                           u"; base keeps the size of the first texture"_s +
+                           defaultText(sizeArgument(target)),
             .apply =
-                [name, words, &target](const QString& value) {
+                [name, choices, &target](const QString& value) {
                     for (const OutputResolution resolution : allCases<OutputResolution>()) {
-                        if (sizeWord(resolution) == value) {
+                        if (sizeArgument(resolution) == value) {
                             target = resolution;
                             return;
                         }
                     }
-                    rejectValue(name, listed(words), value);
+                    rejectValue(name, listed(choices), value);
                 },
-            .kind = ValueKind::word,
-            .words = words};
+            .kind = ValueKind::choice,
+            .choices = choices};
 }
 
 CommandOption numberOption(const QString& name, const QString& description, double& target,
@@ -106,11 +107,11 @@ CommandOption numberOption(const QString& name, const QString& description, doub
             .apply = [name, limits, range, &target](const QString& text) {
                 bool isNumber = false;
                 const double value = text.toDouble(&isNumber);
-                // "nan" is a number to the conversion, and no range contains it.
+                // The conversion accepts "nan", which no range contains.
                 if (!isNumber || !range.contains(value)) {
                     rejectValue(name, u"a number from "_s + limits, text);
                 }
-                // A negative zero would be printed as such in the notes.
+                // The notes would show the sign of a negative zero.
                 target = value == 0 ? 0 : value;
             }};
 }

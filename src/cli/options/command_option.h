@@ -12,34 +12,33 @@
 
 namespace quarlin {
 
-/// What an option's value is, as far as a shell can help with typing it.
-enum class ValueKind { file, folder, fileOrFolder, word, other };
+/// What an option's value is, for completion by a shell.
+enum class ValueKind { file, folder, fileOrFolder, choice, other };
 
-/// One option of a command, bound to the field that it sets. What is parsed and what the help tells both come
-/// from here.
+/// One option of a command, bound to the field that it sets. Both parsing and help are derived from it.
 struct CommandOption {
-    /// What is typed, without the leading "--"; empty for the words that stand alone.
+    /// The name without the leading "--"; empty for positional arguments.
     QString name;
     /// What the help calls the value; empty for a switch, which takes none.
     QString valueName;
-    /// What the help says of the option.
+    /// For the help.
     QString description;
-    /// Writes the value, which a switch ignores, to the field. Throws `UsageError` when the value is off.
+    /// Writes the value, which a switch ignores, to the field. Throws `UsageError` if the value is invalid.
     std::function<void(const QString& value)> apply;
     ValueKind kind = ValueKind::other;
-    /// The words that the value is one of; only for the kind `word`.
-    QStringList words = {};
+    /// The valid values; only for the kind `choice`.
+    QStringList choices = {};
     bool required = false;
-    /// The option that may be given in place of this one, which is required otherwise.
+    /// The option that may be given instead of this required one.
     QString alternative = {};
-    /// Whether it may be given more than once; then every value is applied, in the order of the words.
+    /// Whether it may be given more than once; every value is then applied, in the order of the arguments.
     bool repeatable = false;
 };
 
 using CommandOptions = std::vector<CommandOption>;
 
-// Each of these binds `target`, which has to outlive the option, and whose present value the help gives as
-// the default where there is one.
+// Each of these binds `target`, which must outlive the option. The help gives the present value of a number
+// or size as its default.
 
 /// A path, which must not be empty.
 CommandOption pathOption(const QString& name, const QString& valueName, const QString& description,
@@ -49,7 +48,7 @@ CommandOption pathOption(const QString& name, const QString& valueName, const QS
 CommandOption pathsOption(const QString& name, const QString& valueName, const QString& description,
                           ValueKind kind, QStringList& targets);
 
-/// The name of the set, an empty one too; without it the name comes from the first texture's file.
+/// The name of the set, which may be empty. Without the option the name is that of the first texture's file.
 CommandOption nameOption(std::optional<QString>& target);
 
 /// Sets `target` to `value`.
@@ -58,7 +57,7 @@ CommandOption switchOption(const QString& name, const QString& description, bool
 /// One of the output sizes.
 CommandOption sizeOption(OutputResolution& target);
 
-/// A number within `range`, written with a decimal point.
+/// A number within `range`, with a decimal point.
 CommandOption numberOption(const QString& name, const QString& description, double& target,
                            SettingRange<double> range);
 
@@ -66,10 +65,10 @@ CommandOption numberOption(const QString& name, const QString& description, doub
 CommandOption countOption(const QString& name, const QString& description, int& target,
                           SettingRange<int> range);
 
-/// The same option, which the command can't do without.
+/// The same option, but required.
 CommandOption required(CommandOption option);
 
-/// The same option, which the command can't do without unless the option `alternative` is given.
+/// The same option, but required unless the option `alternative` is given.
 CommandOption requiredUnless(const QString& alternative, CommandOption option);
 
 }  // namespace quarlin

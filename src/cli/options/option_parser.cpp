@@ -15,7 +15,7 @@ namespace {
 
 const auto helpName = u"help"_s;
 
-/// A sentence of the parser without its full stop, which the other messages do not have either.
+/// A message of Qt's parser without its full stop, as the other messages are written.
 QString withoutFullStop(QString sentence) {
     if (sentence.endsWith(u'.')) {
         sentence.chop(1);
@@ -38,7 +38,7 @@ bool isGiven(const QCommandLineParser& parser, const QString& name) {
     return !name.isEmpty() && parser.isSet(name);
 }
 
-/// The values that are given for `option`, one empty one for a switch.
+/// The values given for `option`; for a switch that is given, one empty value.
 QStringList valuesOf(const QCommandLineParser& parser, const CommandOption& option) {
     if (option.name.isEmpty()) {
         return parser.positionalArguments();
@@ -51,38 +51,38 @@ QStringList valuesOf(const QCommandLineParser& parser, const CommandOption& opti
 
 void apply(const QCommandLineParser& parser, const CommandOption& option) {
     const QStringList values = valuesOf(parser, option);
-    const QString word = option.name.isEmpty() ? option.valueName : u"--"_s + option.name;
+    const QString usage = option.name.isEmpty() ? option.valueName : u"--"_s + option.name;
     if (values.isEmpty() && option.required && !isGiven(parser, option.alternative)) {
-        throw UsageError(word + u" is required"_s);
+        throw UsageError(usage + u" is required"_s);
     }
     if (values.size() > 1 && !option.repeatable) {
-        throw UsageError(word + u" is given more than once"_s);
+        throw UsageError(usage + u" is given more than once"_s);
     }
     for (const QString& value : values) {
         option.apply(value);
     }
 }
 
-bool takesWordsThatStandAlone(const CommandOptions& options) {
+bool takesPositionalArguments(const CommandOptions& options) {
     return std::any_of(options.begin(), options.end(),
                        [](const CommandOption& option) { return option.name.isEmpty(); });
 }
 
 }  // namespace
 
-Request parseOptions(const QStringList& words, const CommandOptions& options) {
+Request parseOptions(const QStringList& arguments, const CommandOptions& options) {
     QCommandLineParser parser;
     declare(parser, options);
-    // The parser skips the first word, the name of the program.
-    if (!parser.parse(QStringList{QString()} + words)) {
+    // The parser skips the first argument, the name of the program.
+    if (!parser.parse(QStringList{QString()} + arguments)) {
         throw UsageError(withoutFullStop(parser.errorText()));
     }
     if (parser.isSet(helpName)) {
         return Request::help;
     }
-    const QStringList stray = parser.positionalArguments();
-    if (!stray.isEmpty() && !takesWordsThatStandAlone(options)) {
-        throw UsageError(u"Unexpected word '"_s + stray.first() + u'\'');
+    const QStringList positional = parser.positionalArguments();
+    if (!positional.isEmpty() && !takesPositionalArguments(options)) {
+        throw UsageError(u"Unexpected argument '"_s + positional.first() + u'\'');
     }
     for (const CommandOption& option : options) {
         apply(parser, option);

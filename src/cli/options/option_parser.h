@@ -6,13 +6,13 @@
 
 namespace quarlin {
 
-/// What a well-formed command line asks for.
+/// What valid arguments ask for.
 enum class Request { work, help };
 
-/// Reads the words that follow a command's name and writes each option's value to its field, in the order of
-/// `options`. "--help" among well-formed words asks for help, and then nothing is written. Throws
-/// `UsageError` for an unknown option, a stray word, an option given twice that takes one value, a missing
-/// value, a value that is off, or a missing option that is required.
-Request parseOptions(const QStringList& words, const CommandOptions& options);
+/// Parses the arguments after a command's name and writes each option's value to its field, in the order of
+/// `options`. If "--help" is among valid arguments, returns `Request::help` and writes nothing. Throws
+/// `UsageError` for an unknown option, an unexpected argument, a second value of an option that takes one, a
+/// missing or invalid value, or a missing required option.
+Request parseOptions(const QStringList& arguments, const CommandOptions& options);
 
 }  // namespace quarlin

@@ -1,7 +1,7 @@
 #include "cli/report/batch_report.h"
 
-#include "cli/report/print.h"
-#include "cli/report/standard_streams.h"
+#include "cli/base/print.h"
+#include "cli/base/standard_streams.h"
 
 namespace quarlin {
 
@@ -9,12 +9,12 @@ void BatchReport::begin(const BatchPlan& plan) {
     m_counts.leftOut = static_cast<std::int64_t>(plan.leftOut.size());
     for (const LeftOutFile& file : plan.leftOut) {
         if (m_form.isJSON) {
-            tell(leftOutLine(file), {});
+            write(leftOutLine(file), {});
         } else {
-            tell({}, leftOutText(file));
+            write({}, leftOutText(file));
         }
     }
-    if (!m_form.isRehearsal) {
+    if (!m_form.isDryRun) {
         m_progress.emplace(static_cast<int>(plan.sets.size()));
         m_progress->show(0, {});
     }
@@ -23,9 +23,9 @@ void BatchReport::begin(const BatchPlan& plan) {
 void BatchReport::addSet(const SetJob& job, const SetOutcome& outcome) {
     ++m_counts.sets[outcome.status];
     if (m_form.isJSON) {
-        tell(setLine(job, outcome), {});
+        write(setLine(job, outcome), {});
     } else {
-        tell(setText(job, outcome), failureText(job, outcome));
+        write(setText(job, outcome), failureText(job, outcome));
     }
     if (m_progress) {
         m_progress->show(m_counts.all(), job.name);
@@ -35,18 +35,18 @@ void BatchReport::addSet(const SetJob& job, const SetOutcome& outcome) {
 ExitStatus BatchReport::end() {
     m_progress.reset();
     const ExitStatus printed =
-        print(m_form.isJSON ? summaryLine(m_counts) : summaryText(m_counts, m_form.isRehearsal));
+        print(m_form.isJSON ? summaryLine(m_counts) : summaryText(m_counts, m_form.isDryRun));
     if (printed != ExitStatus::done || !m_isWritten) {
-        return ExitStatus::workFailed;
+        return ExitStatus::failed;
     }
     const int good = m_counts.of(SetStatus::exported) + m_counts.of(SetStatus::planned);
     if (good == 0) {
-        return ExitStatus::workFailed;
+        return ExitStatus::failed;
     }
-    return good == m_counts.all() ? ExitStatus::done : ExitStatus::someFailed;
+    return good == m_counts.all() ? ExitStatus::done : ExitStatus::someSetsFailed;
 }
 
-void BatchReport::tell(const QString& output, const QString& errors) {
+void BatchReport::write(const QString& output, const QString& errors) {
     if (m_progress) {
         m_progress->clear();
     }

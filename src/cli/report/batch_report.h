@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/exit_status.h"
+#include "cli/base/exit_status.h"
 #include "cli/report/batch_text.h"
 #include "cli/report/progress_bar.h"
 
@@ -8,28 +8,28 @@
 
 namespace quarlin {
 
-/// How a run on several sets is reported.
+/// The form of the report on several sets.
 struct ReportForm {
-    /// Lines of JSON, all on the standard output. Otherwise text, and what went wrong on the standard error.
+    /// Lines of JSON, all on the standard output. Otherwise text, with failures on the standard error.
     bool isJSON = false;
-    /// Nothing is really done, and no progress is shown.
-    bool isRehearsal = false;
+    /// Nothing is really exported, and no progress is shown.
+    bool isDryRun = false;
 };
 
-/// Tells of every set of a run and of the files that went into none, sums up at the end, and in between draws
-/// a progress bar where the standard error is a terminal.
+/// Prints a report on each set of a run and on the files that were left out, then a summary. Meanwhile it
+/// draws a progress bar if the standard error is a terminal.
 class BatchReport {
 public:
     explicit BatchReport(ReportForm form) : m_form(form) {}
 
     void begin(const BatchPlan& plan);
     void addSet(const SetJob& job, const SetOutcome& outcome);
-    /// Sums up. Tells whether all, some or none of the sets came out; none when the report could not be
-    /// written.
+    /// Prints the summary. Returns `done` if every set succeeded, `someSetsFailed` if some did, and `failed`
+    /// if none did or the report could not be written.
     ExitStatus end();
 
 private:
-    void tell(const QString& output, const QString& errors);
+    void write(const QString& output, const QString& errors);
 
     ReportForm m_form;
     BatchCounts m_counts;

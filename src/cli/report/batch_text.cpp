@@ -1,5 +1,6 @@
 #include "cli/report/batch_text.h"
 
+#include "cli/report/counted.h"
 #include "cli/report/json_line.h"
 #include "cli/report/report.h"
 #include "imaging/files/file_names.h"
@@ -13,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString statusWord(SetStatus status) {
+QString statusName(SetStatus status) {
     switch (status) {
         case SetStatus::exported:
             return u"exported"_s;
@@ -27,7 +28,7 @@ QString statusWord(SetStatus status) {
     return {};
 }
 
-/// The files of the set that are there already.
+/// The files of the set that exist already.
 QStringList replacedFiles(const ExportResult& result) {
     QStringList files;
     for (const QString& file : result.files) {
@@ -48,10 +49,6 @@ QString plannedText(const SetJob& job, const ExportResult& result) {
         text += (replaced.contains(file) ? u"Would replace "_s : u"Would write "_s) + file + u'\n';
     }
     return text;
-}
-
-QString counted(int count, const QString& noun) {
-    return QString::number(count) + u' ' + noun + (count == 1 ? QString() : u"s"_s);
 }
 
 }  // namespace
@@ -83,7 +80,7 @@ QString setLine(const SetJob& job, const SetOutcome& outcome) {
     JsonLine line;
     line.add(u"type"_s, u"set"_s)
         .add(u"name"_s, job.name)
-        .add(u"status"_s, statusWord(outcome.status))
+        .add(u"status"_s, statusName(outcome.status))
         .add(u"inputs"_s, inputs);
     if (!job.decisions.isEmpty()) {
         line.add(u"decisions"_s, job.decisions);
@@ -125,9 +122,9 @@ int BatchCounts::all() const {
     return sum;
 }
 
-QString summaryText(const BatchCounts& counts, bool isRehearsal) {
-    QString text = isRehearsal ? counted(counts.of(SetStatus::planned), u"set"_s) + u" to export"_s
-                               : counted(counts.of(SetStatus::exported), u"set"_s) + u" exported"_s;
+QString summaryText(const BatchCounts& counts, bool isDryRun) {
+    QString text = isDryRun ? counted(counts.of(SetStatus::planned), u"set"_s) + u" to export"_s
+                            : counted(counts.of(SetStatus::exported), u"set"_s) + u" exported"_s;
     if (const int failed = counts.of(SetStatus::failed); failed > 0) {
         text += u", "_s + QString::number(failed) + u" failed"_s;
     }
@@ -145,7 +142,7 @@ QString summaryLine(const BatchCounts& counts) {
     line.add(u"type"_s, u"summary"_s).add(u"sets"_s, static_cast<std::int64_t>(counts.all()));
     for (const SetStatus status :
          {SetStatus::exported, SetStatus::planned, SetStatus::failed, SetStatus::notStarted}) {
-        line.add(statusWord(status), static_cast<std::int64_t>(counts.of(status)));
+        line.add(statusName(status), static_cast<std::int64_t>(counts.of(status)));
     }
     return line.add(u"leftOut"_s, counts.leftOut).text() + u'\n';
 }

@@ -8,12 +8,12 @@
 
 namespace quarlin {
 
-// The words of a report on several sets, as text and as lines of JSON. Every text ends with a line feed,
-// unless there is nothing to tell.
+// The report on several sets, as text and as lines of JSON. Every text ends with a line feed, unless it is
+// empty.
 
 /// What was written, or would be read and written.
 QString setText(const SetJob& job, const SetOutcome& outcome);
-/// Why the set failed.
+/// Why the set failed; empty if it did not.
 QString failureText(const SetJob& job, const SetOutcome& outcome);
 QString setLine(const SetJob& job, const SetOutcome& outcome);
 
@@ -22,7 +22,7 @@ QString leftOutLine(const LeftOutFile& file);
 
 /// How the sets of a run ended.
 struct BatchCounts {
-    /// The sets of each status; a missing one is none.
+    /// The number of sets by status; 0 for a status that is missing.
     std::map<SetStatus, int> sets;
     std::int64_t leftOut = 0;
 
@@ -30,8 +30,8 @@ struct BatchCounts {
     int all() const;
 };
 
-/// `isRehearsal`: the sets are only to be exported.
-QString summaryText(const BatchCounts& counts, bool isRehearsal);
+/// With `isDryRun` it counts the sets that would be exported.
+QString summaryText(const BatchCounts& counts, bool isDryRun);
 QString summaryLine(const BatchCounts& counts);
 
 }  // namespace quarlin

@@ -1,5 +1,6 @@
 #include "cli/report/check_report.h"
 
+#include "cli/report/counted.h"
 #include "cli/report/json_line.h"
 
 namespace quarlin {
@@ -7,10 +8,6 @@ namespace quarlin {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString counted(int count, const QString& noun) {
-    return QString::number(count) + u' ' + noun + (count == 1 ? QString() : u"s"_s);
-}
 
 int countOf(const SeverityCounts& counts, Severity severity) {
     const auto found = counts.find(severity);
@@ -74,9 +71,9 @@ QString checkSummaryLine(int folders, const SeverityCounts& counts) {
 
 ExitStatus exitStatus(const SeverityCounts& counts) {
     if (countOf(counts, Severity::error) > 0) {
-        return ExitStatus::workFailed;
+        return ExitStatus::failed;
     }
-    return countOf(counts, Severity::warning) > 0 ? ExitStatus::someFailed : ExitStatus::done;
+    return countOf(counts, Severity::warning) > 0 ? ExitStatus::onlyWarnings : ExitStatus::done;
 }
 
 }  // namespace quarlin

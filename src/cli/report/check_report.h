@@ -1,7 +1,7 @@
 #pragma once
 
 #include "check/finding.h"
-#include "cli/exit_status.h"
+#include "cli/base/exit_status.h"
 
 #include <map>
 
@@ -14,7 +14,7 @@ struct CheckedFolder {
     Findings findings;
 };
 
-/// How many findings of each severity there are; a missing one is none.
+/// The number of findings by severity; 0 for a severity that is missing.
 using SeverityCounts = std::map<Severity, int>;
 
 SeverityCounts countSeverities(const Findings& findings);
@@ -24,11 +24,12 @@ QString folderText(const CheckedFolder& folder);
 /// The same as one line of JSON.
 QString folderLine(const CheckedFolder& folder);
 
-/// The sum over `folders` folders.
+/// The summary of `folders` folders.
 QString checkSummaryText(int folders, const SeverityCounts& counts);
 QString checkSummaryLine(int folders, const SeverityCounts& counts);
 
-/// What the findings are worth: `workFailed` for an error, `someFailed` for a warning.
+/// The exit status for the findings: `failed` if there is an error, `onlyWarnings` if there is a warning,
+/// else `done`.
 ExitStatus exitStatus(const SeverityCounts& counts);
 
 }  // namespace quarlin

@@ -9,8 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// `text` in quotes and escaped: an array of it without the brackets.
-QString quoted(const QString& text) {
+/// `text` in quotes and escaped. Qt only writes whole documents, so this is an array without its brackets.
+QString jsonString(const QString& text) {
     const QByteArray bytes = QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact);
     return QString::fromUtf8(bytes.mid(1, bytes.size() - 2));
 }
@@ -19,12 +19,12 @@ QString array(const QStringList& texts) { return u'[' + texts.join(u", "_s) + u'
 
 }  // namespace
 
-JsonLine& JsonLine::add(const QString& key, const QString& value) { return addText(key, quoted(value)); }
+JsonLine& JsonLine::add(const QString& key, const QString& value) { return addText(key, jsonString(value)); }
 
 JsonLine& JsonLine::add(const QString& key, const QStringList& values) {
     QStringList texts;
     for (const QString& value : values) {
-        texts += quoted(value);
+        texts += jsonString(value);
     }
     return addText(key, array(texts));
 }
@@ -47,7 +47,7 @@ JsonLine& JsonLine::addText(const QString& key, const QString& text) {
     if (!m_members.isEmpty()) {
         m_members += u", "_s;
     }
-    m_members += quoted(key) + u": "_s + text;
+    m_members += jsonString(key) + u": "_s + text;
     return *this;
 }
 

@@ -1,6 +1,6 @@
 #include "cli/report/progress_bar.h"
 
-#include "cli/report/standard_streams.h"
+#include "cli/base/standard_streams.h"
 
 #include <algorithm>
 
@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Back to the first column, and everything in the line away.
+/// Moves to the first column and clears the line.
 const auto clearedLine = u"\r\x1b[K"_s;
 
 }  // namespace
@@ -21,7 +21,7 @@ ProgressBar::~ProgressBar() { clear(); }
 
 void ProgressBar::show(int complete, const QString& latest) {
     if (m_isTerminal) {
-        // The last column stays free: a character there moves some terminals on to the next line.
+        // The last column stays empty: some terminals move to the next line after writing there.
         writeToStandardError(clearedLine + progressLine(complete, m_total, latest, terminalColumns() - 1));
         m_isShown = true;
     }

@@ -4,8 +4,8 @@
 
 namespace quarlin {
 
-/// How far a run is, in the last line of the terminal. Where the standard error is no terminal nothing is
-/// written.
+/// The progress of a run, in the last line of the terminal. Does nothing if the standard error is not a
+/// terminal.
 class ProgressBar {
 public:
     explicit ProgressBar(int total);
@@ -13,9 +13,9 @@ public:
     ProgressBar(const ProgressBar&) = delete;
     ProgressBar& operator=(const ProgressBar&) = delete;
 
-    /// Draws the bar: `complete` of the total. `latest` is what was completed last.
+    /// Draws the bar with `complete` of the total done. `latest` is the name of what was completed last.
     void show(int complete, const QString& latest);
-    /// Takes the bar off the screen, so that lines can be written; the next `show` draws it again.
+    /// Removes the bar, so that lines can be written; the next `show` draws it again.
     void clear();
 
 private:

@@ -7,8 +7,8 @@
 
 namespace quarlin {
 
-/// The documents on the program that come with it, the manual page and the completions of the shells: each
-/// file by its path in the folder `packaging`.
+/// The generated files that are packaged with the program: the manual page and the completion scripts, each
+/// by its path in the folder `packaging`.
 std::map<QString, QByteArray> cliDocuments();
 
 }  // namespace quarlin

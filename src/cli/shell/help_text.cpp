@@ -1,5 +1,7 @@
 #include "cli/shell/help_text.h"
 
+#include "cli/base/program_name.h"
+
 #include <algorithm>
 
 namespace quarlin {
@@ -10,8 +12,8 @@ namespace {
 
 constexpr qsizetype lineWidth = 100;
 
-/// `text` in lines of at most `lineWidth` characters, those behind the first indented by `indent`; the first
-/// one begins at `column`.
+/// `text` in lines of at most `lineWidth` characters. The first one begins at `column`; the others are
+/// indented by `indent`.
 QString wrapped(const QString& text, qsizetype column, qsizetype indent) {
     QString result;
     qsizetype end = column;
@@ -34,7 +36,7 @@ QString wrapped(const QString& text, qsizetype column, qsizetype indent) {
 QString exitStatuses(const Command& command) {
     QString text = u"\nExit status:\n"_s;
     for (const auto& [status, meaning] : command.exitMeanings()) {
-        text += u"  "_s + QString::number(status) + u"  "_s + meaning + u'\n';
+        text += u"  "_s + QString::number(number(status)) + u"  "_s + meaning + u'\n';
     }
     return text;
 }
@@ -45,8 +47,8 @@ QString optionUsage(const CommandOption& option) {
     if (option.name.isEmpty()) {
         return option.valueName + (option.repeatable ? u"..."_s : QString());
     }
-    const QString word = u"--"_s + option.name;
-    return option.valueName.isEmpty() ? word : word + u' ' + option.valueName;
+    const QString usage = u"--"_s + option.name;
+    return option.valueName.isEmpty() ? usage : usage + u' ' + option.valueName;
 }
 
 QString commandUsage(Command& command) {
@@ -66,15 +68,13 @@ QString commandUsage(Command& command) {
     return usage + u" [OPTION...]"_s;
 }
 
-QString programName() { return u"quarlin-cli"_s; }
-
 QString programHelp(std::span<Command* const> commands) {
     QString text = u"Usage: "_s + programName() + u" COMMAND [OPTION...]\n\nCommands:\n"_s;
     for (const Command* command : commands) {
         text += u"  "_s + command->name().leftJustified(12) + command->summary() + u'\n';
     }
     return text +
-           u"\nOptions:\n  --help      print this, or after a command that command's options\n"
+           u"\nOptions:\n  --help      print this help; after a command, the options of that command\n"
            "  --version   print the version\n"_s;
 }
 
@@ -88,7 +88,7 @@ QString commandHelp(Command& command) {
         return u"  "_s + usage.leftJustified(column - 2) + wrapped(description, column, column) + u'\n';
     };
     QString text = u"Usage: "_s + commandUsage(command) + u"\n\n"_s + command.summary() +
-                   u"\n\nOptions:\n"_s + line(u"--help"_s, u"print this"_s);
+                   u"\n\nOptions:\n"_s + line(u"--help"_s, u"print this help"_s);
     for (const CommandOption& option : options) {
         const bool isRequired = option.required && option.alternative.isEmpty();
         text += line(optionUsage(option), option.description + (isRequired ? u" (required)"_s : QString()));

@@ -8,13 +8,10 @@
 
 namespace quarlin {
 
-/// The name by which the program is called.
-QString programName();
-
-/// An option with its value, as it is typed.
+/// An option with its value, as in "--size SIZE".
 QString optionUsage(const CommandOption& option);
 
-/// How the command is typed, with the options that it can't do without.
+/// How the command is called, with its required options.
 QString commandUsage(Command& command);
 
 /// The help of the whole program.

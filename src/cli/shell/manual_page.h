@@ -8,7 +8,7 @@
 
 namespace quarlin {
 
-/// The manual page of the program, quarlin-cli(1), made of the options of its commands.
+/// The manual page of the program, quarlin-cli(1), generated from the options of its commands.
 QString manualPage(std::span<Command* const> commands);
 
 }  // namespace quarlin

@@ -1,6 +1,6 @@
 #include "cli/shell/shell_completion.h"
 
-#include "cli/shell/help_text.h"
+#include "cli/base/program_name.h"
 
 #include <optional>
 
@@ -10,10 +10,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto origin = u"# Made of the program's own options: write_cli_documents writes this file.\n"_s;
+const auto origin = u"# Generated from the program's options by write_cli_documents.\n"_s;
 
-/// The words as one of the shells' strings; a quote inside it ends and begins it again.
-QString quoted(const QString& text) { return u'\'' + QString(text).replace(u'\'', u"'\\''"_s) + u'\''; }
+/// `text` as one word of any of the shells. A quote inside it closes the string, is added, and opens it
+/// again.
+QString shellWord(const QString& text) { return u'\'' + QString(text).replace(u'\'', u"'\\''"_s) + u'\''; }
 
 QStringList namesOf(std::span<Command* const> commands) {
     QStringList names;
@@ -23,8 +24,8 @@ QStringList namesOf(std::span<Command* const> commands) {
     return names;
 }
 
-/// The kind of the words that stand alone; nothing where the command takes none.
-std::optional<ValueKind> kindOfOperands(const CommandOptions& options) {
+/// The kind of the positional arguments; nothing if the command takes none.
+std::optional<ValueKind> positionalKind(const CommandOptions& options) {
     for (const CommandOption& option : options) {
         if (option.name.isEmpty()) {
             return option.kind;
@@ -33,16 +34,16 @@ std::optional<ValueKind> kindOfOperands(const CommandOptions& options) {
     return std::nullopt;
 }
 
-/// How bash completes a value: the arguments of compgen; empty where it can't help.
-QString bashGenerator(ValueKind kind, const QStringList& words) {
+/// How bash completes a value: the arguments of compgen; empty if it can't.
+QString bashGenerator(ValueKind kind, const QStringList& choices) {
     switch (kind) {
         case ValueKind::file:
         case ValueKind::fileOrFolder:
             return u"-f"_s;
         case ValueKind::folder:
             return u"-d"_s;
-        case ValueKind::word:
-            return u"-W "_s + quoted(words.join(u' '));
+        case ValueKind::choice:
+            return u"-W "_s + shellWord(choices.join(u' '));
         case ValueKind::other:
             break;
     }
@@ -64,14 +65,14 @@ QString bashCommand(Command& command) {
         words += u"--"_s + option.name;
         if (!option.valueName.isEmpty()) {
             text += u"                --"_s + option.name + u") "_s +
-                    bashReply(bashGenerator(option.kind, option.words)) + u" ;;\n"_s;
+                    bashReply(bashGenerator(option.kind, option.choices)) + u" ;;\n"_s;
         }
     }
     text += u"            esac\n"_s;
-    if (const auto kind = kindOfOperands(options)) {
+    if (const auto kind = positionalKind(options)) {
         text += u"            [[ $word == -* ]] || { "_s + bashReply(bashGenerator(*kind, {})) + u"; }\n"_s;
     }
-    return text + u"            _quarlin_cli_reply -W "_s + quoted(words.join(u' ')) +
+    return text + u"            _quarlin_cli_reply -W "_s + shellWord(words.join(u' ')) +
            u"\n            ;;\n"_s;
 }
 
@@ -82,8 +83,8 @@ QString zshAction(const CommandOption& option) {
             return u"_files"_s;
         case ValueKind::folder:
             return u"_files -/"_s;
-        case ValueKind::word:
-            return u'(' + option.words.join(u' ') + u')';
+        case ValueKind::choice:
+            return u'(' + option.choices.join(u' ') + u')';
         case ValueKind::other:
             break;
     }
@@ -93,13 +94,13 @@ QString zshAction(const CommandOption& option) {
 QString zshArgument(const CommandOption& option) {
     const QString star = option.repeatable ? u"*"_s : QString();
     if (option.name.isEmpty()) {
-        return quoted(star + u':' + option.valueName + u':' + zshAction(option));
+        return shellWord(star + u':' + option.valueName + u':' + zshAction(option));
     }
     QString description = option.description;
     description.replace(u']', u"\\]"_s).replace(u'[', u"\\["_s);
     const QString value =
         option.valueName.isEmpty() ? QString() : u':' + option.valueName + u':' + zshAction(option);
-    return quoted(star + u"--"_s + option.name + u'[' + description + u']' + value);
+    return shellWord(star + u"--"_s + option.name + u'[' + description + u']' + value);
 }
 
 QString fishValue(const CommandOption& option) {
@@ -112,8 +113,8 @@ QString fishValue(const CommandOption& option) {
             return u" -r -F"_s;
         case ValueKind::folder:
             return u" -x -a '(__fish_complete_directories)'"_s;
-        case ValueKind::word:
-            return u" -x -a "_s + quoted(option.words.join(u' '));
+        case ValueKind::choice:
+            return u" -x -a "_s + shellWord(option.choices.join(u' '));
         case ValueKind::other:
             break;
     }
@@ -124,7 +125,7 @@ QString fishValue(const CommandOption& option) {
 
 QString bashCompletion(std::span<Command* const> commands) {
     QString text = u"# Completion of quarlin-cli for bash.\n"_s + origin + QStringLiteral(R"(
-# Completes the word at the cursor with what compgen makes of the arguments.
+# Completes the word at the cursor by compgen with the given arguments.
 _quarlin_cli_reply() {
     [[ $1 == -W ]] || compopt -o filenames 2>/dev/null
     mapfile -t COMPREPLY < <(compgen "$@" -- "${COMP_WORDS[COMP_CWORD]}")
@@ -135,7 +136,7 @@ _quarlin_cli() {
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
         _quarlin_cli_reply -W )") +
-                   quoted((namesOf(commands) + QStringList{u"--help"_s, u"--version"_s}).join(u' ')) +
+                   shellWord((namesOf(commands) + QStringList{u"--help"_s, u"--version"_s}).join(u' ')) +
                    u"\n        return\n    fi\n    case ${COMP_WORDS[1]} in\n"_s;
     for (Command* command : commands) {
         text += bashCommand(*command);
@@ -147,7 +148,7 @@ QString zshCompletion(std::span<Command* const> commands) {
     QString text = u"#compdef "_s + programName() + u"\n# Completion of quarlin-cli for zsh.\n"_s + origin +
                    u"\nif ((CURRENT == 2)); then\n    local -a commands=(\n"_s;
     for (const Command* command : commands) {
-        text += u"        "_s + quoted(command->name() + u':' + command->summary()) + u'\n';
+        text += u"        "_s + shellWord(command->name() + u':' + command->summary()) + u'\n';
     }
     text +=
         u"    )\n    _describe command commands\n    compadd -- --help --version\n    return\nfi\n"
@@ -170,14 +171,14 @@ QString fishCompletion(std::span<Command* const> commands) {
                    u" -n __fish_use_subcommand -l version -d 'print the version'\n"_s;
     for (Command* command : commands) {
         text += u'\n' + complete + u" -n __fish_use_subcommand -a "_s + command->name() + u" -d "_s +
-                quoted(command->summary()) + u'\n';
+                shellWord(command->summary()) + u'\n';
         const QString inCommand = complete + u" -n '__fish_seen_subcommand_from "_s + command->name() + u'\'';
         for (const CommandOption& option : command->options()) {
             if (option.name.isEmpty()) {
                 text += inCommand + u" -a '(__fish_complete_directories)'\n"_s;
             } else {
                 text += inCommand + u" -l "_s + option.name + fishValue(option) + u" -d "_s +
-                        quoted(option.description) + u'\n';
+                        shellWord(option.description) + u'\n';
             }
         }
     }

@@ -8,7 +8,7 @@
 
 namespace quarlin {
 
-// What shells complete the program's words from, made of the options of its commands.
+// Completion scripts for the program's arguments, generated from the options of its commands.
 
 QString bashCompletion(std::span<Command* const> commands);
 QString zshCompletion(std::span<Command* const> commands);

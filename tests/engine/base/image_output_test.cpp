@@ -53,7 +53,7 @@ TEST_F(ImageOutput, HoldsNothingButTheImageAndItsColorSpace) {
         EXPECT_EQ(chunks.back(), "IEND");
         const qsizetype firstData = chunks.indexOf("IDAT");
         EXPECT_LT(chunks.indexOf("sRGB"), firstData);
-        // The data chunks follow each other without another between them.
+        // The data chunks follow each other without other chunks between them.
         const qsizetype dataChunks = chunks.count("IDAT");
         EXPECT_EQ(chunks.lastIndexOf("IDAT"), firstData + dataChunks - 1);
         chunks.removeAll("IDAT");
@@ -117,7 +117,7 @@ TEST_F(ImageOutput, NoiseGrowsByLittle) {
 }
 
 TEST_F(ImageOutput, EveryPremultipliedColorComesBack) {
-    // All pairs of an alpha and a color not above it.
+    // All pairs of an alpha and a color that is not larger.
     const Picture premultipliedPairs = drawnPicture(256, 256, [](int color, int alpha) {
         const auto byte = static_cast<std::uint8_t>(std::min(color, alpha));
         return Rgba{byte, static_cast<std::uint8_t>(alpha - byte), byte, static_cast<std::uint8_t>(alpha)};

@@ -22,7 +22,7 @@ QString notesOf(const NormalGeneratorSettings& settings) {
                                              source);
 }
 
-/// The lines on the files of a set of which every file is written, or as few as can be.
+/// The lines about the files of a set with all files, or with as few as possible.
 QString exportedLines(const std::vector<ExpectedGeneratedFile>& files, const QString& material) {
     QString lines;
     for (const auto& file : files) {
@@ -190,10 +190,10 @@ TEST_F(GeneratedNotesDocument, StrengthHasTwoDecimals) {
     EXPECT_EQ(strengthLine(0.05), u"Strength: 0.05"_s);
     EXPECT_EQ(strengthLine(2.999), u"Strength: 3.00"_s);
     EXPECT_EQ(strengthLine(-1.5), u"Strength: -1.50"_s);
-    // Neither decimal has an exact double: 2.675 and 1.115 both lie just below themselves.
+    // Neither decimal is an exact double: the doubles of 2.675 and 1.115 are both slightly smaller.
     EXPECT_EQ(strengthLine(2.675), u"Strength: 2.67"_s);
     EXPECT_EQ(strengthLine(1.115), u"Strength: 1.11"_s);
-    // Ties, which doubles hold exactly, go to the even digit.
+    // Exact ties round to the even digit.
     EXPECT_EQ(strengthLine(0.125), u"Strength: 0.12"_s);
     EXPECT_EQ(strengthLine(0.375), u"Strength: 0.38"_s);
     EXPECT_EQ(strengthLine(2.625), u"Strength: 2.62"_s);

@@ -12,7 +12,7 @@ namespace quarlin {
 
 using namespace Qt::StringLiterals;
 
-/// Tests of texts that hold percentages: they run in one locale, whatever the machine's is.
+/// Tests of texts with percentages. They run in a fixed locale, whatever that of the machine is.
 class InEnglish : public testing::Test {
 protected:
     InEnglish() { QLocale::setDefault(QLocale(u"en_US"_s)); }
@@ -22,7 +22,7 @@ private:
     const QLocale m_before;
 };
 
-/// Whether both texts are the same; a failure tells the first line that differs.
+/// Whether both texts are equal; a failure reports the first line that differs.
 inline testing::AssertionResult sameText(const QString& expected, const QString& actual) {
     if (expected == actual) {
         return testing::AssertionSuccess();

@@ -1,4 +1,4 @@
-// Files and materials with names that programs get wrong.
+// Files and materials with names that programs often handle wrongly.
 
 #include "awkward_names.h"
 
@@ -67,7 +67,7 @@ TEST_P(AwkwardMaterialNames, NeverLeadOutOfTheChosenFolder) {
     for (const AwkwardMaterialName& material : awkwardMaterialNames()) {
         name = material.typed;
         const ExportResult result = exported();
-        // What the files are named after is the folder.
+        // The files are named after the folder.
         name = folderOf(material);
         EXPECT_EQ(result.folderURL.toLocalFile(), setPath()) << material.typed.toStdString();
         EXPECT_EQ(result.files, setNames());
@@ -90,7 +90,7 @@ TEST_P(AwkwardMaterialNames, ThatDifferOnlyInCaseOrInTheirFormAreTwoSets) {
 }
 
 TEST_P(AwkwardMaterialNames, FollowALinkInThePlaceOfAFile) {
-    // Somebody has put the link there in order to have the file elsewhere.
+    // The user may have made the link in order to keep the file elsewhere.
     const QUrl elsewhere = folder.url(u"elsewhere.png"_s);
     writeFile(elsewhere, "older");
     folder.makeFolder(u"out/Brick"_s);

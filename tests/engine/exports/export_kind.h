@@ -3,7 +3,7 @@
 #include "engine/texture_processor.h"
 #include "golden_text.h"
 #include "model/export_result.h"
-#include "model/texture_map.h"
+#include "model/texture_asset.h"
 #include "picture.h"
 #include "png_files.h"
 #include "temporary_folder.h"
@@ -16,7 +16,7 @@ namespace quarlin {
 
 using namespace Qt::StringLiterals;
 
-/// One of the two tools' exports, for tests that hold for both.
+/// One of the two tools' exports, for tests that apply to both.
 enum class ExportKind { material, maps };
 
 inline void PrintTo(ExportKind kind, std::ostream* out) {
@@ -28,21 +28,21 @@ class EitherExport : public InEnglish, public testing::WithParamInterface<Export
 protected:
     EitherExport();
 
-    /// Replaces the inputs by pictures that differ for every `seed`.
+    /// Replaces the inputs with pictures that differ for every `seed`.
     void loadPictures(std::uint64_t seed);
 
     ExportResult exported() const;
-    /// What the failed export says; empty when it succeeds.
+    /// The message of the failed export; empty if it succeeds.
     std::string failure() const;
 
     /// The names of the set in writing order.
     QStringList setNames() const;
-    /// What the failure to write the file of the set is called: before it could be opened, and after.
+    /// The messages of a failure to write the file of the set: before it could be opened, and after.
     std::string cannotCreate(const QString& name) const;
     std::string cannotWrite(const QString& name) const;
 
     QString setPath() const { return folder.path(u"out/"_s + name); }
-    /// Every file of the set's folder by name, hidden ones too.
+    /// The files of the set's folder by name, including hidden ones.
     std::map<QString, QByteArray> files() const;
 
     QString name = u"Brick"_s;

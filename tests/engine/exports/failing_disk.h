@@ -13,12 +13,12 @@ namespace quarlin {
 
 using namespace Qt::StringLiterals;
 
-/// An export onto a disk that fails, over an older set or none.
+/// An export to a failing disk, with or without an older set.
 class FailingDisk : public EitherExport {
 protected:
     using Files = std::map<QString, QByteArray>;
 
-    /// An older set, and what the set of the new pictures will be.
+    /// An older set, and the set that the new pictures should give.
     void makeOlderSet() {
         loadPictures(2);
         exported();
@@ -34,8 +34,7 @@ protected:
         }
     }
 
-    /// Expects the first `count` files of the set to be the new ones, all others to be the old ones, and
-    /// nothing else.
+    /// Expects that the first `count` files of the set are new, all others are old, and no other files exist.
     void expectReplaced(qsizetype count) const {
         const Files found = files();
         const QStringList names = setNames();
@@ -48,7 +47,7 @@ protected:
         }
     }
 
-    /// The names of the files that are there, hidden ones too, must be the first `count` of the set.
+    /// Expects exactly the first `count` files of the set, by name, including hidden ones.
     void expectWritten(qsizetype count) const {
         QStringList expected = setNames().first(count);
         std::sort(expected.begin(), expected.end());
@@ -62,7 +61,7 @@ protected:
 
     void removeSet() const { QDir(setPath()).removeRecursively(); }
 
-    /// Lets an ordinary user write into the export folder, or not.
+    /// Sets whether an ordinary user can write to the export folder.
     void permit(const QString& subfolder, mode_t mode) const {
         ASSERT_EQ(chmod(QFile::encodeName(folder.path()).constData(), 0755), 0);
         ASSERT_EQ(chmod(QFile::encodeName(folder.path(u"in"_s)).constData(), 0755), 0);

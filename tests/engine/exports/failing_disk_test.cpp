@@ -1,4 +1,4 @@
-// Exports onto disks that fail: what is said, what is left, and that the next export works.
+// Exports to failing disks: the message, the files afterwards, and the success of the next export.
 
 #include "failing_disk.h"
 #include "limited_writing.h"
@@ -186,7 +186,7 @@ TEST_P(FailingDisk, AFolderMovedAwayKeepsWhatWasWrittenIntoIt) {
     }
     QStringList expected = setNames().first(2);
     std::sort(expected.begin(), expected.end());
-    // The drafts of the files behind went along, out of reach.
+    // The drafts of the later files moved away with the folder.
     const QStringList found = QDir(moved).entryList(QDir::Files, QDir::Name);
     EXPECT_EQ(QSet<QString>(found.begin(), found.end()), QSet<QString>(expected.begin(), expected.end()));
     expectNextExportToWork();

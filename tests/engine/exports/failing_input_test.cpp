@@ -1,4 +1,5 @@
-// Inputs that fail between being loaded and being exported: what is said, and what is left of an older set.
+// Inputs that fail after they were loaded and before they are exported: the message, and the state of an
+// older set.
 
 #include "engine/base/texture_processor_error.h"
 #include "engine_errors.h"
@@ -24,11 +25,11 @@ protected:
     FailingInput() {
         exported();
         before = files();
-        // Another picture, so that an export would change the set.
+        // A different picture, so that an export would change the set.
         loadPictures(2);
     }
 
-    /// Expects the refusal of an export and that the older set is untouched.
+    /// Expects that the export fails and that the older set is unchanged.
     void expectRefused() const {
         EXPECT_EQ(failure(), "Could not read image: baseColor.png");
         EXPECT_EQ(files(), before);
@@ -119,7 +120,7 @@ TEST_P(FailingInput, AFileThatMayNotBeReadIsReported) {
         ASSERT_EQ(chmod(path().constData(), mode), 0);
         const OrdinaryUser user;
         ASSERT_TRUE(user.works());
-        // Changing what a file permits makes it another state of the file, which is read anew.
+        // Changing the permissions of a file changes its stamp, so it is read again.
         EXPECT_EQ(failure(), "Could not read image: baseColor.png");
         EXPECT_EQ(errorOf([&] { return processor.loadAsset(file); }),
                   TextureProcessorError::cannotReadImage(file));
@@ -141,7 +142,7 @@ TEST_P(FailingInput, AFileInAFolderThatMayNotBeEnteredIsReported) {
 }
 
 TEST_P(FailingInput, AFileReplacedByALargerPictureIsExportedAsItIsNow) {
-    // The size of the set was decided when the texture was loaded.
+    // The size of the set was determined when the texture was loaded.
     writePng(file, constantPicture(100, 60, {10, 200, 30, 255}));
     EXPECT_EQ(failure(), "");
     const Picture written = readPng(QUrl::fromLocalFile(setPath() + u'/' + setNames().constFirst()));

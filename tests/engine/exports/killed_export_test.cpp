@@ -1,4 +1,4 @@
-// What an export leaves whose process is killed at any moment.
+// The files that remain if the process of an export is killed at any moment.
 
 #include "failing_disk.h"
 #include "limited_writing.h"
@@ -23,8 +23,8 @@ namespace {
 
 class KilledExport : public FailingDisk {
 protected:
-    /// Runs the export in a process of its own that meets its end when `count` files have their names; the
-    /// next is complete but has none yet.
+    /// Runs the export in a process of its own that is killed when `count` files have their names. The next
+    /// file is complete but not renamed yet.
     void killAfter(int count) const {
         const pid_t child = fork();
         if (child == 0) {
@@ -39,7 +39,7 @@ protected:
         expectKilledBy(child, SIGKILL);
     }
 
-    /// The same with an end in the middle of writing the first file that is larger than `bytes`.
+    /// The same, but killed while it writes the first file that is larger than `bytes`.
     void killWithin(rlim_t bytes) const {
         const pid_t child = fork();
         if (child == 0) {
@@ -55,7 +55,7 @@ protected:
     }
 
     QStringList drafts() const { return folder.names(u"out/Brick"_s).filter(u".quarlin-"_s); }
-    /// Takes away the hidden drafts of files that a killed export leaves, and returns their sizes.
+    /// Removes the hidden drafts that a killed export left, and returns their sizes.
     std::vector<qsizetype> takeDrafts() const {
         std::vector<qsizetype> sizes;
         for (const QString& file : drafts()) {
@@ -79,7 +79,7 @@ TEST_P(KilledExport, LeavesWholeFilesAndHiddenDraftsOfTheRest) {
     const qsizetype images = setNames().filter(u".png"_s).size();
     for (int count = 0; count < setNames().size(); ++count) {
         killAfter(count);
-        // Images are drafted side by side, texts one by one.
+        // Drafts of images are written at the same time, those of texts one by one.
         EXPECT_EQ(takeDrafts().size(), static_cast<std::size_t>(std::max<qsizetype>(images - count, 1)));
         expectReplaced(count);
         for (const auto& [file, bytes] : older) {

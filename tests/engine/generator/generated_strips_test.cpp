@@ -1,13 +1,13 @@
-// The maps as exports compute them, against the plain operations that define them.
+// Compares the maps as exports compute them with the plain operations that define them.
 
 #include "engine/generator/generated_strips.h"
-#include "imaging/base/parallel.h"
 #include "byte_comparison.h"
 #include "each_instruction_set.h"
 #include "engine/base/generated_maps.h"
 #include "engine/reference/height_field.h"
 #include "engine/reference/normal_synthesis.h"
 #include "engine/reference/surface_maps.h"
+#include "imaging/base/parallel.h"
 #include "imaging/pixels/pixel_image.h"
 #include "model/normal_generator_settings.h"
 #include "plain_outputs.h"

@@ -1,4 +1,4 @@
-// What must hold of the generated maps for any image and any settings.
+// Properties of the generated maps for any image and any settings.
 
 #include "byte_comparison.h"
 #include "engine/base/channels.h"
@@ -67,9 +67,9 @@ TEST(GeneratorProperties, AConstantImageIsFlatEverywhere) {
 }
 
 TEST(GeneratorProperties, AConstantImageStaysFlatUnderSmoothingButForTheRoundingNearTheEdges) {
-    // The mean of equal numbers may differ from them in its last bit, and differently so in the cut-off
-    // windows at the edges. Zero slope lies exactly on a half (127.5), so there the last bit decides between
-    // 127 and 128.
+    // The mean of equal numbers may differ from them in its last bit, and by another amount in the smaller
+    // windows at the edges. A slope of zero is exactly a half (127.5), where the last bit decides between 127
+    // and 128.
     forAnyImage([](const Picture& picture, const NormalGeneratorSettings& settings) {
         const NormalOutputs maps =
             mapsOf(constantPicture(picture.width, picture.height, picture.at(0, 0)), settings);
@@ -121,8 +121,8 @@ TEST(GeneratorProperties, FlippingGreenChangesOnlyGreen) {
             const int sum =
                 before[GeneratedMap::normal].pixels[index] + after[GeneratedMap::normal].pixels[index];
             if (index % 4 == 1) {
-                // The two fractions add up to one, so their bytes add up to 255, or to 256 where both are
-                // halves and round up: a level slope is 128 either way.
+                // The two fractions add up to 1, so their bytes add up to 255, or to 256 if both are halves
+                // and are rounded up: a slope of zero is 128 in both directions.
                 ASSERT_TRUE(sum == 255 || sum == 256) << index;
             } else {
                 ASSERT_EQ(before[GeneratedMap::normal].pixels[index],
@@ -182,8 +182,8 @@ TEST(GeneratorProperties, NormalsPointOutOfTheSurface) {
     });
 }
 
-/// How far the maps of a turned picture may lie from the turned maps: not at all where no window was summed,
-/// one step where one was, because the turned window adds the same numbers in another order.
+/// How much the maps of a rotated picture may differ from the rotated maps: not at all without a blur, and by
+/// one step with one, because the rotated window adds the same numbers in another order.
 int blurTolerance(const NormalGeneratorSettings& settings) { return settings.smoothing < 1 ? 0 : 1; }
 
 TEST(GeneratorProperties, MirroredInputMirrorsTheMapsWithRedInverted) {
@@ -197,9 +197,9 @@ TEST(GeneratorProperties, MirroredInputMirrorsTheMapsWithRedInverted) {
         expectMirrored(maps[GeneratedMap::height], turned[GeneratedMap::height], tolerance);
         expectMirrored(maps[GeneratedMap::roughness], turned[GeneratedMap::roughness], tolerance);
         expectMirrored(maps[GeneratedMap::gloss], turned[GeneratedMap::gloss], tolerance);
-        // The metal mask sees no height at all.
+        // The metal mask does not use the heights.
         expectMirrored(maps[GeneratedMap::metallic], turned[GeneratedMap::metallic], 0);
-        // The cavity always compares with one window's mean.
+        // The cavity always uses the mean of one window.
         expectMirrored(maps[GeneratedMap::occlusion], turned[GeneratedMap::occlusion], 1);
 
         const Picture expected = mirrored(pictureOf(maps[GeneratedMap::normal]));

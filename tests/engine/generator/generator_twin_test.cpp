@@ -1,4 +1,4 @@
-// The engine's generator against a second derivation of the same formulas, byte for byte.
+// Compares the engine's generator with a second implementation of the same formulas, byte by byte.
 
 #include "byte_comparison.h"
 #include "engine/base/generated_maps.h"

@@ -37,7 +37,7 @@ double weighted(double red, double green, double blue) {
 
 std::uint8_t unitByte(double value) {
     const double scaled = value * 255.0;
-    // Away from zero at halves, by way of the integer parts.
+    // Rounds halves away from zero, using the integer parts.
     const double whole = std::trunc(scaled);
     double rounded = whole;
     if (std::fabs(scaled - whole) >= 0.5) {

@@ -1,15 +1,15 @@
 #pragma once
 
+#include "model/enumeration.h"
 #include "model/generated_set.h"
-#include "model/per_case.h"
 
 #include <cstdint>
 #include <vector>
 
 namespace quarlin::independent {
 
-// The map generator derived a second time, straight from its formulas and with nothing of the engine: one
-// loop per formula, no sharing, no cleverness. The engine's results are compared with these byte for byte.
+// A second implementation of the map generator, written directly from its formulas without the engine: one
+// loop per formula, nothing shared or optimized. The engine's results are compared with it byte by byte.
 
 using Bytes = std::vector<std::uint8_t>;
 using Heights = std::vector<double>;
@@ -28,7 +28,8 @@ double smoothStep(double from, double to, double value);
 using Maps = PerCase<GeneratedMap, Bytes>;
 Maps maps(const Bytes& rgba, int width, int height, const NormalGeneratorSettings& settings);
 
-/// The packed map of three images (each null where its slot is empty) of one size, with defaults for those.
+/// The packed map of three images of one size. An image is null if its slot is empty; its default is used
+/// then.
 Bytes packedOrm(const Bytes* occlusion, const Bytes* roughness, const Bytes* metallic, std::size_t pixels,
                 double defaultOcclusion, double defaultRoughness, double defaultMetallic, bool gloss);
 

@@ -6,7 +6,7 @@
 
 namespace quarlin {
 
-/// Every map of a set, each from the plain operation that defines it.
+/// Every map of a set, each computed by the plain operation that defines it.
 inline NormalOutputs plainOutputs(const PixelImage& source, const NormalGeneratorSettings& settings) {
     const reference::HeightField heights = reference::smoothedHeightValues(source, settings);
     NormalOutputs outputs{reference::generatedSurfaceMaps(source, heights, settings)};

@@ -10,12 +10,12 @@
 
 namespace quarlin {
 
-/// Settings of any kind that the engine has to take, the same for the same seed.
+/// Random settings of every kind that the engine must accept; the same for the same seed.
 class RandomSettings {
 public:
     explicit RandomSettings(std::uint64_t seed) : m_random(seed) {}
 
-    /// Usual, odd, swapped, equal and out of range.
+    /// Usual, unusual, swapped, equal and out of range.
     NormalGeneratorSettings next() {
         NormalGeneratorSettings settings;
         settings.strength = pick({0.05, 0.0, -2.0, 1.0, 3.0, 12.0, 1000.0, between(0, 12)});
@@ -38,7 +38,7 @@ private:
     std::mt19937_64 m_random;
 };
 
-/// Pixels of several characters: noise, a smooth ramp, few grays, hard edges; with alpha every other time.
+/// Several kinds of pixels: noise, a smooth ramp, few grays, hard edges; every second time with alpha.
 inline PixelImage sourceImage(int width, int height, std::uint64_t seed) {
     const bool withAlpha = seed % 2 == 1;
     switch (seed % 4) {

@@ -1,4 +1,4 @@
-// Which error is reported, with which text, and what is on disk after it.
+// The reported error, its text, and the files on the disk afterwards.
 
 #include "engine/base/texture_processor_error.h"
 #include "limited_writing.h"
@@ -183,7 +183,7 @@ TEST_F(MaterialExportFailure, AFullDiskKeepsTheOlderTexts) {
     EXPECT_EQ(outputNames().size(), 5);
 }
 
-/// Expects the file system's own failure about the material's folder.
+/// Expects the error of the file system for the material's folder.
 class UncreatableFolder : public MaterialExportFailure {
 protected:
     void expectFileSystemError(const QUrl& parent) const {

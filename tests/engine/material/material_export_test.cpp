@@ -203,7 +203,7 @@ TEST_F(MaterialExport, LeavesOtherFilesAlone) {
     textures.erase(TextureSlotKind::normal);
     exported();
     EXPECT_EQ(readFile(output(u"readme.txt"_s)), "mine");
-    // The normal map of an earlier export is another file too.
+    // The normal map of an earlier export is one of the other files.
     EXPECT_EQ(readFile(output(u"Brick_Normal.png"_s)), oldNormal);
 }
 
@@ -221,7 +221,7 @@ TEST_F(MaterialExport, ReadsAnInputThatHasChangedSinceItWasLoaded) {
     writePng(input(u"baseColor.png"_s), constantPicture(3, 3, {40, 50, 60, 255}));
     writePng(input(u"occlusion.png"_s), constantPicture(10, 10, {64, 64, 64, 255}));
     exported();
-    // The size stays that of the loading; the content is the file's.
+    // The size is that of the loaded texture, but the contents are those of the file.
     EXPECT_EQ(readPng(output(u"Brick_BaseColor.png"_s)), constantPicture(10, 10, {40, 50, 60, 255}));
     EXPECT_EQ(readPng(output(u"Brick_ORM.png"_s)).at(0, 0)[0], 64);
 }

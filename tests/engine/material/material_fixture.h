@@ -7,7 +7,7 @@
 #include "model/conversion_settings.h"
 #include "model/export_result.h"
 #include "model/output_resolution.h"
-#include "model/texture_map.h"
+#include "model/texture_asset.h"
 #include "model/texture_slot_kind.h"
 #include "picture.h"
 #include "png_files.h"
@@ -24,7 +24,7 @@ namespace quarlin {
 
 using namespace Qt::StringLiterals;
 
-/// A material job: textures in the folder "in", exports to the folder "out", at the base color's size.
+/// A material to export: textures in the folder "in", exports to the folder "out", at the base color's size.
 class MaterialJob : public InEnglish {
 protected:
     MaterialJob() {
@@ -39,7 +39,7 @@ protected:
     QUrl output(const QString& name) const { return folder.url(u"out/Brick/"_s + name); }
     QStringList outputNames() const { return folder.names(u"out/Brick"_s); }
 
-    /// Fills a slot with a file of that picture.
+    /// Fills a slot with a file that contains the picture.
     void load(TextureSlotKind slot, const fixtures::Picture& picture) {
         const QUrl file = input(rawValue(slot) + u".png"_s);
         fixtures::writePng(file, picture);
@@ -48,7 +48,7 @@ protected:
     void load(TextureSlotKind slot, const QUrl& file) {
         textures.insert_or_assign(slot, processor.loadAsset(file));
     }
-    /// Fills a slot with a file that is gone.
+    /// Fills a slot with a file that does not exist any more.
     void loadMissing(TextureSlotKind slot) {
         load(slot, fixtures::smoothPicture(8, 8));
         QFile::remove(textures.at(slot).url.toLocalFile());

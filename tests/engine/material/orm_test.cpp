@@ -5,7 +5,6 @@
 #include "independent_generator.h"
 #include "model/conversion_settings.h"
 #include "model/texture_asset.h"
-#include "model/texture_map.h"
 #include "model/texture_slot_kind.h"
 #include "picture.h"
 #include "png_files.h"
@@ -25,7 +24,7 @@ namespace {
 
 class Orm : public testing::Test {
 protected:
-    /// A loaded texture of its own file.
+    /// A loaded texture with a file of its own.
     TextureAsset texture(const QString& name, const Picture& picture) const {
         writePng(folder.url(name), picture);
         return processor.loadAsset(folder.url(name));
@@ -33,7 +32,7 @@ protected:
     TextureAsset gray(const QString& name, std::uint8_t value) const {
         return texture(name, constantPicture(4, 4, {value, value, value, 255}));
     }
-    /// The color of a map that is the same everywhere.
+    /// The color of a map that has the same color everywhere.
     Rgba colorOf(const TextureMap& textures, const ConversionSettings& chosen) const {
         const PixelImage orm = processor.makeORM(textures, chosen, 4, 4);
         const Rgba color = pixelAt(orm, 0, 0);

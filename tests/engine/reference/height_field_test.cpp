@@ -50,14 +50,14 @@ TEST(BoxBlur, DoesNotWrapAround) {
 }
 
 TEST(BoxBlur, AddsRowByRowAndLeftToRight) {
-    // The window's sum depends on its order: read the other way round, the large values cancel first.
+    // The sum of the window depends on the order: in the other order the large values cancel first.
     const double large = 1e16;
     EXPECT_EQ(blurred({1, large, -large}, 3, 1)[1], ((1 + large) - large) / 3.0);
     EXPECT_EQ(blurred({-large, large, 1}, 3, 1)[1], 1.0 / 3.0);
     EXPECT_EQ(blurred({1, large, -large}, 1, 3)[1], ((1 + large) - large) / 3.0);
     EXPECT_EQ(blurred({-large, large, 1}, 1, 3)[1], 1.0 / 3.0);
-    // Rows before columns: only then does the first row's 1 meet the large value before the second row's 1
-    // does.
+    // Rows come before columns: only then is the 1 of the first row added to the large value before the 1 of
+    // the second row.
     const std::vector<double> rowsFirst{1, large, 0, 1, -large, 0, 0, 0, 0};
     const double sum = ((((1 + large) + 0) + 1) + -large);
     EXPECT_EQ(blurred(rowsFirst, 3, 3)[4], sum / 9.0);
@@ -76,7 +76,8 @@ TEST(HeightField, AConstantImageStaysConstantThroughAnyNumberOfPasses) {
     for (const int smoothing : {0, 1, 2, 6, 20}) {
         const std::vector<double> heights = heightsOf(constantPicture(9, 7, {128, 128, 128, 255}), smoothing);
         for (const double height : heights) {
-            // Sums of nine equal numbers are rounded on their way, so equality is to within that.
+            // A sum of nine equal numbers is rounded at each step, so the result is only equal within that
+            // error.
             EXPECT_NEAR(height, 128 / 255.0, 1e-14);
         }
     }
@@ -91,7 +92,7 @@ TEST(HeightField, NoPassesGiveTheGraysThemselves) {
 }
 
 TEST(HeightField, InvertedWhiteIsOneAboveZeroAndBlackIsOne) {
-    // White samples as 254, so its inverse is 1 of 255.
+    // White gives a sample of 254, so its inverse is 1 of 255.
     const Picture picture{2, 1, {255, 255, 255, 255, 0, 0, 0, 255}};
     EXPECT_EQ(heightsOf(picture, 0, true), (std::vector<double>{1 / 255.0, 1.0}));
 }

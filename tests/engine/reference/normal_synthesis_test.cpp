@@ -132,7 +132,7 @@ TEST(Normalized, NeverDividesByLessThanATenThousandth) {
 }
 
 TEST(Normalized, AddsXAndYBeforeZ) {
-    // Only in that order are the two small squares large enough together to count beside the large one.
+    // Only in this order is the sum of the two small squares large enough to change the large one.
     const double small = std::sqrt(std::numeric_limits<double>::epsilon() * 0.75);
     const double z = 1.0;
     volatile const double square = small * small;

@@ -17,13 +17,13 @@ namespace {
 
 std::uint8_t unitByte(double value) { return static_cast<std::uint8_t>(std::lround(value * 255)); }
 
-/// The maps of a source with a height field of its own.
+/// The maps of a source with a given height field.
 GeneratedSurfaceMaps mapsOf(const Picture& source, const std::vector<double>& heights,
                             const NormalGeneratorSettings& settings = {}) {
     return reference::generatedSurfaceMaps(pixelImage(source), heights, settings);
 }
 
-/// The maps of one color on level ground.
+/// The maps of a single color with equal heights.
 GeneratedSurfaceMaps mapsOf(Rgba color, const NormalGeneratorSettings& settings = {}) {
     return mapsOf(constantPicture(3, 3, color), std::vector<double>(9, 0.5), settings);
 }

@@ -10,23 +10,23 @@
 #include <cmath>
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 using namespace quarlin::tests;
 using testing::HasSubstr;
 
 namespace {
 
-QString word(const char* text) { return QString::fromUtf8(text); }
-
 constexpr int side = 64;
 
 QImage inGray(const QImage& image) {
     QImage gray = image.convertToFormat(QImage::Format_Grayscale8);
-    // The profile that was read with the image is one of RGB.
+    // The profile that was read with the image is for RGB.
     gray.setColorSpace({});
     return gray;
 }
 
-/// The normal map, with green up, of round bumps.
+/// A normal map of round bumps, with green pointing up.
 QImage bumpyNormals() {
     QImage image(side, side, QImage::Format_RGB32);
     const auto byteOf = [](double component) {
@@ -45,26 +45,26 @@ QImage bumpyNormals() {
 
 class Check : public CliTest {
 protected:
-    const QString set = output() + word("/Brick");
+    const QString set = output() + u"/Brick"_s;
 
-    /// The path of a file of the set by what follows the set's name.
-    QString file(const char* suffix) const { return set + word("/Brick") + word(suffix); }
+    /// The path of a file of the set, given the end of its name.
+    QString file(const char* suffix) const { return set + u"/Brick"_s + QString::fromUtf8(suffix); }
 
-    /// Exports a set in which there is nothing to find.
-    void exportGoodSet(const QStringList& words = {}) const {
-        const QString color = writeImage(word("color.png"), patternedImage(side, side, 1));
-        const QString normal = writeImage(word("normal.png"), bumpyNormals());
-        const Outcome outcome = runCli(QStringList{word("material"), word("--base-color"), color,
-                                                   word("--normal"), normal, word("--name"), word("Brick"),
-                                                   word("--size"), word("base"), word("--output"), output()} +
-                                       words);
+    /// Exports a set without any findings.
+    void exportGoodSet(const QStringList& arguments = {}) const {
+        const QString color = writeImage(u"color.png"_s, patternedImage(side, side, 1));
+        const QString normal = writeImage(u"normal.png"_s, bumpyNormals());
+        const Outcome outcome =
+            runCli(QStringList{u"material"_s, u"--base-color"_s, color, u"--normal"_s, normal, u"--name"_s,
+                               u"Brick"_s, u"--size"_s, u"base"_s, u"--output"_s, output()} +
+                   arguments);
         ASSERT_EQ(outcome.status, 0) << outcome.errors;
     }
 
-    Outcome check(const QStringList& words = {}) const {
-        return runCli(QStringList{word("check"), set} + words);
+    Outcome check(const QStringList& arguments = {}) const {
+        return runCli(QStringList{u"check"_s, set} + arguments);
     }
-    /// What the check says of the set; it may find nothing else.
+    /// Expects that the check of the set finds this and nothing else.
     void expectFinding(const std::string& finding) const {
         const Outcome outcome = check();
         EXPECT_EQ(outcome.errors, "");
@@ -82,7 +82,7 @@ protected:
         EXPECT_EQ(outcome.output, set.toStdString() + "\n1 folder checked: 0 errors, 0 warnings, 0 notes\n");
     }
 
-    /// Changes the document of the set.
+    /// Replaces a part of the set's .gltf.
     void edit(const QByteArray& before, const QByteArray& after) const {
         QByteArray text = bytesOf(file(".gltf"));
         ASSERT_TRUE(text.contains(before));
@@ -94,7 +94,7 @@ protected:
         ASSERT_TRUE(device.open(QIODevice::WriteOnly));
         ASSERT_EQ(device.write(bytes), bytes.size());
     }
-    /// Replaces an image of the set by what `change` makes of it.
+    /// Applies `change` to an image of the set.
     void redraw(const char* suffix, const std::function<QImage(const QImage&)>& change) const {
         ASSERT_TRUE(change(QImage(file(suffix))).save(file(suffix), "PNG"));
     }
@@ -111,7 +111,7 @@ TEST_F(Check, FindsNothingInAGoodSet) {
 }
 
 TEST_F(Check, FindsNothingInAGoodSetWithoutDocument) {
-    exportGoodSet({word("--no-gltf")});
+    exportGoodSet({u"--no-gltf"_s});
     expectNothing(check());
 }
 
@@ -121,7 +121,7 @@ TEST_F(Check, FindsAFolderThatIsMissing) {
 
 TEST_F(Check, FindsAFolderThatIsAFile) {
     exportGoodSet();
-    const Outcome outcome = runCli({word("check"), file(".gltf")});
+    const Outcome outcome = runCli({u"check"_s, file(".gltf")});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.output, HasSubstr("[unreadable-folder]"));
 }
@@ -129,50 +129,58 @@ TEST_F(Check, FindsAFolderThatIsAFile) {
 TEST_F(Check, FindsThatThereIsNoSet) {
     ASSERT_TRUE(QDir().mkpath(set));
     expectFinding(
-        "error: There is neither a .gltf document nor an image with the name of an exported one. [no-set]");
+        "error: The folder contains neither a .gltf nor images with the names of an exported set. [no-set]");
 }
 
 TEST_F(Check, FindsADocumentThatCannotBeRead) {
     ASSERT_TRUE(QDir().mkpath(file(".gltf")));
-    expectFinding("error: Brick.gltf: The document can't be read. [unreadable-document]");
+    expectFinding("error: Brick.gltf: The .gltf can't be read. [unreadable-document]");
 }
 
-TEST_F(Check, FindsADocumentThatIsNoJson) {
+TEST_F(Check, FindsADocumentThatIsNotJson) {
     exportGoodSet();
     writeDocument("{ \"asset\": ");
     const Outcome outcome = check();
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.output, HasSubstr("  error: Brick.gltf: The document is no JSON: "));
+    EXPECT_THAT(outcome.output, HasSubstr("  error: Brick.gltf: The .gltf is not valid JSON: "));
     EXPECT_THAT(outcome.output, HasSubstr(" [invalid-json]\n"));
 }
 
 TEST_F(Check, FindsADocumentOfAnotherVersion) {
     exportGoodSet();
     edit("\"2.0\"", "\"1.0\"");
-    expectFinding("error: Brick.gltf: This is no glTF 2.0 document. [invalid-gltf]");
+    expectFinding(
+        "error: Brick.gltf: The .gltf does not describe a glTF 2.0 material: its version is not 2. "
+        "[invalid-gltf]");
 }
 
-TEST_F(Check, FindsJsonThatIsNoDocument) {
+TEST_F(Check, FindsJsonThatIsNotGltf) {
     exportGoodSet();
     for (const char* text : {"[]", "[1]", "{}", "{\"asset\": 2}", "{\"asset\": {\"version\": 2.0}}"}) {
         writeDocument(text);
-        expectFinding("error: Brick.gltf: This is no glTF 2.0 document. [invalid-gltf]");
+        expectFinding(
+            "error: Brick.gltf: The .gltf does not describe a glTF 2.0 material: its version is not 2. "
+            "[invalid-gltf]");
     }
 }
 
 TEST_F(Check, FindsADocumentWithoutMaterial) {
     exportGoodSet();
     writeDocument("{\"asset\": {\"version\": \"2.0\"}}");
-    expectFinding("error: Brick.gltf: The document has no material. [invalid-gltf]");
+    expectFinding(
+        "error: Brick.gltf: The .gltf does not describe a glTF 2.0 material: it lists no materials. "
+        "[invalid-gltf]");
 }
 
-TEST_F(Check, FindsAReferenceToWhatIsNotThere) {
+TEST_F(Check, FindsAReferenceToAMissingElement) {
     for (const char* index : {"9", "-1", "1.5", "\"2\"", "null"}) {
         exportGoodSet();
         edit("\"normalTexture\" : {\n        \"index\" : 2",
              QByteArray("\"normalTexture\" : {\n        \"index\" : ") + index);
         expectFinding(
-            "error: Brick.gltf: normalTexture refers to an image that the document does not have. "
+            "error: Brick.gltf: The .gltf does not describe a glTF 2.0 material: normalTexture refers to an "
+            "image that it "
+            "does not have. "
             "[invalid-gltf]");
     }
 }
@@ -182,8 +190,10 @@ TEST_F(Check, FindsAReferenceThatLeavesTheFolder) {
                             "https://example.com/a.png", "%2e%2e/a.png", "a/../../b.png"}) {
         exportGoodSet();
         edit("\"Brick_Normal.png\"", QByteArray("\"") + uri + '"');
-        expectFinding(std::string("error: Brick.gltf: normalTexture refers to ") + uri +
-                      ", which is outside the folder. [outside-reference]");
+        expectFinding(
+            std::string(
+                "error: Brick.gltf: The .gltf refers to an image outside the folder: normalTexture is ") +
+            uri + ". [outside-reference]");
     }
 }
 
@@ -200,7 +210,7 @@ TEST_F(Check, FindsAMissingImage) {
 }
 
 TEST_F(Check, FindsAMissingImageWithoutDocument) {
-    exportGoodSet({word("--no-gltf")});
+    exportGoodSet({u"--no-gltf"_s});
     ASSERT_TRUE(QFile::remove(file("_BaseColor.png")));
     expectFinding("error: Brick_BaseColor.png: The image is missing. [missing-image]");
 }
@@ -212,34 +222,36 @@ TEST_F(Check, FindsAFolderInPlaceOfAnImage) {
     expectFinding("error: Brick_ORM.png: The image can't be read. [missing-image]");
 }
 
-TEST_F(Check, FindsAnImageThatIsCutOff) {
+TEST_F(Check, FindsATruncatedImage) {
     exportGoodSet();
     const QByteArray whole = bytesOf(file("_BaseColor.png"));
     write(file("_BaseColor.png"), whole.left(whole.size() / 2));
-    expectFinding("error: Brick_BaseColor.png: The file is no whole, intact image. [undecodable-image]");
+    expectFinding(
+        "error: Brick_BaseColor.png: The file is not a complete, undamaged image. [undecodable-image]");
 }
 
-TEST_F(Check, FindsAFormatThatGltfDoesNotHave) {
+TEST_F(Check, FindsAFormatOutsideGltf) {
     exportGoodSet();
     ASSERT_TRUE(QImage(file("_BaseColor.png")).save(file("_BaseColor.png"), "BMP"));
     expectFinding("error: Brick_BaseColor.png: The image is neither PNG nor JPEG. [wrong-format]");
 }
 
-TEST_F(Check, FindsAFormatThatTheNameDoesNotTell) {
+TEST_F(Check, FindsAFormatThatContradictsTheName) {
     exportGoodSet();
     ASSERT_TRUE(QImage(file("_BaseColor.png")).save(file("_BaseColor.png"), "JPG"));
     expectFinding(
-        "error: Brick_BaseColor.png: The image is a JPEG, which its name does not say. [wrong-format]");
+        "error: Brick_BaseColor.png: The image is a JPEG, but its name says otherwise. [wrong-format]");
 }
 
-TEST_F(Check, FindsAGrayImageWhereChannelsAreToDiffer) {
+TEST_F(Check, FindsAGrayImageWhereChannelsMustDiffer) {
     exportGoodSet();
     redraw("_ORM.png", inGray);
     expectFinding(
-        "error: Brick_ORM.png: The image is gray: red, green and blue are the same. [wrong-channels]");
+        "error: Brick_ORM.png: The ORM or normal map is gray: red, green and blue are the same. "
+        "[wrong-channels]");
 }
 
-TEST_F(Check, TakesAGrayBaseColor) {
+TEST_F(Check, AcceptsAGrayBaseColor) {
     exportGoodSet();
     redraw("_BaseColor.png", inGray);
     expectNothing(check());
@@ -248,7 +260,8 @@ TEST_F(Check, TakesAGrayBaseColor) {
 TEST_F(Check, FindsSixteenBits) {
     exportGoodSet();
     redraw("_Normal.png", [](const QImage& image) { return image.convertToFormat(QImage::Format_RGBX64); });
-    expectFinding("warning: Brick_Normal.png: The image has 16 bits per channel; 8 are used. [wrong-depth]");
+    expectFinding(
+        "warning: Brick_Normal.png: The image does not have 8 bits per channel: it has 16. [wrong-depth]");
 }
 
 TEST_F(Check, FindsAPalette) {
@@ -256,10 +269,11 @@ TEST_F(Check, FindsAPalette) {
     redraw("_BaseColor.png",
            [](const QImage& image) { return image.convertToFormat(QImage::Format_Indexed8); });
     expectFinding(
-        "warning: Brick_BaseColor.png: The image has a palette of at most 256 colors. [indexed-color]");
+        "warning: Brick_BaseColor.png: The image has a palette of at most 256 colors instead of channels. "
+        "[indexed-color]");
 }
 
-TEST_F(Check, FindsSidesThatAreNoPowersOfTwo) {
+TEST_F(Check, FindsSidesThatAreNotPowersOfTwo) {
     exportGoodSet();
     redrawAll([](const QImage& image) { return image.copy(0, 0, side, side - 1); });
     const Outcome outcome = check();
@@ -267,8 +281,8 @@ TEST_F(Check, FindsSidesThatAreNoPowersOfTwo) {
     for (const std::string name : {"BaseColor", "ORM", "Normal"}) {
         EXPECT_THAT(outcome.output,
                     HasSubstr("  warning: Brick_" + name +
-                              ".png: The image is 64x63: a side is no power of two, so it is rescaled on "
-                              "upload. [not-power-of-two]\n"));
+                              ".png: A side is not a power of two, so the image is rescaled on upload: it is "
+                              "64x63. [not-power-of-two]\n"));
     }
     EXPECT_THAT(outcome.output, HasSubstr("1 folder checked: 0 errors, 3 warnings, 0 notes\n"));
 }
@@ -280,8 +294,8 @@ TEST_F(Check, FindsSidesThatAreTooLong) {
     EXPECT_EQ(outcome.status, 3);
     EXPECT_THAT(
         outcome.output,
-        HasSubstr("  warning: Brick_ORM.png: The image is 4096x2: a side is longer than 2048 pixels, so "
-                  "it is scaled down on upload. [too-large]\n"));
+        HasSubstr("  warning: Brick_ORM.png: A side is longer than 2048 pixels, so the image is scaled "
+                  "down on upload: it is 4096x2. [too-large]\n"));
     EXPECT_THAT(outcome.output, HasSubstr("1 folder checked: 0 errors, 3 warnings, 0 notes\n"));
 }
 
@@ -289,10 +303,11 @@ TEST_F(Check, FindsMapsOfDifferentSizes) {
     exportGoodSet();
     redraw("_ORM.png", [](const QImage& image) { return image.scaled(side / 2, side / 2); });
     expectFinding(
-        "warning: Brick_ORM.png: The image is of another size than Brick_BaseColor.png. [different-sizes]");
+        "warning: Brick_ORM.png: The images of the material have different sizes: Brick_BaseColor.png has "
+        "another size. [different-sizes]");
 }
 
-TEST_F(Check, FindsAnOcclusionTextureOfItsOwn) {
+TEST_F(Check, FindsASeparateOcclusionTexture) {
     exportGoodSet();
     ASSERT_TRUE(QFile::copy(file("_ORM.png"), file("_AO.png")));
     writeDocument(
@@ -301,8 +316,8 @@ TEST_F(Check, FindsAnOcclusionTextureOfItsOwn) {
             "materials": [{"name": "Brick", "occlusionTexture": {"index": 2}, "pbrMetallicRoughness":
             {"baseColorTexture": {"index": 0}, "metallicRoughnessTexture": {"index": 1}}}]})");
     expectFinding(
-        "error: Brick.gltf: Occlusion comes from Brick_AO.png, and not from the image of metallic and "
-        "roughness: its red channel is what is uploaded. [occlusion-not-orm]");
+        "error: Brick.gltf: Occlusion has an image of its own, but only the red channel of the ORM image is "
+        "uploaded: Brick_AO.png. [occlusion-not-orm]");
 }
 
 TEST_F(Check, FindsAlphaThatAnOpaqueMaterialIgnores) {
@@ -315,17 +330,18 @@ TEST_F(Check, FindsAlphaThatAnOpaqueMaterialIgnores) {
         return holed;
     });
     expectFinding(
-        "warning: Brick_BaseColor.png: 2% of the pixels are transparent, but the material is opaque and "
-        "ignores alpha. [ignored-alpha]");
+        "warning: Brick_BaseColor.png: The base color is transparent in places, but the material is opaque "
+        "and "
+        "ignores alpha: 2% of the pixels. [ignored-alpha]");
     edit("\"doubleSided\"", "\"alphaMode\" : \"BLEND\", \"doubleSided\"");
     expectNothing(check());
 }
 
 TEST_F(Check, FindsAnInvertedNormalMap) {
-    exportGoodSet({word("--flip-normal-green")});
+    exportGoodSet({u"--flip-normal-green"_s});
     expectFinding(
-        "warning: Brick_Normal.png: Green looks inverted: the map fits a surface only if green points "
-        "down (DirectX), and in glTF it points up. [normal-inverted]");
+        "warning: Brick_Normal.png: Green looks inverted: the normal map fits a surface if green points "
+        "down, as in DirectX, but in glTF it points up. [normal-inverted]");
 }
 
 TEST_F(Check, FindsANormalMapThatIsAPicture) {
@@ -336,8 +352,8 @@ TEST_F(Check, FindsANormalMapThatIsAPicture) {
         return gray;
     });
     expectFinding(
-        "warning: Brick_Normal.png: 100% of the normals are not of length 1: this may be no normal map, "
-        "or one that was edited as a picture. [normal-not-unit]");
+        "warning: Brick_Normal.png: Many normals do not have length 1, so this may not be a normal map, "
+        "or it was edited as a picture: 100% of them. [normal-not-unit]");
 }
 
 TEST_F(Check, FindsNormalsThatPointInward) {
@@ -350,7 +366,7 @@ TEST_F(Check, FindsNormalsThatPointInward) {
         return turned;
     });
     expectFinding(
-        "warning: Brick_Normal.png: 2% of the normals point into the surface: their blue is below 128. "
+        "warning: Brick_Normal.png: Normals point into the surface, as their blue is below 128: 2% of them. "
         "[normal-inward]");
 }
 
@@ -360,8 +376,9 @@ TEST_F(Check, FindsANameThatIsCut) {
     expectNothing(check());
     edit("\"name\" : \"", "\"name\" : \"x");
     expectFinding(
-        "warning: Brick.gltf: The material's name is 64 bytes long; an inventory name keeps 63. "
-        "[name-cut]");
+        "warning: Brick.gltf: The material's name is longer than the 63 bytes of an inventory name, and is "
+        "cut: it "
+        "has 64. [name-cut]");
 }
 
 TEST_F(Check, NotesANameOfAFileThatIsCut) {
@@ -370,14 +387,16 @@ TEST_F(Check, NotesANameOfAFileThatIsCut) {
     ASSERT_TRUE(QFile::rename(file("_Normal.png"), set + u'/' + QString::fromLatin1(longName)));
     edit("Brick_Normal.png", longName);
     expectFinding("note: " + longName.toStdString() +
-                  ": Uploaded alone, the image keeps 63 of the 64 bytes of its name. [file-name-cut]");
+                  ": The image's name is longer than the 63 bytes of an inventory name, and is cut if the "
+                  "image is uploaded "
+                  "alone: it has 64. [file-name-cut]");
 }
 
 TEST_F(Check, NotesAnImageInTheDocument) {
     exportGoodSet();
     edit("\"uri\" : \"Brick_Normal.png\"", "\"uri\" : \"data:image/png;base64,AAAA\"");
     expectFinding(
-        "note: Brick.gltf: The image of normalTexture is part of the document, and not checked. "
+        "note: Brick.gltf: An image is part of the .gltf and is not checked: that of normalTexture. "
         "[embedded-image]");
 }
 
@@ -396,7 +415,7 @@ TEST_F(Check, NotesAMaterialWithoutImages) {
 TEST_F(Check, ReportsLinesOfJson) {
     exportGoodSet();
     ASSERT_TRUE(QFile::remove(file("_ORM.png")));
-    const Outcome outcome = check({output() + word("/none"), word("--json")});
+    const Outcome outcome = check({output() + u"/none"_s, u"--json"_s});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.errors, "");
     EXPECT_EQ(
@@ -414,35 +433,35 @@ TEST_F(Check, ReportsLinesOfJson) {
 
 TEST_F(Check, TakesPathsRelativeToTheWorkingDirectory) {
     exportGoodSet();
-    expectNothing(runCli({word("check"), word("output/Brick/")}, path({})));
+    expectNothing(runCli({u"check"_s, u"output/Brick/"_s}, path({})));
 }
 
 TEST_F(Check, NeedsAFolder) {
-    const Outcome outcome = runCli({word("check")});
+    const Outcome outcome = runCli({u"check"_s});
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.errors, "quarlin-cli: FOLDER is required\nTry 'quarlin-cli check --help'.\n");
-    EXPECT_EQ(runCli({word("check"), QString()}).errors,
+    EXPECT_EQ(runCli({u"check"_s, QString()}).errors,
               "quarlin-cli: The command takes a path, not ''\nTry 'quarlin-cli check --help'.\n");
 }
 
 /// Sets that Quarlin exports from the sample textures.
 class CheckOfSamples : public CliTest, public testing::WithParamInterface<const char*> {
 protected:
-    const QStringList size{word("--size"), word(GetParam()), word("--output"), output()};
+    const QStringList size{u"--size"_s, QString::fromUtf8(GetParam()), u"--output"_s, output()};
 
-    Outcome checked(const QStringList& words) const {
-        EXPECT_EQ(runCli(words + size).status, 0);
+    Outcome checked(const QStringList& arguments) const {
+        EXPECT_EQ(runCli(arguments + size).status, 0);
         const QString set =
             output() + u'/' + QDir(output()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).value(0);
-        return runCli({word("check"), set});
+        return runCli({u"check"_s, set});
     }
     QStringList maps() const {
-        return {word("maps"), word("--source"), word(SAMPLES_PATH "/brick_wall_basecolor.jpg")};
+        return {u"maps"_s, u"--source"_s, QString::fromUtf8(SAMPLES_PATH "/brick_wall_basecolor.jpg")};
     }
 };
 
 TEST_P(CheckOfSamples, FindsNothingInTheMaterialSet) {
-    const Outcome outcome = checked({word("material"), word("--folder"), word(SAMPLES_PATH)});
+    const Outcome outcome = checked({u"material"_s, u"--folder"_s, QString::fromUtf8(SAMPLES_PATH)});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, HasSubstr("\n1 folder checked: 0 errors, 0 warnings, 0 notes\n"));
 }
@@ -455,13 +474,13 @@ TEST_P(CheckOfSamples, FindsThatTheGreenOfTheGeneratedNormalMapPointsDown) {
 }
 
 TEST_P(CheckOfSamples, FindsNothingInTheGeneratedSetOnceItsGreenIsFlipped) {
-    const Outcome outcome = checked(maps() + QStringList{word("--flip-green")});
+    const Outcome outcome = checked(maps() + QStringList{u"--flip-green"_s});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, HasSubstr("\n1 folder checked: 0 errors, 0 warnings, 0 notes\n"));
 }
 
 TEST_P(CheckOfSamples, FindsTheORMThatWasNotExported) {
-    const Outcome outcome = checked(maps() + QStringList{word("--flip-green"), word("--no-orm")});
+    const Outcome outcome = checked(maps() + QStringList{u"--flip-green"_s, u"--no-orm"_s});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(
         outcome.output,
@@ -469,10 +488,9 @@ TEST_P(CheckOfSamples, FindsTheORMThatWasNotExported) {
 }
 
 TEST_P(CheckOfSamples, NotesTheORMThatIsNotNeededWithoutDocument) {
-    const Outcome outcome =
-        checked(maps() + QStringList{word("--flip-green"), word("--no-orm"), word("--no-gltf")});
+    const Outcome outcome = checked(maps() + QStringList{u"--flip-green"_s, u"--no-orm"_s, u"--no-gltf"_s});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.output, HasSubstr("\n  note: The set has no ORM image. [no-orm]\n"));
+    EXPECT_THAT(outcome.output, HasSubstr("\n  note: The material has no ORM image. [no-orm]\n"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, CheckOfSamples, testing::Values("512", "2048"),

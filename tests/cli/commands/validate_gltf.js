@@ -1,5 +1,5 @@
-// node validate_gltf.js FILE: fails when the document or a file that it names has an error or a warning, and prints
-// every issue.
+// node validate_gltf.js FILE: prints every issue of the document and of the files that it names. Fails if an issue is
+// an error or a warning.
 'use strict';
 
 const fs = require('fs');

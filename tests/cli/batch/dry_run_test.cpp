@@ -7,23 +7,22 @@
 #include "model/normal_generator_settings.h"
 #include "model/output_resolution.h"
 #include "model/texture_asset.h"
-#include "model/texture_map.h"
 #include "model/texture_slot_kind.h"
 
 #include <functional>
+
+using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::tests;
 
 namespace {
 
-QString word(const char* text) { return QString::fromUtf8(text); }
-
 class DryRun : public BatchTest {};
 
-TEST_F(DryRun, TellsWhatASingleSetWouldReadAndWrite) {
-    const QString color = writeSource(word("brick.png"));
-    const Outcome outcome = runMaterial({word("--base-color"), color, word("--dry-run")});
+TEST_F(DryRun, ReportsWhatASingleSetWouldReadAndWrite) {
+    const QString color = writeSource(u"brick.png"_s);
+    const Outcome outcome = runMaterial({u"--base-color"_s, color, u"--dry-run"_s});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
     EXPECT_EQ(outcome.output, "Would export: " + output().toStdString() + "/brick\nWould read " +
@@ -37,12 +36,12 @@ TEST_F(DryRun, TellsWhatASingleSetWouldReadAndWrite) {
     EXPECT_FALSE(QDir(output()).exists());
 }
 
-TEST_F(DryRun, TellsWhichFilesAreReplaced) {
-    const QString color = writeSource(word("brick.png"));
-    const QStringList words{word("--base-color"), color, word("--no-notes")};
-    ASSERT_EQ(runMaterial(words + QStringList{word("--no-gltf")}).status, 0);
-    const FolderContents before = contentsOf(output() + word("/brick"));
-    const Outcome outcome = runMaterial(words + QStringList{word("--dry-run")});
+TEST_F(DryRun, ReportsWhichFilesAreReplaced) {
+    const QString color = writeSource(u"brick.png"_s);
+    const QStringList arguments{u"--base-color"_s, color, u"--no-notes"_s};
+    ASSERT_EQ(runMaterial(arguments + QStringList{u"--no-gltf"_s}).status, 0);
+    const FolderContents before = contentsOf(output() + u"/brick"_s);
+    const Outcome outcome = runMaterial(arguments + QStringList{u"--dry-run"_s});
     EXPECT_EQ(outcome.output, "Would export: " + output().toStdString() + "/brick\nWould read " +
                                   color.toStdString() +
                                   " (Base Color)\n"
@@ -50,28 +49,28 @@ TEST_F(DryRun, TellsWhichFilesAreReplaced) {
                                   "Would replace brick_ORM.png\n"
                                   "Would write brick.gltf\n"
                                   "1 set to export\n");
-    expectSame(contentsOf(output() + word("/brick")), before);
+    expectSame(contentsOf(output() + u"/brick"_s), before);
 }
 
 TEST_F(DryRun, ReadsNoPixels) {
-    writeBrokenSource(word("a.png"));
-    const Outcome outcome = runMaps({word("--source"), sources(), word("--dry-run")});
+    writeBrokenSource(u"a.png"_s);
+    const Outcome outcome = runMaps({u"--source"_s, sources(), u"--dry-run"_s});
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
     EXPECT_FALSE(QDir(output()).exists());
 }
 
 TEST_F(DryRun, FailsWhereAFileIsMissing) {
-    const QString color = writeSource(word("brick.png"));
+    const QString color = writeSource(u"brick.png"_s);
     const Outcome outcome =
-        runMaps({word("--source"), color, word("--source"), path(word("none.png")), word("--dry-run")});
+        runMaps({u"--source"_s, color, u"--source"_s, path(u"none.png"_s), u"--dry-run"_s});
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.errors, "none: Load failed: Could not read image: none.png\n");
 }
 
-TEST_F(DryRun, TellsEverySetInJson) {
-    const QString color = writeSource(word("brick_color.png"));
+TEST_F(DryRun, ReportsEverySetInJson) {
+    const QString color = writeSource(u"brick_color.png"_s);
     const QString folder = sources();
-    const Outcome outcome = runMaterial({word("--folder"), folder, word("--dry-run"), word("--json")});
+    const Outcome outcome = runMaterial({u"--folder"_s, folder, u"--dry-run"_s, u"--json"_s});
     EXPECT_EQ(
         outcome.output,
         "{\"type\": \"set\", \"name\": \"brick\", \"status\": \"planned\", \"inputs\": {\"baseColor\": \"" +
@@ -85,7 +84,7 @@ TEST_F(DryRun, TellsEverySetInJson) {
 class PlannedFiles : public BatchTest {
 protected:
     const TextureProcessor processor{};
-    const TextureAsset texture = processor.loadAsset(QUrl::fromLocalFile(writeSource(word("brick.png"))));
+    const TextureAsset texture = processor.loadAsset(QUrl::fromLocalFile(writeSource(u"brick.png"_s)));
     const QUrl parent = QUrl::fromLocalFile(output());
 };
 

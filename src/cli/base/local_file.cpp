@@ -1,4 +1,4 @@
-#include "cli/local_file.h"
+#include "cli/base/local_file.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -22,7 +22,7 @@ class MapsCommand : public CliTest {
 protected:
     const QString source = writeImage(u"Old Wood.png"_s, patternedImage(24, 16, 1));
 
-    QStringList leastWords() const {
+    QStringList leastArguments() const {
         return {u"maps"_s, u"--source"_s, source, u"--output"_s, output(), u"--size"_s, u"base"_s};
     }
 
@@ -45,7 +45,7 @@ protected:
 };
 
 TEST_F(MapsCommand, ReportsFolderAndFilesInWritingOrder) {
-    const Outcome outcome = runCli(leastWords());
+    const Outcome outcome = runCli(leastArguments());
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
     EXPECT_EQ(outcome.output, "Export complete: " + output().toStdString() + "/Old_Wood\n" +
@@ -55,8 +55,9 @@ TEST_F(MapsCommand, ReportsFolderAndFilesInWritingOrder) {
     EXPECT_EQ(contentsOf(output() + u"/Old_Wood"_s).keys(), names);
 }
 
-TEST_F(MapsCommand, WritesTwoMapsWhenAllElseIsOff) {
-    const Outcome outcome = runCli(leastWords() + leavingOut(generatedFiles()) + QStringList{u"--json"_s});
+TEST_F(MapsCommand, WritesTwoMapsWhenEverythingElseIsOff) {
+    const Outcome outcome =
+        runCli(leastArguments() + leavingOut(generatedFiles()) + QStringList{u"--json"_s});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output,
               "{\"folder\": \"" + output().toStdString() +
@@ -65,33 +66,33 @@ TEST_F(MapsCommand, WritesTwoMapsWhenAllElseIsOff) {
               (QStringList{u"Old_Wood_basecolor.png"_s, u"Old_Wood_normal.png"_s}));
 }
 
-TEST_F(MapsCommand, MakesMapsOf2048PixelsUnlessTold) {
+TEST_F(MapsCommand, MakesMapsOf2048PixelsByDefault) {
     ASSERT_EQ(runCli({u"maps"_s, u"--source"_s, source, u"--output"_s, output()}).status, 0);
     EXPECT_EQ(QImage(output() + u"/Old_Wood/Old_Wood_normal.png"_s).size(), QSize(2048, 2048));
 }
 
-/// An option, and what it is to do to the least settings.
+/// An option, and the change that it must make to the minimal settings.
 struct MapsOption {
     const char* name;
-    const char* words;
+    const char* arguments;
     std::function<void(NormalGeneratorSettings&)> change;
 };
 
 class MapsSetting : public MapsCommand, public testing::WithParamInterface<MapsOption> {};
 
-TEST_P(MapsSetting, GivesTheBytesOfTheEngine) {
+TEST_P(MapsSetting, WritesTheBytesOfTheEngine) {
     NormalGeneratorSettings settings = leastSettings();
     const FolderContents unchanged = expected(settings);
     GetParam().change(settings);
     const FolderContents wanted = expected(settings);
     ASSERT_TRUE(wanted != unchanged);
 
-    const QStringList words = QString::fromUtf8(GetParam().words).split(u' ');
-    QStringList all = leastWords();
-    if (words.contains(u"--size"_s)) {
+    const QStringList arguments = QString::fromUtf8(GetParam().arguments).split(u' ');
+    QStringList all = leastArguments();
+    if (arguments.contains(u"--size"_s)) {
         all.remove(all.indexOf(u"--size"_s), 2);
     }
-    const Outcome outcome = runCli(all + words);
+    const Outcome outcome = runCli(all + arguments);
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
     expectSame(contentsOf(output() + u'/' + settings.safeMaterialName()), wanted);
 }

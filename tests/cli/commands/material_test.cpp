@@ -3,7 +3,7 @@
 #include "model/conversion_settings.h"
 #include "model/export_result.h"
 #include "model/output_resolution.h"
-#include "model/texture_map.h"
+#include "model/texture_asset.h"
 #include "model/texture_slot_kind.h"
 
 #include <QDir>
@@ -19,7 +19,7 @@ using namespace quarlin::tests;
 
 namespace {
 
-/// A material with all its inputs, small enough to be exported often.
+/// A material with all its inputs, small enough to be exported many times.
 class MaterialCommand : public CliTest {
 protected:
     const QString baseColor = writeImage(u"Brick.Wall.png"_s, patternedImage(24, 16, 1));
@@ -28,7 +28,7 @@ protected:
     const QString roughness = writeImage(u"r.png"_s, patternedImage(24, 16, 4));
     const QString metallic = writeImage(u"m.png"_s, patternedImage(24, 16, 5));
 
-    QStringList leastWords() const {
+    QStringList leastArguments() const {
         return {u"material"_s, u"--base-color"_s, baseColor, u"--output"_s, output(), u"--size"_s, u"base"_s};
     }
 
@@ -53,7 +53,7 @@ protected:
 };
 
 TEST_F(MaterialCommand, ReportsFolderAndFilesInWritingOrder) {
-    const Outcome outcome = runCli(leastWords() + QStringList{u"--normal"_s, normal});
+    const Outcome outcome = runCli(leastArguments() + QStringList{u"--normal"_s, normal});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
     EXPECT_EQ(outcome.output, "Export complete: " + output().toStdString() +
@@ -66,7 +66,8 @@ TEST_F(MaterialCommand, ReportsFolderAndFilesInWritingOrder) {
 }
 
 TEST_F(MaterialCommand, ReportsAsJson) {
-    const Outcome outcome = runCli(leastWords() + QStringList{u"--json"_s, u"--name"_s, u"Größe \"1\""_s});
+    const Outcome outcome =
+        runCli(leastArguments() + QStringList{u"--json"_s, u"--name"_s, u"Größe \"1\""_s});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
     EXPECT_EQ(outcome.output,
@@ -76,7 +77,7 @@ TEST_F(MaterialCommand, ReportsAsJson) {
 }
 
 TEST_F(MaterialCommand, WritesTheFilesItReportsAndNoOthers) {
-    ASSERT_EQ(runCli(leastWords()).status, 0);
+    ASSERT_EQ(runCli(leastArguments()).status, 0);
     EXPECT_EQ(contentsOf(output() + u"/Brick_Wall"_s).keys(),
               (QStringList{u"Brick_Wall.gltf"_s, u"Brick_Wall_BaseColor.png"_s, u"Brick_Wall_ORM.png"_s,
                            u"Brick_Wall_SL_PBR_notes.txt"_s}));
@@ -84,7 +85,7 @@ TEST_F(MaterialCommand, WritesTheFilesItReportsAndNoOthers) {
               QStringList{u"Brick_Wall"_s});
 }
 
-TEST_F(MaterialCommand, MakesMapsOf2048PixelsUnlessTold) {
+TEST_F(MaterialCommand, MakesMapsOf2048PixelsByDefault) {
     ASSERT_EQ(runCli({u"material"_s, u"--base-color"_s, baseColor, u"--output"_s, output()}).status, 0);
     EXPECT_EQ(QImage(output() + u"/Brick_Wall/Brick_Wall_ORM.png"_s).size(), QSize(2048, 2048));
 }
@@ -99,10 +100,10 @@ TEST_F(MaterialCommand, TakesPathsRelativeToTheWorkingDirectory) {
         testing::StartsWith("Export complete: " + path(u"deep/in/Brick_Wall"_s).toStdString() + "\n"));
 }
 
-TEST_F(MaterialCommand, WritesOverAnEarlierSet) {
-    ASSERT_EQ(runCli(leastWords()).status, 0);
+TEST_F(MaterialCommand, OverwritesAnEarlierSet) {
+    ASSERT_EQ(runCli(leastArguments()).status, 0);
     const FolderContents first = contentsOf(output() + u"/Brick_Wall"_s);
-    ASSERT_EQ(runCli(leastWords() + QStringList{u"--default-metallic"_s, u"1"_s}).status, 0);
+    ASSERT_EQ(runCli(leastArguments() + QStringList{u"--default-metallic"_s, u"1"_s}).status, 0);
     const FolderContents second = contentsOf(output() + u"/Brick_Wall"_s);
     EXPECT_EQ(first.keys(), second.keys());
     EXPECT_TRUE(first != second);
@@ -110,7 +111,7 @@ TEST_F(MaterialCommand, WritesOverAnEarlierSet) {
 
 TEST_F(MaterialCommand, ExportsOntoItsOwnInputs) {
     const QString set = output() + u"/Brick_Wall/"_s;
-    ASSERT_EQ(runCli(leastWords()).status, 0);
+    ASSERT_EQ(runCli(leastArguments()).status, 0);
     const FolderContents first = contentsOf(set);
     const Outcome outcome =
         runCli({u"material"_s, u"--base-color"_s, set + u"Brick_Wall_BaseColor.png"_s, u"--name"_s,
@@ -119,23 +120,23 @@ TEST_F(MaterialCommand, ExportsOntoItsOwnInputs) {
     EXPECT_EQ(contentsOf(set)[u"Brick_Wall_BaseColor.png"_s], first[u"Brick_Wall_BaseColor.png"_s]);
 }
 
-/// An option, and what it is to do to the least settings or inputs.
+/// An option, and the change that it must make to the minimal settings or inputs.
 struct MaterialOption {
     const char* name;
-    QStringList words;
+    QStringList arguments;
     std::function<void(ConversionSettings&)> change;
 };
 
 class MaterialSetting : public MaterialCommand, public testing::WithParamInterface<MaterialOption> {};
 
-TEST_P(MaterialSetting, GivesTheBytesOfTheEngine) {
-    // With one input of each kind that a setting acts on; a default acts where an input is missing.
+TEST_P(MaterialSetting, WritesTheBytesOfTheEngine) {
+    // The inputs that the tested setting acts on; a default acts on a missing input.
     std::map<TextureSlotKind, QString> files{{TextureSlotKind::baseColor, baseColor},
                                              {TextureSlotKind::normal, normal}};
-    QStringList words = leastWords() + QStringList{u"--normal"_s, normal};
-    if (GetParam().words.contains(u"--gloss"_s)) {
+    QStringList arguments = leastArguments() + QStringList{u"--normal"_s, normal};
+    if (GetParam().arguments.contains(u"--gloss"_s)) {
         files[TextureSlotKind::roughness] = roughness;
-        words += {u"--roughness"_s, roughness};
+        arguments += {u"--roughness"_s, roughness};
     }
     ConversionSettings settings = leastSettings();
     const FolderContents unchanged = expected(settings, files);
@@ -143,16 +144,16 @@ TEST_P(MaterialSetting, GivesTheBytesOfTheEngine) {
     const FolderContents wanted = expected(settings, files);
     ASSERT_TRUE(wanted != unchanged);
 
-    // A size is given once, so the least words make way for another one.
-    if (GetParam().words.contains(u"--size"_s)) {
-        words.remove(words.indexOf(u"--size"_s), 2);
+    // A size may only be given once, so the tested one replaces that of the minimal arguments.
+    if (GetParam().arguments.contains(u"--size"_s)) {
+        arguments.remove(arguments.indexOf(u"--size"_s), 2);
     }
-    const Outcome outcome = runCli(words + GetParam().words);
+    const Outcome outcome = runCli(arguments + GetParam().arguments);
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
     expectSame(contentsOf(output() + u'/' + settings.safeMaterialName()), wanted);
 }
 
-QStringList words(const char* text) { return QString::fromUtf8(text).split(u' '); }
+QStringList arguments(const char* text) { return QString::fromUtf8(text).split(u' '); }
 
 INSTANTIATE_TEST_SUITE_P(
     Options, MaterialSetting,
@@ -161,21 +162,21 @@ INSTANTIATE_TEST_SUITE_P(
                        {u"--name"_s, u"  Old brick / 2 "_s},
                        [](auto& s) { s.materialName = u"  Old brick / 2 "_s; }},
         MaterialOption{"EmptyName", {u"--name"_s, {}}, [](auto& s) { s.materialName.clear(); }},
-        MaterialOption{"EmojiName", words("--name a😀b"), [](auto& s) { s.materialName = u"a😀b"_s; }},
-        MaterialOption{"Size", words("--size 512"),
+        MaterialOption{"EmojiName", arguments("--name a😀b"), [](auto& s) { s.materialName = u"a😀b"_s; }},
+        MaterialOption{"Size", arguments("--size 512"),
                        [](auto& s) { s.outputResolution = OutputResolution::px512; }},
-        MaterialOption{"Gloss", words("--gloss"), [](auto& s) { s.roughnessInputIsGloss = true; }},
-        MaterialOption{"FlipNormalGreen", words("--flip-normal-green"),
+        MaterialOption{"Gloss", arguments("--gloss"), [](auto& s) { s.roughnessInputIsGloss = true; }},
+        MaterialOption{"FlipNormalGreen", arguments("--flip-normal-green"),
                        [](auto& s) { s.flipNormalGreen = true; }},
-        MaterialOption{"DefaultOcclusion", words("--default-occlusion 0.5"),
+        MaterialOption{"DefaultOcclusion", arguments("--default-occlusion 0.5"),
                        [](auto& s) { s.defaultOcclusion = 0.5; }},
-        MaterialOption{"DefaultRoughness", words("--default-roughness 1"),
+        MaterialOption{"DefaultRoughness", arguments("--default-roughness 1"),
                        [](auto& s) { s.defaultRoughness = 1; }},
-        MaterialOption{"DefaultMetallic", words("--default-metallic 1e-1"),
+        MaterialOption{"DefaultMetallic", arguments("--default-metallic 1e-1"),
                        [](auto& s) { s.defaultMetallic = 0.1; }},
-        MaterialOption{"NoGltf", words("--no-gltf"), [](auto& s) { s.exportGLTF = false; }},
-        MaterialOption{"NoNotes", words("--no-notes"), [](auto& s) { s.exportNotes = false; }},
-        MaterialOption{"Equals", words("--default-roughness=0.25"),
+        MaterialOption{"NoGltf", arguments("--no-gltf"), [](auto& s) { s.exportGLTF = false; }},
+        MaterialOption{"NoNotes", arguments("--no-notes"), [](auto& s) { s.exportNotes = false; }},
+        MaterialOption{"Equals", arguments("--default-roughness=0.25"),
                        [](auto& s) { s.defaultRoughness = 0.25; }}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
@@ -186,22 +187,22 @@ TEST_F(MaterialCommand, PutsEveryInputIntoItsChannel) {
                                                              {TextureSlotKind::roughness, roughness},
                                                              {TextureSlotKind::metallic, metallic}});
     const Outcome outcome =
-        runCli(leastWords() + QStringList{u"--metallic"_s, metallic, u"--roughness"_s, roughness,
-                                          u"--occlusion"_s, occlusion, u"--normal"_s, normal});
+        runCli(leastArguments() + QStringList{u"--metallic"_s, metallic, u"--roughness"_s, roughness,
+                                              u"--occlusion"_s, occlusion, u"--normal"_s, normal});
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
     expectSame(contentsOf(output() + u"/Brick_Wall"_s), wanted);
 }
 
-TEST_F(MaterialCommand, PacksTheDefaultsWhereInputsAreMissing) {
-    ASSERT_EQ(runCli(leastWords()).status, 0);
+TEST_F(MaterialCommand, PacksTheDefaultsForMissingInputs) {
+    ASSERT_EQ(runCli(leastArguments()).status, 0);
     const QImage orm(output() + u"/Brick_Wall/Brick_Wall_ORM.png"_s);
     EXPECT_EQ(orm.size(), QSize(24, 16));
     EXPECT_EQ(orm.pixel(0, 0), qRgb(255, 166, 0));
     EXPECT_EQ(orm.pixel(23, 15), qRgb(255, 166, 0));
 }
 
-TEST_F(MaterialCommand, TakesANegativeZeroForZero) {
-    ASSERT_EQ(runCli(leastWords() + words("--default-metallic -0")).status, 0);
+TEST_F(MaterialCommand, TreatsANegativeZeroAsZero) {
+    ASSERT_EQ(runCli(leastArguments() + arguments("--default-metallic -0")).status, 0);
     EXPECT_TRUE(contentsOf(output() + u"/Brick_Wall"_s)[u"Brick_Wall_SL_PBR_notes.txt"_s].contains(
         "\nDefault metallic: 0%\n"));
 }

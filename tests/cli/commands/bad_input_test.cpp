@@ -11,15 +11,16 @@ using namespace quarlin::tests;
 
 namespace {
 
-/// The bytes of a PNG, cut off in the middle.
+/// The first half of `whole`.
 QByteArray truncatedImage(const QByteArray& whole) { return whole.left(whole.size() / 2); }
 
 class BadInput : public CliTest {
 protected:
     const QString good = writeImage(u"good.png"_s, patternedImage(64, 64, 1));
 
-    void expectLoadFailure(const QStringList& words, const std::string& fileName) const {
-        const Outcome outcome = runCli(words + QStringList{u"--output"_s, output(), u"--name"_s, u"Brick"_s});
+    void expectLoadFailure(const QStringList& arguments, const std::string& fileName) const {
+        const Outcome outcome =
+            runCli(arguments + QStringList{u"--output"_s, output(), u"--name"_s, u"Brick"_s});
         EXPECT_EQ(outcome.status, 1);
         EXPECT_EQ(outcome.output, "");
         EXPECT_EQ(outcome.errors, "Load failed: Could not read image: " + fileName + "\n");
@@ -48,7 +49,7 @@ TEST_F(BadInput, Folder) {
     expectLoadFailure({u"material"_s, u"--base-color"_s, good, u"--metallic"_s, folder}, "folder.png");
 }
 
-TEST_F(BadInput, PipeIsNotWaitedFor) {
+TEST_F(BadInput, PipeIsRefusedWithoutWaiting) {
     const QString pipe = path(u"pipe.png"_s);
     ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0666), 0);
     expectUnreadable(pipe, "pipe.png");
@@ -59,9 +60,9 @@ TEST_F(BadInput, Device) {
     expectUnreadable(u"/dev/null"_s, "null");
 }
 
-TEST_F(BadInput, StandardInputIsNoFile) { expectUnreadable(u"/dev/stdin"_s, "stdin"); }
+TEST_F(BadInput, StandardInputIsNotAFile) { expectUnreadable(u"/dev/stdin"_s, "stdin"); }
 
-TEST_F(BadInput, LinksInACircle) {
+TEST_F(BadInput, CircularLinks) {
     const QString one = path(u"one.png"_s);
     const QString two = path(u"two.png"_s);
     ASSERT_TRUE(QFile::link(two, one));
@@ -91,12 +92,13 @@ TEST_F(BadInput, FirstSlotInOrderIsReported) {
 }
 
 TEST_F(BadInput, LeavesAnEarlierSetAsItWas) {
-    const QStringList outputWords{u"--output"_s, output(), u"--name"_s, u"Brick"_s, u"--size"_s, u"base"_s};
-    ASSERT_EQ(runCli(QStringList{u"material"_s, u"--base-color"_s, good} + outputWords).status, 0);
+    const QStringList outputArguments{u"--output"_s, output(),    u"--name"_s,
+                                      u"Brick"_s,    u"--size"_s, u"base"_s};
+    ASSERT_EQ(runCli(QStringList{u"material"_s, u"--base-color"_s, good} + outputArguments).status, 0);
     const FolderContents before = contentsOf(output() + u"/Brick"_s);
     ASSERT_EQ(before.size(), 4);
     EXPECT_EQ(runCli(QStringList{u"material"_s, u"--base-color"_s, good, u"--normal"_s, path(u"none.png"_s)} +
-                     outputWords)
+                     outputArguments)
                   .status,
               1);
     expectSame(contentsOf(output() + u"/Brick"_s), before);

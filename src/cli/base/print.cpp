@@ -1,7 +1,7 @@
-#include "cli/report/print.h"
+#include "cli/base/print.h"
 
-#include "cli/report/standard_streams.h"
-#include "cli/shell/help_text.h"
+#include "cli/base/program_name.h"
+#include "cli/base/standard_streams.h"
 
 namespace quarlin {
 
@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 ExitStatus print(const QString& text) {
     if (!writeToStandardOutput(text)) {
         writeToStandardError(programName() + u": Could not write to the standard output\n"_s);
-        return ExitStatus::workFailed;
+        return ExitStatus::failed;
     }
     return ExitStatus::done;
 }

@@ -32,14 +32,14 @@ protected:
     }
 };
 
-TEST_F(BadOutput, FileInThePlaceOfTheFolder) {
+TEST_F(BadOutput, FileInPlaceOfTheFolder) {
     const QString file = writeFile(u"file"_s, "kept");
     expectExportFailure(runCli(material(file)), "Could not create folder: Brick (Not a directory)");
     expectExportFailure(runCli(maps(file)), "Could not create folder: Brick (Not a directory)");
     EXPECT_EQ(bytesOf(file), "kept");
 }
 
-TEST_F(BadOutput, FileInThePlaceOfTheSet) {
+TEST_F(BadOutput, FileInPlaceOfTheSet) {
     const QString file = writeFile(u"Brick"_s, "kept");
     const Outcome outcome = runCli(material(path({})));
     EXPECT_EQ(outcome.status, 1);
@@ -47,7 +47,7 @@ TEST_F(BadOutput, FileInThePlaceOfTheSet) {
     EXPECT_EQ(bytesOf(file), "kept");
 }
 
-TEST_F(BadOutput, FolderInThePlaceOfAnImage) {
+TEST_F(BadOutput, FolderInPlaceOfAnImage) {
     ASSERT_TRUE(QDir(path({})).mkpath(u"output/Brick/Brick_ORM.png/in the way"_s));
     const Outcome outcome = runCli(material(output()));
     EXPECT_EQ(outcome.status, 1);
@@ -55,11 +55,11 @@ TEST_F(BadOutput, FolderInThePlaceOfAnImage) {
     EXPECT_THAT(
         outcome.errors,
         testing::MatchesRegex("Export failed: Could not (create PNG image|write PNG): Brick_ORM.png\n"));
-    // What was written before it stays, and nothing half-written does.
+    // The files before it stay, and no partial file does.
     EXPECT_EQ(contentsOf(output() + u"/Brick"_s).keys(), QStringList{u"Brick_BaseColor.png"_s});
 }
 
-TEST_F(BadOutput, FolderInThePlaceOfTheNotes) {
+TEST_F(BadOutput, FolderInPlaceOfTheNotes) {
     ASSERT_TRUE(QDir(path({})).mkpath(u"output/Brick/Brick_maps_notes.txt/in the way"_s));
     expectExportFailure(runCli(maps(output())), "Could not write file: Brick_maps_notes.txt");
     QStringList written = namesOf(fixtures::generatedFiles(), u"Brick"_s);
@@ -71,8 +71,7 @@ TEST_F(BadOutput, FolderInThePlaceOfTheNotes) {
 TEST_F(BadOutput, FullDiskLeavesTheEarlierImage) {
     ASSERT_EQ(runCli(material(output())).status, 0);
     const FolderContents before = contentsOf(output() + u"/Brick"_s);
-    // A limit on the size of files stands in for the full disk: it stops the image, which is larger than
-    // that.
+    // A limit on the size of files simulates a full disk. The image is larger than the limit.
     ASSERT_GT(before[u"Brick_BaseColor.png"_s].size(), 512);
     writeImage(u"good.png"_s, patternedImage(64, 64, 2));
     const Outcome outcome =
@@ -85,7 +84,7 @@ TEST_F(BadOutput, ClosedStandardOutputIsAFailure) {
     const Outcome outcome = runCliThroughShell(u"exec \"$@\" >&-"_s, material(output()));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.errors, "quarlin-cli: Could not write to the standard output\n");
-    // The set itself is there, and the report has not found its way into one of the files.
+    // The set itself is complete, and the report did not end up in one of its files.
     const FolderContents contents = contentsOf(output() + u"/Brick"_s);
     EXPECT_EQ(contents.size(), 4);
     for (const QByteArray& file : contents) {

@@ -1,4 +1,4 @@
-// What an exported set is to the programs of others.
+// Exported sets are read by other programs.
 
 #include "cli_test.h"
 #include "set_files.h"
@@ -18,7 +18,7 @@ using testing::HasSubstr;
 
 namespace {
 
-/// The name that a set is exported under.
+/// The name of an exported set.
 struct SetName {
     const char* name;
     const char* typed;
@@ -45,7 +45,7 @@ protected:
     QString documentIn(const QString& folder) const { return folder + u'/' + name + u".gltf"_s; }
 };
 
-/// The validator's report names every issue; it ends with success only when none is an error or a warning.
+/// Runs the validator, which lists every issue and succeeds only if none of them is an error or a warning.
 void expectValid(const QString& document) {
     const Outcome outcome = run(QStringLiteral(NODE_PATH), {QStringLiteral(VALIDATE_SCRIPT), document});
     EXPECT_EQ(outcome.status, 0) << outcome.output << outcome.errors;
@@ -97,7 +97,7 @@ TEST_P(ExportedSet, LoadsWithItsImages) {
     }
 }
 
-TEST_P(ExportedSet, HoldsPngFilesThatOthersAccept) {
+TEST_P(ExportedSet, ContainsPngFilesThatOtherProgramsAccept) {
     std::size_t count = 0;
     for (const QString& folder : {materialSet(), generatedSet()}) {
         for (const QString& file : QDir(folder).entryList({u"*.png"_s}, QDir::Files)) {

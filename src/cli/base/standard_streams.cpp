@@ -1,4 +1,4 @@
-#include "cli/report/standard_streams.h"
+#include "cli/base/standard_streams.h"
 
 #include <QByteArray>
 
@@ -24,7 +24,7 @@ bool write(const QString& text, std::FILE* stream) {
 
 void reserveStandardStreams() {
 #ifdef Q_OS_UNIX
-    // Opened for reading, so that writing to a stream that was closed still fails.
+    // Opened for reading only, so that writing to a stream that was closed still fails.
     int file = -1;
     do {
         file = open("/dev/null", O_RDONLY);

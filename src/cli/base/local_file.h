@@ -5,7 +5,7 @@
 
 namespace quarlin {
 
-/// The absolute location of a path as typed, which may be relative to the working directory.
+/// The absolute location of `path`, which may be relative to the working directory.
 QUrl localFile(const QString& path);
 
 }  // namespace quarlin

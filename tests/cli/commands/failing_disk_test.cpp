@@ -1,4 +1,5 @@
-// Disks that fail under the program: a full one, a read-only one, and an end in the middle of a file.
+// Disks that fail while the program writes: full, read-only, or the program is killed in the middle of a
+// file.
 
 #include "cli_test.h"
 
@@ -20,7 +21,7 @@ class FailingDisk : public CliTest, public testing::WithParamInterface<Command> 
 protected:
     FailingDisk() { QDir().mkpath(output()); }
 
-    QStringList words(const QString& name = u"Brick"_s) const {
+    QStringList arguments(const QString& name = u"Brick"_s) const {
         const QStringList input =
             GetParam() == Command::material
                 ? QStringList{u"material"_s, u"--base-color"_s, good, u"--occlusion"_s, good}
@@ -39,14 +40,15 @@ protected:
         return run(u"unshare"_s, {u"-rm"_s, u"mount"_s, u"-t"_s, u"tmpfs"_s, u"none"_s, u"/mnt"_s}).status ==
                0;
     }
-    /// Runs the program where `mount` has mounted something on the export folder, which is "$folder", for it
-    /// alone. Its output ends with the names of all files of the set.
+    /// Runs the program in a namespace where `mount`, a shell command, has mounted something on the export
+    /// folder,
+    /// "$folder". The output ends with the names of all files of the set.
     Outcome runOnMounted(const QString& mount) const {
         const QString inside = mount +
                                u" && { \"$@\"; status=$?; "
                                "ls -A \"$folder/Brick\" 2>/dev/null; exit $status; }"_s;
         return runCliThroughShell(
-            u"folder='%1' exec unshare -rm sh -c '%2' sh \"$@\""_s.arg(output(), inside), words());
+            u"folder='%1' exec unshare -rm sh -c '%2' sh \"$@\""_s.arg(output(), inside), arguments());
     }
 
     const QString good = writeImage(u"good.png"_s, patternedImage(512, 512, 1));
@@ -60,7 +62,7 @@ TEST_P(FailingDisk, WithoutSpaceForTheSecondFileKeepsTheFirst) {
     if (!canMount()) {
         GTEST_SKIP() << "this machine lets nobody mount a small disk; a limit on file sizes stands in";
     }
-    ASSERT_EQ(runCli(words()).status, 0);
+    ASSERT_EQ(runCli(arguments()).status, 0);
     const FolderContents whole = takenFrom(set());
     constexpr qsizetype page = 4096;
     const qsizetype pages = whole[first()].size() / page + 1;
@@ -87,7 +89,7 @@ TEST_P(FailingDisk, MountedReadOnlyKeepsItsSet) {
     if (!canMount()) {
         GTEST_SKIP() << "this machine lets nobody mount a disk read-only";
     }
-    ASSERT_EQ(runCli(words()).status, 0);
+    ASSERT_EQ(runCli(arguments()).status, 0);
     const FolderContents before = contentsOf(set());
     const Outcome outcome =
         runOnMounted(u"mount --bind \"$folder\" \"$folder\" && mount -o remount,bind,ro \"$folder\""_s);
@@ -95,10 +97,10 @@ TEST_P(FailingDisk, MountedReadOnlyKeepsItsSet) {
     EXPECT_EQ(outcome.errors, failed(u"Could not create PNG image: "_s + first()));
     EXPECT_EQ(outcome.output, before.keys().join(u'\n').toStdString() + "\n");
     expectSame(contentsOf(set()), before);
-    EXPECT_EQ(runCli(words()).status, 0);
+    EXPECT_EQ(runCli(arguments()).status, 0);
 }
 
-TEST_P(FailingDisk, MountedReadOnlyTakesNoNewSet) {
+TEST_P(FailingDisk, MountedReadOnlyAcceptsNoNewSet) {
     if (!canMount()) {
         GTEST_SKIP() << "this machine lets nobody mount a disk read-only";
     }
@@ -107,18 +109,18 @@ TEST_P(FailingDisk, MountedReadOnlyTakesNoNewSet) {
     EXPECT_EQ(outcome.errors, failed(u"Could not create folder: Brick (Read-only file system)"_s));
 }
 
-TEST_P(FailingDisk, UnderALimitOfFileSizesLeavesAnEmptyFolder) {
-    const Outcome outcome = runCliThroughShell(u"trap '' XFSZ; ulimit -f 1; exec \"$@\""_s, words());
+TEST_P(FailingDisk, WithALimitOnFileSizesLeavesAnEmptyFolder) {
+    const Outcome outcome = runCliThroughShell(u"trap '' XFSZ; ulimit -f 1; exec \"$@\""_s, arguments());
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, "");
     EXPECT_EQ(outcome.errors, failed(u"Could not write PNG: "_s + first()));
     EXPECT_EQ(contentsOf(set()).size(), 0);
-    EXPECT_EQ(runCli(words()).status, 0);
+    EXPECT_EQ(runCli(arguments()).status, 0);
 }
 
-TEST_P(FailingDisk, TakesNoNameThatIsTooLong) {
+TEST_P(FailingDisk, RefusesANameThatIsTooLong) {
     const QString name(256, u'n');
-    const Outcome outcome = runCli(words(name));
+    const Outcome outcome = runCli(arguments(name));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, "");
     EXPECT_EQ(outcome.errors, failed(u"Could not create folder: %1 (File name too long)"_s.arg(name)));
@@ -126,9 +128,9 @@ TEST_P(FailingDisk, TakesNoNameThatIsTooLong) {
 }
 
 TEST_P(FailingDisk, StopsAtTheFileWhoseNameIsTooLong) {
-    // The folder may have the name, but with what follows it no image may.
+    // The name is short enough for the folder, but not for an image, which has a suffix.
     const QString name(250, u'n');
-    const Outcome outcome = runCli(words(name));
+    const Outcome outcome = runCli(arguments(name));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.errors,
               failed(u"Could not create PNG image: "_s + name + first().sliced(u"Brick"_s.size())));
@@ -136,11 +138,11 @@ TEST_P(FailingDisk, StopsAtTheFileWhoseNameIsTooLong) {
 }
 
 TEST_P(FailingDisk, ThatEndsTheProgramInTheMiddleOfAFileKeepsTheOldSet) {
-    ASSERT_EQ(runCli(words()).status, 0);
+    ASSERT_EQ(runCli(arguments()).status, 0);
     const FolderContents before = contentsOf(set());
     writeImage(u"good.png"_s, patternedImage(512, 512, 2));
-    // The signal of a file that grows too large is deadly unless it is ignored.
-    EXPECT_EQ(runCliThroughShell(u"ulimit -c 0; ulimit -f 2; exec \"$@\""_s, words()).status, -1);
+    // The signal for a file that grows too large ends the program unless it is ignored.
+    EXPECT_EQ(runCliThroughShell(u"ulimit -c 0; ulimit -f 2; exec \"$@\""_s, arguments()).status, -1);
     FolderContents after = contentsOf(set());
     const QStringList names = after.keys();
     EXPECT_GE(names.filter(u".quarlin-"_s).size(), 1);
@@ -148,7 +150,7 @@ TEST_P(FailingDisk, ThatEndsTheProgramInTheMiddleOfAFileKeepsTheOldSet) {
         after.remove(name);
     }
     expectSame(after, before);
-    EXPECT_EQ(runCli(words()).status, 0);
+    EXPECT_EQ(runCli(arguments()).status, 0);
     EXPECT_NE(contentsOf(set())[first()], before[first()]);
 }
 

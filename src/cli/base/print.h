@@ -1,0 +1,13 @@
+#pragma once
+
+#include "cli/base/exit_status.h"
+
+#include <QString>
+
+namespace quarlin {
+
+/// Writes the result of a command to the standard output. Reports on the standard error if that fails, and
+/// returns `ExitStatus::failed`.
+ExitStatus print(const QString& text);
+
+}  // namespace quarlin
