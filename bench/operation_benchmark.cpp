@@ -9,7 +9,6 @@
 #include "model/conversion_settings.h"
 #include "model/normal_generator_settings.h"
 #include "model/texture_asset.h"
-#include "model/texture_map.h"
 #include "model/texture_slot_kind.h"
 #include "photograph.h"
 

@@ -5,6 +5,7 @@
 #include "ui/layout/separator.h"
 #include "ui/material/material_workspace.h"
 #include "ui/panels/tool_actions.h"
+#include "ui/style/symbol.h"
 #include "ui/window/bar_background.h"
 #include "ui/window/brand_header.h"
 #include "ui/window/tool_bar.h"
@@ -36,7 +37,7 @@ ContentView::ContentView(MaterialStore& materialStore, ToolActions& materialActi
 StudioTool ContentView::selectedTool() const { return static_cast<StudioTool>(m_tabs->currentIndex()); }
 
 void ContentView::addTool(StudioTool tool, QWidget* workspace, ToolActions& actions) {
-    m_tabs->addTool(workspace, title(tool), systemImage(tool));
+    m_tabs->addTab(workspace, symbolIcon(systemImage(tool)), title(tool));
     m_toolBar->addGroup({actions.preview.makeToolBarButton(), actions.exportSet.makeToolBarButton()});
 }
 

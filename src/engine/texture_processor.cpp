@@ -20,7 +20,6 @@
 #include "model/output_names.h"
 #include "model/previews.h"
 #include "model/texture_asset.h"
-#include "model/texture_map.h"
 
 namespace quarlin {
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "imaging/files/file_stamp.h"
+#include "model/texture_slot_kind.h"
 
 #include <QImage>
 #include <QString>
@@ -8,6 +9,7 @@
 #include <QUuid>
 
 #include <cstdint>
+#include <map>
 #include <optional>
 
 namespace quarlin {
@@ -35,5 +37,8 @@ struct TextureAsset {
     /// The size as shown to the user, such as "2048x1024".
     QString sizeLabel() const;
 };
+
+/// The loaded textures of a material.
+using TextureMap = std::map<TextureSlotKind, TextureAsset>;
 
 }  // namespace quarlin

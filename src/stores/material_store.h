@@ -2,7 +2,7 @@
 
 #include "model/conversion_settings.h"
 #include "model/previews.h"
-#include "model/texture_map.h"
+#include "model/texture_asset.h"
 #include "model/texture_slot_kind.h"
 #include "stores/tool_store.h"
 

@@ -6,6 +6,7 @@
 #include "ui/controls/stepper.h"
 #include "window_fixture.h"
 
+#include <QCheckBox>
 #include <QDir>
 #include <QProcess>
 

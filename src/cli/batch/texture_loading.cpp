@@ -4,7 +4,6 @@
 #include "cli/batch/command_failure.h"
 #include "imaging/base/parallel.h"
 #include "model/texture_asset.h"
-#include "model/texture_map.h"
 #include "model/texture_slot_kind.h"
 
 #include <algorithm>

@@ -2,7 +2,6 @@
 
 #include "engine/texture_processor.h"
 #include "model/texture_asset.h"
-#include "model/texture_map.h"
 #include "model/texture_slot_kind.h"
 
 #include <QString>

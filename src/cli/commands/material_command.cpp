@@ -11,7 +11,7 @@
 #include "imaging/files/file_names.h"
 #include "matching/texture_name.h"
 #include "model/material_set.h"
-#include "model/texture_map.h"
+#include "model/texture_asset.h"
 
 #include <QSet>
 

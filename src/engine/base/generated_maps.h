@@ -1,8 +1,8 @@
 #pragma once
 
 #include "imaging/pixels/pixel_image.h"
+#include "model/enumeration.h"
 #include "model/generated_set.h"
-#include "model/per_case.h"
 
 namespace quarlin {
 

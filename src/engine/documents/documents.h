@@ -5,7 +5,6 @@
 #include "model/normal_output_names.h"
 #include "model/output_names.h"
 #include "model/texture_asset.h"
-#include "model/texture_map.h"
 
 #include <QByteArray>
 #include <QString>

@@ -9,7 +9,7 @@
 #include "model/conversion_settings.h"
 #include "model/export_result.h"
 #include "model/output_names.h"
-#include "model/texture_map.h"
+#include "model/texture_asset.h"
 #include "model/texture_slot_kind.h"
 
 #include <exception>

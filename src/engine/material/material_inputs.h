@@ -5,7 +5,7 @@
 #include "imaging/png/png_file.h"
 #include "model/conversion_settings.h"
 #include "model/material_set.h"
-#include "model/texture_map.h"
+#include "model/texture_asset.h"
 #include "model/texture_slot_kind.h"
 
 #include <map>

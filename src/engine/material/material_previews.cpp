@@ -7,7 +7,6 @@
 #include "model/material_set.h"
 #include "model/previews.h"
 #include "model/texture_asset.h"
-#include "model/texture_map.h"
 #include "model/texture_slot_kind.h"
 
 namespace quarlin {

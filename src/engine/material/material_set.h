@@ -4,7 +4,7 @@
 #include "model/conversion_settings.h"
 #include "model/export_result.h"
 #include "model/previews.h"
-#include "model/texture_map.h"
+#include "model/texture_asset.h"
 
 #include <QUrl>
 

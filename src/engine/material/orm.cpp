@@ -4,7 +4,7 @@
 #include "imaging/pixels/image_view.h"
 #include "imaging/pixels/pixel_image.h"
 #include "model/conversion_settings.h"
-#include "model/texture_map.h"
+#include "model/texture_asset.h"
 #include "model/texture_slot_kind.h"
 
 namespace quarlin {

@@ -9,6 +9,7 @@ class QStyleOptionButton;
 class QStyleOptionFrame;
 class QStyleOptionGroupBox;
 class QStyleOptionSlider;
+class QStyleOptionTab;
 
 namespace quarlin {
 
@@ -22,6 +23,10 @@ QSize buttonSize(const QStyleOptionButton& button);
 
 void paintCheckBox(QPainter& painter, const QStyleOptionButton& box);
 QSize checkBoxSize(const QStyleOptionButton& box);
+
+/// A tab with its symbol, drawn from the icon's name. A bar in the accent color is under the current tab.
+void paintTab(QPainter& painter, const QStyleOptionTab& tab);
+QSize tabSize(const QStyleOptionTab& tab);
 
 /// A horizontal slider. Its handle is the knob with the room around it that the focus ring takes, so that the
 /// groove is as wide as the slider.

@@ -47,6 +47,8 @@ void QuarlinStyle::drawControl(ControlElement element, const QStyleOption* optio
         paintButton(*painter, *button);
     } else if (const auto* box = optionIf<QStyleOptionButton>(element == CE_CheckBox, option)) {
         paintCheckBox(*painter, *box);
+    } else if (const auto* tab = optionIf<QStyleOptionTab>(element == CE_TabBarTab, option)) {
+        paintTab(*painter, *tab);
     } else {
         QProxyStyle::drawControl(element, option, painter, widget);
     }
@@ -97,6 +99,9 @@ QSize QuarlinStyle::sizeFromContents(ContentsType type, const QStyleOption* opti
     }
     if (const auto* box = optionIf<QStyleOptionButton>(type == CT_CheckBox, option)) {
         return checkBoxSize(*box);
+    }
+    if (const auto* tab = optionIf<QStyleOptionTab>(type == CT_TabBarTab, option)) {
+        return tabSize(*tab);
     }
     switch (type) {
         case CT_GroupBox:

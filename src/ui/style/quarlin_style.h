@@ -4,8 +4,8 @@
 
 namespace quarlin {
 
-/// Draws Qt's buttons, check boxes, sliders, scroll bars, text fields and group boxes as the window wants
-/// them, in the colors of their palettes. Everything else looks as in Fusion.
+/// Draws Qt's buttons, check boxes, sliders, scroll bars, tabs, text fields and group boxes as the window
+/// wants them, in the colors of their palettes. Everything else looks as in Fusion.
 class QuarlinStyle : public QProxyStyle {
     Q_OBJECT
 

@@ -7,7 +7,6 @@
 #include "model/normal_generator_settings.h"
 #include "model/output_resolution.h"
 #include "model/texture_asset.h"
-#include "model/texture_map.h"
 #include "model/texture_slot_kind.h"
 
 #include <functional>

@@ -4,7 +4,6 @@
 #include "model/output_names.h"
 #include "model/output_resolution.h"
 #include "model/texture_asset.h"
-#include "model/texture_map.h"
 #include "model/texture_slot_kind.h"
 
 #include <gtest/gtest.h>

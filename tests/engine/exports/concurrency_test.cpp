@@ -8,7 +8,6 @@
 #include "model/output_resolution.h"
 #include "model/previews.h"
 #include "model/texture_asset.h"
-#include "model/texture_map.h"
 #include "model/texture_slot_kind.h"
 #include "picture.h"
 #include "png_files.h"

@@ -3,7 +3,7 @@
 #include "engine/texture_processor.h"
 #include "golden_text.h"
 #include "model/export_result.h"
-#include "model/texture_map.h"
+#include "model/texture_asset.h"
 #include "picture.h"
 #include "png_files.h"
 #include "temporary_folder.h"

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "model/enumeration.h"
 #include "model/generated_set.h"
-#include "model/per_case.h"
 
 #include <cstdint>
 #include <vector>

@@ -7,7 +7,7 @@
 #include "model/conversion_settings.h"
 #include "model/export_result.h"
 #include "model/output_resolution.h"
-#include "model/texture_map.h"
+#include "model/texture_asset.h"
 #include "model/texture_slot_kind.h"
 #include "picture.h"
 #include "png_files.h"

@@ -5,7 +5,6 @@
 #include "independent_generator.h"
 #include "model/conversion_settings.h"
 #include "model/texture_asset.h"
-#include "model/texture_map.h"
 #include "model/texture_slot_kind.h"
 #include "picture.h"
 #include "png_files.h"
