@@ -1,4 +1,4 @@
-#include "imaging/base/strip_memory.h"
+#include "imaging/decode/start_imaging.h"
 
 #include <benchmark/benchmark.h>
 
@@ -9,7 +9,7 @@
 
 /// Runs every benchmark several times and prints the medians, unless the arguments say otherwise.
 int main(int argc, char** argv) {
-    quarlin::keepStripMemory();
+    quarlin::startImaging();
     const QCoreApplication application(argc, argv);
     std::vector<std::string> defaults{"--benchmark_repetitions=5", "--benchmark_min_time=0.05",
                                       "--benchmark_display_aggregates_only=true"};

@@ -1,5 +1,7 @@
 // Changes PNG files in ways that checksums and compression do not catch; other files byte by byte.
 
+#include "imaging/png/png_signature.h"
+
 #include <QByteArray>
 #include <QtEndian>
 
@@ -12,10 +14,10 @@
 
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maximumSize);
 
+using quarlin::pngSignature;
+
 namespace {
 
-constexpr char signature[] = "\x89PNG\r\n\x1A\n";
-constexpr qsizetype signatureSize = 8;
 constexpr qsizetype overhead = 12;
 
 struct Chunk {
@@ -26,7 +28,7 @@ struct Chunk {
 /// The chunks up to the first incomplete one, with or without a correct checksum.
 std::vector<Chunk> chunksOf(const QByteArray& png) {
     std::vector<Chunk> chunks;
-    qsizetype position = signatureSize;
+    qsizetype position = pngSignature.size();
     while (position + overhead <= png.size()) {
         const auto length = static_cast<qsizetype>(qFromBigEndian<quint32>(png.constData() + position));
         if (length > png.size() - position - overhead) {
@@ -45,7 +47,7 @@ QByteArray bigEndian(quint32 value) {
 }
 
 QByteArray fileOf(const std::vector<Chunk>& chunks) {
-    QByteArray png(signature, signatureSize);
+    QByteArray png(pngSignature.data(), pngSignature.size());
     for (const Chunk& chunk : chunks) {
         const QByteArray checked = chunk.type + chunk.data;
         png += bigEndian(static_cast<quint32>(chunk.data.size())) + checked;
@@ -137,7 +139,8 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t s
                                                unsigned int seed) {
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     std::minstd_rand random(seed);
-    std::vector<Chunk> chunks = bytes.startsWith(signature) ? chunksOf(bytes) : std::vector<Chunk>();
+    std::vector<Chunk> chunks =
+        bytes.startsWith(QByteArrayView(pngSignature)) ? chunksOf(bytes) : std::vector<Chunk>();
     if (chunks.empty() || random() % 8 == 0) {
         return LLVMFuzzerMutate(data, size, maximumSize);
     }

@@ -1,7 +1,7 @@
 #include "app/application_icon.h"
 #include "app/desktop_color_scheme.h"
 #include "app/vorek_quarlin_app.h"
-#include "imaging/base/strip_memory.h"
+#include "imaging/decode/start_imaging.h"
 #include "ui/style/quarlin_style.h"
 
 #include <QApplication>
@@ -9,7 +9,7 @@
 using namespace Qt::StringLiterals;
 
 int main(int argc, char** argv) {
-    quarlin::keepStripMemory();
+    quarlin::startImaging();
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"quarlin"_s);
     QApplication::setApplicationVersion(QStringLiteral(QUARLIN_VERSION));

@@ -1,6 +1,7 @@
 #include "check/checked_material.h"
 
 #include "imaging/files/file_bytes.h"
+#include "imaging/files/file_error.h"
 #include "imaging/files/file_names.h"
 
 #include <QDir>
@@ -108,12 +109,14 @@ private:
 }  // namespace
 
 CheckedSet readGLTF(const QUrl& folder, const QString& name) {
-    const std::optional<FileBytes> file = readFile(fileIn(folder, name));
-    if (!file) {
+    QByteArray bytes;
+    try {
+        bytes = readFile(fileIn(folder, name)).bytes;
+    } catch (const FileError&) {
         return {{}, {findingOf(FindingKind::unreadableDocument, name)}};
     }
     QJsonParseError error{};
-    const QJsonDocument document = QJsonDocument::fromJson(file->bytes, &error);
+    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (error.error != QJsonParseError::NoError) {
         return {{},
                 {findingOf(FindingKind::invalidJSON, name,

@@ -3,8 +3,9 @@
 #include "check/image_header.h"
 #include "check/normal_statistics.h"
 #include "check/set_check.h"
-#include "imaging/decode/image_decoder.h"
-#include "imaging/files/file_bytes.h"
+#include "imaging/decode/decode_error.h"
+#include "imaging/decode/image_file.h"
+#include "imaging/files/file_error.h"
 #include "imaging/files/file_names.h"
 #include "imaging/pixels/image_view.h"
 #include "imaging/pixels/pixel_image.h"
@@ -85,22 +86,23 @@ QImage CheckedImages::read(const QString& name, ImageUse use, Findings& findings
         return known->second;
     }
     QImage& image = m_images[name];
-    const QUrl url = fileIn(m_folder, name);
-    const std::optional<FileBytes> file = readFile(url);
-    if (!file) {
+    ImageFile file;
+    try {
+        file = readImageFile(fileIn(m_folder, name));
+    } catch (const FileError& error) {
         findings.push_back({FindingKind::missingImage, name,
-                            QFileInfo::exists(url.toLocalFile()) ? u"The image can't be read."_s
-                                                                 : u"The image is missing."_s});
+                            QFileInfo::exists(error.file().toLocalFile()) ? u"The image can't be read."_s
+                                                                          : u"The image is missing."_s});
         return image;
-    }
-    checkFileName(name, findings);
-    image = decodeImage(file->bytes);
-    if (image.isNull()) {
+    } catch (const DecodeError&) {
+        checkFileName(name, findings);
         findings.push_back(findingOf(FindingKind::undecodableImage, name));
         return image;
     }
-    checkFormat(file->bytes, name, findings);
-    if (const auto header = readPngHeader(file->bytes)) {
+    image = file.image;
+    checkFileName(name, findings);
+    checkFormat(file.content.bytes, name, findings);
+    if (const auto header = readPngHeader(file.content.bytes)) {
         checkHeader(*header, name, use, findings);
     }
     checkSize(image.size(), name, findings);

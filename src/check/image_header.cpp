@@ -1,18 +1,19 @@
 #include "check/image_header.h"
 
+#include "imaging/png/png_signature.h"
+
 #include <QtEndian>
 
 namespace quarlin {
 
 namespace {
 
-const QByteArray pngSignature("\x89PNG\r\n\x1A\n", 8);
 const QByteArray jpegSignature("\xFF\xD8\xFF", 3);
 
 }  // namespace
 
 ImageFormat imageFormat(const QByteArray& bytes) {
-    if (bytes.startsWith(pngSignature)) {
+    if (bytes.startsWith(QByteArrayView(pngSignature))) {
         return ImageFormat::png;
     }
     return bytes.startsWith(jpegSignature) ? ImageFormat::jpeg : ImageFormat::other;

@@ -1,7 +1,7 @@
 #include "cli/base/standard_streams.h"
 #include "cli/batch/interruption.h"
 #include "cli/program.h"
-#include "imaging/base/strip_memory.h"
+#include "imaging/decode/start_imaging.h"
 
 #include <exception>
 
@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 int main(int argumentCount, char* rawArguments[]) {
     using namespace quarlin;
     reserveStandardStreams();
-    keepStripMemory();
+    startImaging();
     QStringList arguments;
     for (int index = 1; index < argumentCount; ++index) {
         arguments += QString::fromLocal8Bit(rawArguments[index]);

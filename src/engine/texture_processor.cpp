@@ -1,6 +1,7 @@
 #include "engine/texture_processor.h"
 
 #include "engine/base/generated_maps.h"
+#include "engine/base/imaging_errors.h"
 #include "engine/base/on_screen_image.h"
 #include "engine/base/output_size.h"
 #include "engine/base/rendered_texture.h"
@@ -66,7 +67,7 @@ void TextureProcessor::writePNG(const PixelImage& image, const QUrl& url) const 
         file.encodeStrip(strip, ImageView(image).row(strips[strip].first));
     });
     if (!file.commitDraft()) {
-        file.write();
+        reportingEngineErrors(FileKind::image, [&] { file.write(); });
     }
 }
 

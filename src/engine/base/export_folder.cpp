@@ -1,5 +1,6 @@
 #include "engine/base/export_folder.h"
 
+#include "engine/base/imaging_errors.h"
 #include "engine/base/texture_processor_error.h"
 #include "imaging/files/atomic_file.h"
 #include "imaging/files/file_names.h"
@@ -22,10 +23,11 @@ QUrl createExportFolder(const QUrl& parent, const QString& name) {
 
 void writeText(const QByteArray& text, const QString& name, ExportResult& result) {
     const QUrl url = fileIn(result.folderURL, name);
-    AtomicFile file(url);
-    if (!file.isOpen() || !file.write(text) || !file.commit()) {
-        throw TextureProcessorError::cannotWriteText(url);
-    }
+    reportingEngineErrors(FileKind::text, [&] {
+        AtomicFile file(url);
+        file.write(text);
+        file.commit();
+    });
     result.files += name;
 }
 

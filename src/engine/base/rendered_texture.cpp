@@ -1,11 +1,12 @@
 #include "engine/base/rendered_texture.h"
 
+#include "engine/base/imaging_errors.h"
 #include "engine/base/texture_processor_error.h"
-#include "imaging/decode/image_decoder.h"
+#include "imaging/decode/image_file.h"
 #include "imaging/files/file_bytes.h"
 #include "imaging/pixels/resample.h"
 
-#include <new>
+#include <utility>
 
 namespace quarlin {
 
@@ -30,17 +31,8 @@ QImage stretched(QImage image, std::int64_t width, std::int64_t height) {
 }  // namespace
 
 DecodedFile decodeFile(const QUrl& url) {
-    std::optional<FileBytes> file;
-    try {
-        file = readFile(url);
-    } catch (const std::bad_alloc&) {
-        throw TextureProcessorError::cannotReadImage(url);
-    }
-    QImage image = file ? decodeImage(file->bytes) : QImage();
-    if (image.isNull()) {
-        throw TextureProcessorError::cannotReadImage(url);
-    }
-    return {std::move(image), file->stamp};
+    ImageFile file = reportingEngineErrors(FileKind::image, [&] { return readImageFile(url); });
+    return {std::move(file.image), file.content.stamp};
 }
 
 QImage renderFile(const QUrl& url, std::int64_t width, std::int64_t height) {

@@ -16,11 +16,12 @@ QImage renderTexture(const TextureAsset& asset, std::int64_t width, std::int64_t
 /// The same from a file.
 QImage renderFile(const QUrl& url, std::int64_t width, std::int64_t height);
 
-/// An image at its own size, and the stamp of its file when it was decoded. Throws `cannotReadImage`.
+/// A file at its own size, and its stamp when it was read.
 struct DecodedFile {
     QImage image;
     FileStamp stamp;
 };
+/// Throws `cannotReadImage`.
 DecodedFile decodeFile(const QUrl& url);
 
 }  // namespace quarlin

@@ -1,4 +1,5 @@
 #include "engine/base/export_folder.h"
+#include "engine/base/imaging_errors.h"
 #include "engine/base/output_size.h"
 #include "engine/base/rendered_texture.h"
 #include "engine/base/texture_processor_error.h"
@@ -69,7 +70,7 @@ ExportResult exportGeneratedSet(const std::optional<TextureAsset>& source,
     ExportResult result{folder, {}};
     PngFileSet images(folder, size.width, size.height);
     encodeMaps(ImageView(rendered), names, settings, images);
-    images.commit(result.files);
+    reportingEngineErrors(FileKind::image, [&] { images.commit(result.files); });
     if (settings.exportGLTF) {
         writeText(makeGeneratedGLTFData(names, settings), names.gltf(), result);
     }

@@ -1,4 +1,5 @@
 #include "engine/base/export_folder.h"
+#include "engine/base/imaging_errors.h"
 #include "engine/base/output_size.h"
 #include "engine/base/texture_processor_error.h"
 #include "engine/documents/documents.h"
@@ -37,7 +38,7 @@ void writeImages(const MaterialInputs& inputs, const ConversionSettings& setting
         failure = std::current_exception();
     }
     files.encode(images);
-    files.commit(result.files);
+    reportingEngineErrors(FileKind::image, [&] { files.commit(result.files); });
     if (failure) {
         std::rethrow_exception(failure);
     }

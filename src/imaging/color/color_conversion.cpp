@@ -1,6 +1,6 @@
 #include "imaging/color/color_conversion.h"
 
-#include "imaging/color/lcms_handles.h"
+#include "imaging/color/lcms_profiles.h"
 #include "imaging/pixels/pixel_image.h"
 
 #include <algorithm>
@@ -24,12 +24,7 @@ std::uint8_t roundedByte(double unit) {
     return static_cast<std::uint8_t>(std::lround(std::clamp(unit, 0.0, 1.0) * 255));
 }
 
-Curve srgbCurve() {
-    const std::array<cmsFloat64Number, 5> parameters{2.4, 1 / 1.055, 0.055 / 1.055, 1 / 12.92, 0.04045};
-    return Curve(cmsBuildParametricToneCurve(nullptr, 4, parameters.data()));
-}
-
-/// Gray: one byte for every level there is.
+/// Gray: a table of one byte for each level.
 template <typename Sample>
 ColorConversion<Sample> grayConversion(cmsHPROFILE profile, int samplesPerPixel) {
     const Profile graySRGB(cmsCreateGrayProfile(cmsD50_xyY(), srgbCurve().get()));
@@ -54,7 +49,7 @@ ColorConversion<Sample> grayConversion(cmsHPROFILE profile, int samplesPerPixel)
     };
 }
 
-/// Whether curves and primaries are all that the profile says: a table takes precedence over them.
+/// Whether the profile has only curves and primaries: a table would take precedence over them.
 bool isDescribedByPrimaries(cmsHPROFILE profile) {
     constexpr std::array tables{cmsSigAToB0Tag, cmsSigAToB1Tag, cmsSigAToB2Tag, cmsSigDToB0Tag,
                                 cmsSigDToB1Tag, cmsSigDToB2Tag, cmsSigDToB3Tag};
@@ -63,7 +58,7 @@ bool isDescribedByPrimaries(cmsHPROFILE profile) {
                         [&](cmsTagSignature tag) { return cmsIsTag(profile, tag) != 0; });
 }
 
-/// The steps in which light is told apart: 16 bits, so that even in the darkest values a byte has twenty.
+/// The steps in which light is measured: 16 bits, so that even the darkest bytes are twenty steps apart.
 constexpr int lightSteps = 65535;
 
 /// The byte of sRGB for every step of light.
@@ -80,7 +75,7 @@ const std::vector<std::uint8_t>& bytesOfLight() {
     return bytes;
 }
 
-/// What a sample adds to red, green and blue light, in steps; the fourth fills the vector.
+/// What a sample adds to red, green and blue light, in steps; the fourth number only fills the vector.
 using Light = std::array<float, 4>;
 
 /// The light of every level of the three channels. In light, the channels of a profile that is described by
@@ -88,10 +83,7 @@ using Light = std::array<float, 4>;
 template <typename Sample>
 std::vector<Light> lightOfLevels(cmsHPROFILE profile) {
     const Curve straight(cmsBuildGamma(nullptr, 1.0));
-    const cmsCIExyY white{0.3127, 0.3290, 1.0};
-    const cmsCIExyYTRIPLE primaries{{0.64, 0.33, 1.0}, {0.30, 0.60, 1.0}, {0.15, 0.06, 1.0}};
-    const std::array<cmsToneCurve*, 3> curves{straight.get(), straight.get(), straight.get()};
-    const Profile linear(cmsCreateRGBProfile(&white, &primaries, curves.data()));
+    const Profile linear = rgbProfile(bt709Primaries, straight);
     const Transform transform(
         cmsCreateTransform(profile, TYPE_RGB_DBL, linear.get(), TYPE_RGB_DBL, intent, exact));
     if (!transform) {
@@ -110,7 +102,7 @@ std::vector<Light> lightOfLevels(cmsHPROFILE profile) {
     const Color black = colors[0];
     std::vector<Light> lights(colors.size());
     for (std::size_t index = 0; index < lights.size(); ++index) {
-        // The light of black, and the half that rounds, count once: with red.
+        // The light of black, and the half for rounding, are added once: with red.
         const bool isRed = index < levels<Sample>;
         for (std::size_t primary = 0; primary < 3; ++primary) {
             const double added = colors[index][primary] - (isRed ? 0 : black[primary]);

@@ -1,8 +1,6 @@
 #include "imaging/color/color_profile.h"
 
-#include "imaging/color/lcms_handles.h"
-
-#include <QtEndian>
+#include "imaging/color/lcms_profiles.h"
 
 #include <array>
 #include <cmath>
@@ -52,37 +50,6 @@ bool changesNothing(cmsHPROFILE profile, int channels) {
     return true;
 }
 
-/// The exponent of a gAMA chunk that stands before the pixels and beside no iCCP or sRGB chunk.
-std::optional<double> loneGamma(const QByteArray& png) {
-    constexpr qsizetype signatureSize = 8;
-    constexpr qsizetype chunkOverhead = 12;
-    std::optional<double> gamma;
-    qsizetype position = signatureSize;
-    while (position + chunkOverhead <= png.size()) {
-        const auto length = qFromBigEndian<std::uint32_t>(png.constData() + position);
-        const QByteArrayView type(png.constData() + position + 4, 4);
-        if (type == "iCCP" || type == "sRGB") {
-            return std::nullopt;
-        }
-        if (type == "IDAT") {
-            break;
-        }
-        if (type == "gAMA" && length == 4 && position + chunkOverhead + 4 <= png.size()) {
-            gamma = qFromBigEndian<std::uint32_t>(png.constData() + position + 8) / 100000.0;
-        }
-        position += chunkOverhead + static_cast<qsizetype>(length);
-    }
-    return gamma;
-}
-
-QByteArray serialized(cmsHPROFILE profile) {
-    cmsUInt32Number size = 0;
-    cmsSaveProfileToMem(profile, nullptr, &size);
-    QByteArray bytes(static_cast<qsizetype>(size), Qt::Uninitialized);
-    cmsSaveProfileToMem(profile, bytes.data(), &size);
-    return bytes;
-}
-
 }  // namespace
 
 ProfileUse judgeProfile(const QByteArray& bytes, int channels) {
@@ -97,21 +64,16 @@ ProfileUse judgeProfile(const QByteArray& bytes, int channels) {
     return ProfileUse::convert;
 }
 
-std::optional<QByteArray> profileOfPngGamma(const QByteArray& png, int channels) {
-    const std::optional<double> gamma = loneGamma(png);
+std::optional<QByteArray> profileOfGamma(double gamma, int channels) {
     constexpr double smallest = 0.01;
     constexpr double largest = 10.0;
-    if (!gamma || *gamma < smallest || *gamma > largest || std::abs(*gamma - 0.45455) < 0.0005) {
+    if (gamma < smallest || gamma > largest || std::abs(gamma - 0.45455) < 0.0005) {
         return std::nullopt;
     }
-    const Curve curve(cmsBuildGamma(nullptr, 1.0 / *gamma));
-    // White point D65 and primaries of ITU-R BT.709, which are sRGB's.
-    const cmsCIExyY white{0.3127, 0.3290, 1.0};
-    const cmsCIExyYTRIPLE primaries{{0.64, 0.33, 1.0}, {0.30, 0.60, 1.0}, {0.15, 0.06, 1.0}};
-    const std::array<cmsToneCurve*, 3> curves{curve.get(), curve.get(), curve.get()};
-    const Profile profile(channels == 1 ? cmsCreateGrayProfile(cmsD50_xyY(), curve.get())
-                                        : cmsCreateRGBProfile(&white, &primaries, curves.data()));
-    return profile ? std::optional(serialized(profile.get())) : std::nullopt;
+    const Curve curve(cmsBuildGamma(nullptr, 1.0 / gamma));
+    const Profile profile = channels == 1 ? Profile(cmsCreateGrayProfile(cmsD50_xyY(), curve.get()))
+                                          : rgbProfile(bt709Primaries, curve);
+    return profile ? std::optional(serialized(profile)) : std::nullopt;
 }
 
 }  // namespace quarlin

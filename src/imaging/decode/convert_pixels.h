@@ -8,7 +8,7 @@
 
 namespace quarlin {
 
-/// An 8-bit sample is a byte as it stands.
+/// An 8-bit sample is the byte.
 inline std::uint8_t sampleToByte(std::uint8_t sample) { return sample; }
 
 /// A 16-bit sample is divided by 257 and rounded: 65535 becomes 255.
@@ -26,30 +26,30 @@ inline void premultiplyPixels(std::uint8_t* pixels, std::int64_t count) {
     }
 }
 
-/// Turns `count` decoded pixels of `bands` samples (1 gray, 2 gray and alpha, 3 RGB, 4 RGBA) into
-/// RGBA of 8 bits, and says whether all of them are opaque.
-template <typename Sample, int bands>
+/// Converts `count` decoded pixels of `channels` samples (1 gray, 2 gray and alpha, 3 RGB, 4 RGBA) to RGBA of
+/// 8 bits, and returns whether all of them are opaque.
+template <typename Sample, int channels>
 bool spreadPixels(const Sample* input, std::int64_t count, std::uint8_t* output) {
-    constexpr bool isGray = bands <= 2;
-    constexpr bool hasAlpha = bands % 2 == 0;
+    constexpr bool isGray = channels <= 2;
+    constexpr bool hasAlpha = channels % 2 == 0;
     std::uint8_t allAlphas = 255;
     for (std::int64_t index = 0; index < count; ++index) {
-        const Sample* sample = input + index * bands;
+        const Sample* sample = input + index * channels;
         std::uint8_t* pixel = output + index * bytesPerPixel;
         pixel[0] = sampleToByte(sample[0]);
         pixel[1] = isGray ? pixel[0] : sampleToByte(sample[1]);
         pixel[2] = isGray ? pixel[0] : sampleToByte(sample[2]);
-        pixel[3] = hasAlpha ? sampleToByte(sample[bands - 1]) : std::uint8_t{255};
+        pixel[3] = hasAlpha ? sampleToByte(sample[channels - 1]) : std::uint8_t{255};
         allAlphas = static_cast<std::uint8_t>(allAlphas & pixel[3]);
     }
     return allAlphas == 255;
 }
 
 /// The same with the colors multiplied by their alpha.
-template <typename Sample, int bands>
-void storePixels(const Sample* input, std::int64_t count, std::uint8_t* output) {
-    // Most textures are opaque and need no more.
-    if (!spreadPixels<Sample, bands>(input, count, output)) {
+template <typename Sample, int channels>
+void convertPixels(const Sample* input, std::int64_t count, std::uint8_t* output) {
+    // Most textures are opaque, and then nothing is to be multiplied.
+    if (!spreadPixels<Sample, channels>(input, count, output)) {
         premultiplyPixels(output, count);
     }
 }

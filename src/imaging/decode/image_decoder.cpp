@@ -1,27 +1,60 @@
 #include "imaging/decode/image_decoder.h"
 
-#include "imaging/decode/bmp_decoder.h"
-#include "imaging/decode/jpeg_decoder.h"
-#include "imaging/decode/plain_png_decoder.h"
-#include "imaging/decode/vips_decoder.h"
+#include "imaging/decode/decode_error.h"
+#include "imaging/decode/formats/bmp_reader.h"
+#include "imaging/decode/formats/heif_reader.h"
+#include "imaging/decode/formats/jpeg_reader.h"
+#include "imaging/decode/formats/png_reader.h"
+#include "imaging/decode/formats/vips_reader.h"
+#include "imaging/pixels/image_view.h"
 
+#include <algorithm>
+#include <array>
 #include <new>
 
 namespace quarlin {
 
-QImage decodeImage(const QByteArray& bytes) {
-    try {
-        if (isBmp(bytes)) {
-            return decodeBmp(bytes);
-        }
-        if (isJpeg(bytes)) {
-            return decodeJpeg(bytes);
-        }
-        QImage plain = decodePlainPng(bytes);
-        return plain.isNull() ? decodeWithVips(bytes) : plain;
-    } catch (const std::bad_alloc&) {
-        return {};
+namespace {
+
+/// Formats that one reader serves.
+struct FormatFamily {
+    /// Whether the bytes begin as a file of the family does.
+    bool (*matches)(const QByteArray& bytes);
+    std::unique_ptr<RowReader> (*open)(const QByteArray& bytes);
+};
+
+constexpr std::array families{FormatFamily{isPng, openPng}, FormatFamily{isJpeg, openJpeg},
+                              FormatFamily{isBmp, openBmp}, FormatFamily{isHeif, openHeif},
+                              FormatFamily{isTiffGifOrWebp, openTiffGifOrWebp}};
+
+}  // namespace
+
+std::unique_ptr<RowReader> openImage(const QByteArray& bytes) {
+    const auto* const family = std::find_if(families.begin(), families.end(),
+                                            [&](const FormatFamily& each) { return each.matches(bytes); });
+    if (family == families.end()) {
+        throw DecodeError(DecodeProblem::notAnImage);
     }
+    return family->open(bytes);
+}
+
+QImage decodeImage(const QByteArray& bytes) { return readImage(*openImage(bytes)); }
+
+QImage readImage(RowReader& reader) {
+    // The first rows prove that there is something to decode: a header alone may claim any size, and memory
+    // for it should not be taken before that.
+    constexpr std::int64_t rowsBelieved = 16;
+    const std::int64_t left = reader.height() - reader.position();
+    const std::int64_t firstCount = std::min(left, rowsBelieved);
+    PixelBuffer first(static_cast<std::size_t>(firstCount * reader.bytesPerRow()));
+    reader.read(firstCount, first.data());
+    QImage image(static_cast<int>(reader.width()), static_cast<int>(left), pixelFormat);
+    if (image.isNull()) {
+        throw std::bad_alloc();
+    }
+    std::copy(first.begin(), first.end(), image.bits());
+    reader.read(left - firstCount, image.bits() + first.size());
+    return image;
 }
 
 }  // namespace quarlin

@@ -1,15 +1,26 @@
 #pragma once
 
+#include "imaging/pixels/row_reader.h"
+
 #include <QByteArray>
 #include <QImage>
 
+#include <memory>
+
 namespace quarlin {
 
-/// Decodes the bytes of an image file, told by what they hold, never by a name: PNG, JPEG, TIFF, BMP, GIF,
-/// HEIC, WebP and AVIF; of several images the first. Embedded color profiles are converted to sRGB,
-/// orientation tags ignored, 16 bits rounded to 8, colors then premultiplied with rounding. Gives an image
-/// of `pixelFormat`, or a null image when the bytes are no whole, intact image of at most `maximumPixels`
-/// pixels.
+/// Opens the image that the bytes of a file hold. The content decides on the format, never a name: PNG, JPEG,
+/// TIFF, BMP, GIF, HEIC, WebP and AVIF; of several images it is the first, or the one that the file declares
+/// the primary one. Embedded color profiles are converted to sRGB, orientation tags are ignored, 16 bits are
+/// rounded to 8, and then colors are premultiplied with rounding. Throws `DecodeError` if the bytes are not
+/// an image of at most `maximumPixels` pixels; its rows throw `DecodeError` if it is damaged.
+std::unique_ptr<RowReader> openImage(const QByteArray& bytes);
+
+/// The whole image, in `pixelFormat`. Throws `DecodeError`, and `std::bad_alloc` if memory runs out.
 QImage decodeImage(const QByteArray& bytes);
+
+/// The rows that `reader` has left, as an image in `pixelFormat`. Throws what the reader throws, and
+/// `std::bad_alloc` if memory runs out.
+QImage readImage(RowReader& reader);
 
 }  // namespace quarlin

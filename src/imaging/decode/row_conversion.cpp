@@ -1,40 +1,60 @@
 #include "imaging/decode/row_conversion.h"
 
+#include "imaging/color/color_conversion.h"
+#include "imaging/color/color_profile.h"
 #include "imaging/decode/convert_pixels.h"
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 #include <vector>
 
 namespace quarlin {
 
 namespace {
 
-template <typename Sample, int bands>
-RowStore<Sample> storeOf(StoredAlpha alpha) {
-    if (bands % 2 != 0 || alpha == StoredAlpha::straight) {
-        return storePixels<Sample, bands>;
-    }
-    return [](const Sample* input, std::int64_t count, std::uint8_t* output) {
-        spreadPixels<Sample, bands>(input, count, output);
-        for (std::int64_t index = 0; index < count; ++index) {
-            std::uint8_t* pixel = output + index * bytesPerPixel;
-            // No color is brighter than its alpha allows, whatever a file may say.
-            std::transform(pixel, pixel + 3, pixel,
-                           [&](std::uint8_t color) { return std::min(color, pixel[3]); });
-        }
-    };
+template <typename Sample, int channels>
+void convertSRGB(const void* samples, std::int64_t count, std::uint8_t* pixels) {
+    convertPixels<Sample, channels>(static_cast<const Sample*>(samples), count, pixels);
 }
 
-/// `count` pixels of `bands` samples with the colors divided by their alpha, which is the last sample.
+template <typename Sample, int channels>
+void convertPremultipliedSRGB(const void* samples, std::int64_t count, std::uint8_t* pixels) {
+    spreadPixels<Sample, channels>(static_cast<const Sample*>(samples), count, pixels);
+    for (std::int64_t index = 0; index < count; ++index) {
+        std::uint8_t* pixel = pixels + index * bytesPerPixel;
+        // No color is brighter than its alpha allows, whatever the file holds.
+        std::transform(pixel, pixel + 3, pixel,
+                       [&](std::uint8_t color) { return std::min(color, pixel[3]); });
+    }
+}
+
 template <typename Sample>
-std::vector<Sample> straightened(const Sample* input, std::int64_t count, int bands) {
+RowConversion conversionOfSRGB(const SampleForm& form) {
+    const bool isPremultiplied = form.alpha == FileAlpha::premultiplied;
+    switch (form.channels) {
+        case 1:
+            return convertSRGB<Sample, 1>;
+        case 2:
+            return isPremultiplied ? convertPremultipliedSRGB<Sample, 2> : convertSRGB<Sample, 2>;
+        case 3:
+            return convertSRGB<Sample, 3>;
+        case 4:
+            return isPremultiplied ? convertPremultipliedSRGB<Sample, 4> : convertSRGB<Sample, 4>;
+        default:
+            return {};
+    }
+}
+
+/// `count` pixels of `channels` samples with the colors divided by their alpha, which is the last sample.
+template <typename Sample>
+std::vector<Sample> straightened(const Sample* input, std::int64_t count, int channels) {
     constexpr std::uint64_t full = std::numeric_limits<Sample>::max();
-    std::vector<Sample> samples(input, input + count * bands);
-    for (auto pixel = samples.begin(); pixel != samples.end(); pixel += bands) {
-        const std::uint64_t alpha = *(pixel + bands - 1);
+    std::vector<Sample> samples(input, input + count * channels);
+    for (auto pixel = samples.begin(); pixel != samples.end(); pixel += channels) {
+        const std::uint64_t alpha = *(pixel + channels - 1);
         if (alpha > 0) {
-            std::transform(pixel, pixel + bands - 1, pixel, [&](Sample color) {
+            std::transform(pixel, pixel + channels - 1, pixel, [&](Sample color) {
                 return static_cast<Sample>(std::min(full, (color * full + alpha / 2) / alpha));
             });
         }
@@ -42,47 +62,57 @@ std::vector<Sample> straightened(const Sample* input, std::int64_t count, int ba
     return samples;
 }
 
+/// The conversion with a color conversion of `form`.
+template <typename Sample>
+RowConversion conversionBy(ColorConversion<Sample> convert, const SampleForm& form) {
+    return [=, convert = std::move(convert)](const void* samples, std::int64_t count, std::uint8_t* pixels) {
+        const auto* input = static_cast<const Sample*>(samples);
+        if (form.hasAlpha && form.alpha == FileAlpha::premultiplied) {
+            convert(straightened(input, count, form.channels).data(), count, pixels);
+        } else {
+            convert(input, count, pixels);
+        }
+        for (std::int64_t index = 0; index < count; ++index) {
+            pixels[index * bytesPerPixel + 3] =
+                form.hasAlpha ? sampleToByte(input[(index + 1) * form.channels - 1]) : std::uint8_t{255};
+        }
+        if (form.hasAlpha) {
+            premultiplyPixels(pixels, count);
+        }
+    };
+}
+
+/// Whether `profile` can be used for samples of `form`, and what it asks for.
+ProfileUse useOf(const QByteArray& profile, const SampleForm& form) {
+    return profile.isEmpty() ? ProfileUse::unusable : judgeProfile(profile, form.colorChannels());
+}
+
+template <typename Sample>
+RowConversion conversionOf(const SampleForm& form, const FileColors& colors) {
+    const auto conversionFrom = [&](const QByteArray& profile) {
+        return conversionToSRGB<Sample>(profile, form.colorChannels(), form.channels);
+    };
+    const ProfileUse use = useOf(colors.profile, form);
+    if (use == ProfileUse::samplesAreSRGB) {
+        return conversionOfSRGB<Sample>(form);
+    }
+    ColorConversion<Sample> conversion;
+    if (use == ProfileUse::convert) {
+        conversion = conversionFrom(colors.profile);
+    }
+    if (!conversion && colors.otherwise) {
+        if (const std::optional<QByteArray> profile = colors.otherwise()) {
+            conversion = conversionFrom(*profile);
+        }
+    }
+    return conversion ? conversionBy(std::move(conversion), form) : conversionOfSRGB<Sample>(form);
+}
+
 }  // namespace
 
-template <typename Sample>
-RowStore<Sample> storeAsTheyAre(int bands, StoredAlpha alpha) {
-    switch (bands) {
-        case 1:
-            return storeOf<Sample, 1>(alpha);
-        case 2:
-            return storeOf<Sample, 2>(alpha);
-        case 3:
-            return storeOf<Sample, 3>(alpha);
-        case 4:
-            return storeOf<Sample, 4>(alpha);
-        default:
-            return {};
-    }
+RowConversion rowConversion(const SampleForm& form, const FileColors& colors) {
+    return form.bits == 16 ? conversionOf<std::uint16_t>(form, colors)
+                           : conversionOf<std::uint8_t>(form, colors);
 }
-
-template <typename Sample>
-RowStore<Sample> storeConverted(ColorConversion<Sample> conversion, int bands, bool hasAlpha,
-                                StoredAlpha alpha) {
-    return
-        [=, convert = std::move(conversion)](const Sample* input, std::int64_t count, std::uint8_t* output) {
-            if (hasAlpha && alpha == StoredAlpha::premultiplied) {
-                convert(straightened(input, count, bands).data(), count, output);
-            } else {
-                convert(input, count, output);
-            }
-            for (std::int64_t index = 0; index < count; ++index) {
-                output[index * bytesPerPixel + 3] =
-                    hasAlpha ? sampleToByte(input[index * bands + bands - 1]) : std::uint8_t{255};
-            }
-            if (hasAlpha) {
-                premultiplyPixels(output, count);
-            }
-        };
-}
-
-template RowStore<std::uint8_t> storeAsTheyAre(int, StoredAlpha);
-template RowStore<std::uint16_t> storeAsTheyAre(int, StoredAlpha);
-template RowStore<std::uint8_t> storeConverted(ColorConversion<std::uint8_t>, int, bool, StoredAlpha);
-template RowStore<std::uint16_t> storeConverted(ColorConversion<std::uint16_t>, int, bool, StoredAlpha);
 
 }  // namespace quarlin

@@ -1,35 +1,45 @@
 #pragma once
 
-#include "imaging/color/color_conversion.h"
+#include <QByteArray>
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 namespace quarlin {
 
-/// Turns `count` decoded pixels into RGBA of 8 bits with premultiplied alpha. May be called from several
+/// Converts `count` decoded pixels to RGBA of 8 bits with premultiplied alpha. May be called from several
 /// threads at once.
-template <typename Sample>
-using RowStore = std::function<void(const Sample* input, std::int64_t count, std::uint8_t* output)>;
+using RowConversion = std::function<void(const void* samples, std::int64_t count, std::uint8_t* pixels)>;
 
-/// Whether the colors of a file are multiplied by their alpha already.
-enum class StoredAlpha { straight, premultiplied };
+/// Whether the colors of a file are already multiplied by their alpha.
+enum class FileAlpha { straight, premultiplied };
 
-/// Stores pixels of `bands` sRGB samples (1 gray, 2 gray and alpha, 3 RGB, 4 RGBA); empty for other numbers.
-/// `Sample` is an unsigned integer of 8 or 16 bits.
-template <typename Sample>
-RowStore<Sample> storeAsTheyAre(int bands, StoredAlpha alpha);
+/// The form of decoded pixels.
+struct SampleForm {
+    /// Samples per pixel, with alpha, which is the last.
+    int channels = 3;
+    bool hasAlpha = false;
+    /// Unsigned integers of 8 or 16 bits.
+    int bits = 8;
+    FileAlpha alpha = FileAlpha::straight;
 
-/// Stores pixels of `bands` samples whose colors need `conversion`; the last of them is alpha when
-/// `hasAlpha`.
-template <typename Sample>
-RowStore<Sample> storeConverted(ColorConversion<Sample> conversion, int bands, bool hasAlpha,
-                                StoredAlpha alpha);
+    /// The channels that carry color.
+    int colorChannels() const { return hasAlpha ? channels - 1 : channels; }
+    std::int64_t bytesPerPixel() const { return std::int64_t{channels} * bits / 8; }
+};
 
-extern template RowStore<std::uint8_t> storeAsTheyAre(int, StoredAlpha);
-extern template RowStore<std::uint16_t> storeAsTheyAre(int, StoredAlpha);
-extern template RowStore<std::uint8_t> storeConverted(ColorConversion<std::uint8_t>, int, bool, StoredAlpha);
-extern template RowStore<std::uint16_t> storeConverted(ColorConversion<std::uint16_t>, int, bool,
-                                                       StoredAlpha);
+/// What a file says about the colors of its samples.
+struct FileColors {
+    /// The embedded ICC profile; empty if there is none.
+    QByteArray profile;
+    /// The profile that counts if that one is missing or can't be used; nothing if samples count as sRGB
+    /// then.
+    std::function<std::optional<QByteArray>()> otherwise;
+};
+
+/// The conversion of pixels of `form` that `colors` ask for. Empty if there is none: samples that count as
+/// sRGB have 1 (gray), 2 (gray and alpha), 3 (RGB) or 4 (RGBA) channels.
+RowConversion rowConversion(const SampleForm& form, const FileColors& colors);
 
 }  // namespace quarlin

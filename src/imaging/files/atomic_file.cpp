@@ -1,5 +1,6 @@
 #include "imaging/files/atomic_file.h"
 
+#include "imaging/files/file_error.h"
 #include "imaging/files/file_names.h"
 
 #include <QDateTime>
@@ -28,18 +29,29 @@ bool isDraftName(const QString& name) {
            });
 }
 
+FileError writeError(const QFile& file, const QUrl& url) {
+    const bool isFull = file.error() == QFileDevice::ResourceError;
+    return {FileError::Action::write, isFull ? FileProblem::noSpace : FileProblem::other, url};
+}
+
 }  // namespace
 
-AtomicFile::AtomicFile(const QUrl& url) : m_target(url.toLocalFile()) {
-    // A name that is too long, or a link that leads nowhere but to itself, would come out only at the end.
+AtomicFile::AtomicFile(const QUrl& url) : m_url(url), m_target(url.toLocalFile()) {
+    const auto refuse = [&](FileProblem problem) {
+        throw FileError(FileError::Action::create, problem, url);
+    };
+    // A name that is too long, or a link that leads only to itself, would otherwise fail only at the end.
     std::error_code failure;
     if (std::filesystem::status(localPath(url), failure).type() == std::filesystem::file_type::none) {
-        return;
+        refuse(fileProblem(failure.value()));
     }
     const QFileInfo old(m_target);
     if (old.exists()) {
-        if (!old.isFile() || !old.isWritable()) {
-            return;
+        if (!old.isFile()) {
+            refuse(old.isDir() ? FileProblem::isFolder : FileProblem::notAFile);
+        }
+        if (!old.isWritable()) {
+            refuse(FileProblem::noPermission);
         }
         // A link keeps pointing at the file that it names.
         m_target = old.canonicalFilePath();
@@ -48,7 +60,13 @@ AtomicFile::AtomicFile(const QUrl& url) : m_target(url.toLocalFile()) {
     const QDir folder = QFileInfo(m_target).dir();
     const QString name = draftPrefix() + QString::number(QRandomGenerator::system()->generate64(), 16);
     m_file.setFileName(folder.filePath(name));
-    if (m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered) && old.exists()) {
+    if (!m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
+        refuse(!folder.exists()                               ? FileProblem::notFound
+               : m_file.error() == QFileDevice::ResourceError ? FileProblem::noSpace
+               : !QFileInfo(folder.path()).isWritable()       ? FileProblem::noPermission
+                                                              : FileProblem::other);
+    }
+    if (old.exists()) {
         m_file.setPermissions(old.permissions());
     }
 }
@@ -60,22 +78,26 @@ AtomicFile::~AtomicFile() {
     }
 }
 
-bool AtomicFile::write(QByteArrayView bytes) {
-    return m_file.write(bytes.data(), bytes.size()) == bytes.size();
+void AtomicFile::write(QByteArrayView bytes) {
+    if (m_file.write(bytes.data(), bytes.size()) != bytes.size()) {
+        throw writeError(m_file, m_url);
+    }
 }
 
-bool AtomicFile::commit() {
+void AtomicFile::commit() {
     m_file.close();
-    std::error_code failure;
-    if (m_file.error() == QFileDevice::NoError) {
-        std::filesystem::rename(localPath(QUrl::fromLocalFile(m_file.fileName())),
-                                localPath(QUrl::fromLocalFile(m_target)), failure);
-        if (!failure) {
-            return true;
-        }
+    if (m_file.error() != QFileDevice::NoError) {
+        const FileError error = writeError(m_file, m_url);
+        m_file.remove();
+        throw error;
     }
-    m_file.remove();
-    return false;
+    std::error_code failure;
+    std::filesystem::rename(localPath(QUrl::fromLocalFile(m_file.fileName())),
+                            localPath(QUrl::fromLocalFile(m_target)), failure);
+    if (failure) {
+        m_file.remove();
+        throw FileError(FileError::Action::write, fileProblem(failure.value()), m_url);
+    }
 }
 
 void removeAbandonedDrafts(const QUrl& folder) {

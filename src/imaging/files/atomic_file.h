@@ -7,32 +7,31 @@
 namespace quarlin {
 
 /// Writes a file so that a reader finds either the whole new content or the old one: everything goes to a
-/// hidden file in the same folder, which takes the name at the end. A file that is not committed leaves
-/// nothing behind.
+/// hidden file in the same folder, which is renamed at the end. A file that is not committed leaves nothing
+/// behind. Throws `FileError`.
 class AtomicFile {
 public:
+    /// Opens the file for writing. Throws if its name belongs to something other than a writable regular
+    /// file.
     explicit AtomicFile(const QUrl& url);
     ~AtomicFile();
     AtomicFile(const AtomicFile&) = delete;
     AtomicFile& operator=(const AtomicFile&) = delete;
 
-    /// Whether the file could be opened for writing. It can't where its name belongs to something that is no
-    /// writable regular file.
-    bool isOpen() const { return m_file.isOpen(); }
+    /// Appends bytes.
+    void write(QByteArrayView bytes);
 
-    /// Adds bytes; false when they can't be written.
-    bool write(QByteArrayView bytes);
-
-    /// Gives the file its name; false when it can't be completed.
-    bool commit();
+    /// Completes the file and gives it its name.
+    void commit();
 
 private:
+    QUrl m_url;
     QString m_target;
     QFile m_file;
 };
 
-/// Removes what exports that were killed have left in a folder: the hidden files of `AtomicFile` that nobody
-/// has written to for a day. A younger one may belong to another export that runs.
+/// Removes the hidden files that killed exports have left in a folder, if they were last written to more than
+/// a day ago. A newer one may belong to an export that is still running.
 void removeAbandonedDrafts(const QUrl& folder);
 
 }  // namespace quarlin

@@ -1,14 +1,43 @@
 #include "imaging/files/file_bytes.h"
 
+#include "imaging/files/file_error.h"
+#include "imaging/files/file_names.h"
+
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
+
+#include <filesystem>
+#include <system_error>
 
 #ifdef Q_OS_UNIX
 #include <sys/stat.h>
 #endif
 
 namespace quarlin {
+
+namespace {
+
+/// Why there is no regular file at `url`.
+FileProblem problemOf(const QUrl& url) {
+    if (!url.isLocalFile()) {
+        return FileProblem::notAFile;
+    }
+    std::error_code failure;
+    const std::filesystem::file_status status = std::filesystem::status(localPath(url), failure);
+    switch (status.type()) {
+        case std::filesystem::file_type::none:
+            return fileProblem(failure.value());
+        case std::filesystem::file_type::not_found:
+            return FileProblem::notFound;
+        case std::filesystem::file_type::directory:
+            return FileProblem::isFolder;
+        default:
+            return FileProblem::notAFile;
+    }
+}
+
+}  // namespace
 
 std::optional<FileStamp> fileStamp(const QUrl& url) {
     const QString path = url.toLocalFile();
@@ -43,18 +72,26 @@ std::optional<FileStamp> fileStamp(const QUrl& url) {
 #endif
 }
 
-std::optional<FileBytes> readFile(const QUrl& url) {
+FileBytes readFile(const QUrl& url) {
+    using Action = FileError::Action;
     const std::optional<FileStamp> before = fileStamp(url);
     if (!before) {
-        return std::nullopt;
+        throw FileError(Action::read, problemOf(url), url);
     }
     QFile file(url.toLocalFile());
     if (!file.open(QIODevice::ReadOnly)) {
-        return std::nullopt;
+        throw FileError(Action::read,
+                        file.error() == QFileDevice::PermissionsError || !QFileInfo(file).isReadable()
+                            ? FileProblem::noPermission
+                            : FileProblem::other,
+                        url);
     }
     FileBytes result{file.readAll(), *before};
-    if (file.error() != QFileDevice::NoError || fileStamp(url) != before) {
-        return std::nullopt;
+    if (file.error() != QFileDevice::NoError) {
+        throw FileError(Action::read, FileProblem::other, url);
+    }
+    if (fileStamp(url) != before) {
+        throw FileError(Action::read, FileProblem::changed, url);
     }
     return result;
 }

@@ -9,17 +9,17 @@
 
 namespace quarlin {
 
-/// What a file holds, and what it was when that was read.
+/// The content of a file, and the file's stamp when it was read.
 struct FileBytes {
     QByteArray bytes;
     FileStamp stamp;
 };
 
-/// The stamp of the regular file at `url`, symbolic links followed; nothing where there is none.
+/// The stamp of the regular file at `url`, symbolic links followed; nothing if there is no such file.
 std::optional<FileStamp> fileStamp(const QUrl& url);
 
-/// Reads the regular file at `url` whole; nothing when it is none (a folder, a pipe, a device), can't be
-/// read, or changes while it is read.
-std::optional<FileBytes> readFile(const QUrl& url);
+/// Reads the whole regular file at `url`. Throws `FileError` if it is not one (a folder, a pipe, a device),
+/// if it can't be read, and if it changes while it is read.
+FileBytes readFile(const QUrl& url);
 
 }  // namespace quarlin

@@ -7,17 +7,16 @@
 
 namespace quarlin {
 
-/// The name at the end of a file location, with its extension; of a folder, the folder's name.
+/// The name of a file with its extension, without its folder; for a folder, the folder's name.
 QString lastPathComponent(const QUrl& url);
 
-/// `lastPathComponent` without its extension: what follows the last dot, unless the name begins with that
-/// dot.
+/// `lastPathComponent` without its extension, which starts at the last dot unless the name starts there too.
 QString fileStem(const QUrl& url);
 
 /// The location of the file `name` in `folder`.
 QUrl fileIn(const QUrl& folder, const QString& name);
 
-/// The location as the standard library takes it.
+/// The location as a path of the standard library.
 std::filesystem::path localPath(const QUrl& url);
 
 }  // namespace quarlin

@@ -4,8 +4,8 @@
 
 namespace quarlin {
 
-/// What tells one state of a file from another: any write, replacement or truncation changes it. Times are in
-/// nanoseconds since the epoch where the system keeps them so finely.
+/// Identifies one state of a file: any write, replacement or truncation changes it. Times are in nanoseconds
+/// since the epoch, as precise as the system keeps them.
 struct FileStamp {
     std::uint64_t device = 0;
     std::uint64_t node = 0;

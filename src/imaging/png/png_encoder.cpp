@@ -4,6 +4,7 @@
 #include "imaging/deflate/pixel_deflate.h"
 #include "imaging/pixels/premultiply.h"
 #include "imaging/png/filter.h"
+#include "imaging/png/png_signature.h"
 
 #include <QtEndian>
 
@@ -223,7 +224,6 @@ void PngEncoder::keep(std::int64_t strip, const PixelBuffer& deflated, std::uint
 }
 
 QByteArray PngEncoder::beginning() const {
-    constexpr std::array<char, 8> signature{'\x89', 'P', 'N', 'G', '\r', '\n', '\x1A', '\n'};
     constexpr std::array<char, 5> eightBitRGBA{8, 6, 0, 0, 0};
     constexpr char perceptualIntent = 0;
     // The header of a zlib stream: deflate, a window of 32 KiB, compressed fast.
@@ -232,7 +232,7 @@ QByteArray PngEncoder::beginning() const {
     const QByteArray header = bigEndian(static_cast<quint32>(m_width)) +
                               bigEndian(static_cast<quint32>(m_height)) +
                               QByteArray(eightBitRGBA.data(), eightBitRGBA.size());
-    return QByteArray(signature.data(), signature.size()) + makeChunk("IHDR", header) +
+    return QByteArray(pngSignature.data(), pngSignature.size()) + makeChunk("IHDR", header) +
            makeChunk("sRGB", {&perceptualIntent, 1}) +
            makeChunk("IDAT", {zlibHeader.data(), static_cast<qsizetype>(zlibHeader.size())});
 }

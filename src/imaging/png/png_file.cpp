@@ -1,7 +1,7 @@
 #include "imaging/png/png_file.h"
 
-#include "engine/base/texture_processor_error.h"
 #include "imaging/base/parallel.h"
+#include "imaging/files/file_error.h"
 #include "imaging/files/file_names.h"
 
 #include <utility>
@@ -13,11 +13,11 @@ RowSource rowsOf(const ImageView& image) {
 }
 
 PngFile::PngFile(std::int64_t width, std::int64_t height, const QUrl& url)
-    : m_png(width, height),
-      m_url(url),
-      m_draft(std::make_unique<AtomicFile>(url)),
-      m_isEncoded(static_cast<std::size_t>(strips().count())) {
-    if (!m_draft->isOpen() || !m_draft->write(m_png.beginning())) {
+    : m_png(width, height), m_url(url), m_isEncoded(static_cast<std::size_t>(strips().count())) {
+    try {
+        m_draft = std::make_unique<AtomicFile>(url);
+        m_draft->write(m_png.beginning());
+    } catch (const FileError&) {
         dropDraft();
     }
 }
@@ -35,31 +35,38 @@ void PngFile::encodeGrayStrip(std::int64_t strip, const std::uint8_t* gray) {
 void PngFile::extendDraft(std::int64_t strip) {
     const std::lock_guard lock(m_mutex);
     m_isEncoded[static_cast<std::size_t>(strip)] = true;
-    while (m_draft && m_drafted < strips().count() && m_isEncoded[static_cast<std::size_t>(m_drafted)]) {
-        if (!m_draft->write(m_png.chunk(m_drafted++))) {
-            dropDraft();
+    try {
+        while (m_draft && m_drafted < strips().count() && m_isEncoded[static_cast<std::size_t>(m_drafted)]) {
+            m_draft->write(m_png.chunk(m_drafted++));
         }
+    } catch (const FileError&) {
+        dropDraft();
     }
 }
 
 bool PngFile::commitDraft() {
-    const bool isCommitted = m_draft && m_draft->write(m_png.ending()) && m_draft->commit();
+    if (!m_draft) {
+        return false;
+    }
+    bool isCommitted = true;
+    try {
+        m_draft->write(m_png.ending());
+        m_draft->commit();
+    } catch (const FileError&) {
+        isCommitted = false;
+    }
     dropDraft();
     return isCommitted;
 }
 
 void PngFile::write() const {
     AtomicFile file(m_url);
-    if (!file.isOpen()) {
-        throw TextureProcessorError::cannotCreatePNG(m_url);
+    file.write(m_png.beginning());
+    for (std::int64_t strip = 0; strip < strips().count(); ++strip) {
+        file.write(m_png.chunk(strip));
     }
-    bool isWritten = file.write(m_png.beginning());
-    for (std::int64_t strip = 0; isWritten && strip < strips().count(); ++strip) {
-        isWritten = file.write(m_png.chunk(strip));
-    }
-    if (!isWritten || !file.write(m_png.ending()) || !file.commit()) {
-        throw TextureProcessorError::cannotWritePNG(m_url);
-    }
+    file.write(m_png.ending());
+    file.commit();
 }
 
 PngFileSet::PngFileSet(QUrl folder, std::int64_t width, std::int64_t height)

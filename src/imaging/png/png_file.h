@@ -43,7 +43,7 @@ public:
     void dropDraft() { m_draft.reset(); }
 
     /// Once every strip is encoded: writes the file without its draft, whole or not at all. Throws
-    /// `cannotCreatePNG` when it can't be opened for writing, `cannotWritePNG` when it can't be completed.
+    /// `FileError`.
     void write() const;
 
 private:

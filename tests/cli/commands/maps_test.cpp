@@ -129,7 +129,7 @@ TEST_P(MapsFile, IsLeftOutByItsOption) {
     const FolderContents wanted = expected(settings);
     ASSERT_FALSE(wanted.contains(GetParam().name(u"Old_Wood"_s)));
 
-    const Outcome outcome = runCli(leastWords() + QStringList{QString::fromLatin1(GetParam().option)});
+    const Outcome outcome = runCli(leastArguments() + QStringList{QString::fromLatin1(GetParam().option)});
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
     expectSame(contentsOf(output() + u"/Old_Wood"_s), wanted);
 }

@@ -1,6 +1,6 @@
 // Bytes of a JPEG that belong to no part of its picture, and damage that looks like them.
 
-#include "imaging/decode/jpeg_padding.h"
+#include "imaging/decode/formats/jpeg_padding.h"
 
 #include "engine/base/texture_processor_error.h"
 #include "engine/texture_processor.h"

@@ -1,6 +1,6 @@
 // Straight and premultiplied alpha of TIFF files.
 
-#include "imaging/decode/tiff_alpha.h"
+#include "imaging/decode/formats/tiff_alpha.h"
 #include "color_profiles.h"
 #include "imaging/pixels/pixel_image.h"
 #include "picture.h"

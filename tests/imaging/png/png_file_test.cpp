@@ -1,6 +1,5 @@
 #include "imaging/png/png_file.h"
-#include "engine/base/texture_processor_error.h"
-#include "engine_errors.h"
+#include "imaging/files/file_error.h"
 #include "limited_writing.h"
 #include "picture.h"
 #include "png_files.h"
@@ -8,12 +7,25 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
 
 namespace {
+
+/// Expects `work` to throw the error of one action on one file.
+void expectFailure(const std::function<void()>& work, FileError::Action action, const QUrl& file) {
+    try {
+        work();
+        ADD_FAILURE() << "nothing failed";
+    } catch (const FileError& error) {
+        EXPECT_EQ(error.action(), action);
+        EXPECT_EQ(error.file(), file);
+    }
+}
 
 /// Three pictures of noise, each of several strips.
 class PngFiles : public testing::Test {
@@ -103,11 +115,7 @@ TEST_F(PngFiles, AFileThatFailsAtItsEndGetsTheSpaceOfLaterDrafts) {
     files.encode(images());
     QStringList written;
     const FullDisk full(1000);
-    EXPECT_EQ(errorOf([&] {
-                  files.commit(written);
-                  return true;
-              }),
-              TextureProcessorError::cannotWritePNG(folder.url(names[0])));
+    expectFailure([&] { files.commit(written); }, FileError::Action::write, folder.url(names[0]));
     // The set still exists, but its drafts do not.
     EXPECT_EQ(folder.names(), QStringList());
 }
@@ -121,11 +129,7 @@ TEST_F(PngFiles, AfterAFileThatCannotBeCreatedNothingIsWrittenOrLeft) {
         }
         files.encode(images());
         QStringList written;
-        EXPECT_EQ(errorOf([&] {
-                      files.commit(written);
-                      return true;
-                  }),
-                  TextureProcessorError::cannotCreatePNG(folder.url(names[1])));
+        expectFailure([&] { files.commit(written); }, FileError::Action::create, folder.url(names[1]));
         EXPECT_EQ(written, names.first(1));
     }
     EXPECT_EQ(folder.names(), names.first(2));

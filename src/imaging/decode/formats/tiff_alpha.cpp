@@ -1,4 +1,4 @@
-#include "imaging/decode/tiff_alpha.h"
+#include "imaging/decode/formats/tiff_alpha.h"
 
 #include <QtEndian>
 
@@ -9,7 +9,7 @@ namespace quarlin {
 
 namespace {
 
-/// Reads numbers of a TIFF file, or nothing where they would lie outside.
+/// Reads the numbers of a TIFF file; gives nothing for a position outside of it.
 class TiffNumbers {
 public:
     TiffNumbers(const QByteArray& bytes, bool bigEndian) : m_bytes(bytes), m_bigEndian(bigEndian) {}
@@ -29,7 +29,8 @@ private:
     bool m_bigEndian;
 };
 
-/// Where the value of the first page's ExtraSamples field stands, when it is a single one in its place.
+/// The position of the value of the first page's ExtraSamples field, if it is a single one, stored in the
+/// entry.
 template <typename Offset, typename EntryCount>
 std::optional<std::uint64_t> placeOfExtraSample(const TiffNumbers& numbers, std::uint64_t offsetPosition) {
     constexpr std::uint16_t extraSamplesTag = 338;

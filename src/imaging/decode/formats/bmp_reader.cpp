@@ -1,15 +1,20 @@
-#include "imaging/decode/bmp_decoder.h"
+#include "imaging/decode/formats/bmp_reader.h"
 
+#include "imaging/base/pixel_size.h"
 #include "imaging/decode/convert_pixels.h"
+#include "imaging/decode/decode_error.h"
+#include "imaging/decode/start_imaging.h"
 #include "imaging/pixels/image_view.h"
 
 #include <QBuffer>
 #include <QImageReader>
 #include <QtEndian>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <optional>
+#include <utility>
 
 namespace quarlin {
 
@@ -20,8 +25,8 @@ T valueAt(const QByteArray& bytes, qsizetype offset) {
     return qFromLittleEndian<T>(bytes.constData() + offset);
 }
 
-/// Follows run-length codes from `position`: whether they give every pixel of every row a value, and none
-/// outside. The decoder below leaves a pixel that is skipped to whatever the memory held before.
+/// Whether the run-length codes from `position` on give every pixel of every row a value, and no other one.
+/// Qt's reader would leave a skipped pixel undefined.
 bool runsFillEveryPixel(const QByteArray& bytes, qsizetype position, bool fourBits, std::int64_t width,
                         std::int64_t height) {
     std::int64_t column = 0;
@@ -103,48 +108,69 @@ std::optional<Header> readHeader(const QByteArray& bytes) {
     return header;
 }
 
-/// Whether the file holds every pixel that its header promises, and where it says. The decoder below leaves
-/// what is missing to whatever the memory held before.
-bool isComplete(const QByteArray& bytes) {
-    const std::optional<Header> header = readHeader(bytes);
-    if (!header || !isUsableSize(header->width, header->height)) {
-        return false;
-    }
+/// Whether the file holds every pixel that its header promises, at the place that it declares. Qt's reader
+/// would leave what is missing undefined.
+bool isComplete(const QByteArray& bytes, const Header& header) {
     const qsizetype pixelOffset = valueAt<std::uint32_t>(bytes, 10);
-    if (pixelOffset < header->end || pixelOffset > bytes.size()) {
+    if (pixelOffset < header.end || pixelOffset > bytes.size()) {
         return false;
     }
     constexpr std::uint32_t runLength8 = 1;
     constexpr std::uint32_t runLength4 = 2;
-    if (header->compression == runLength8 || header->compression == runLength4) {
-        return runsFillEveryPixel(bytes, pixelOffset, header->compression == runLength4, header->width,
-                                  header->height);
+    if (header.compression == runLength8 || header.compression == runLength4) {
+        return runsFillEveryPixel(bytes, pixelOffset, header.compression == runLength4, header.width,
+                                  header.height);
     }
-    const std::int64_t bytesPerRow = (header->width * header->bitsPerPixel + 31) / 32 * 4;
-    return bytesPerRow * header->height <= bytes.size() - pixelOffset;
+    const std::int64_t bytesPerRow = (header.width * header.bitsPerPixel + 31) / 32 * 4;
+    return bytesPerRow * header.height <= bytes.size() - pixelOffset;
 }
+
+QImage decode(const QByteArray& bytes) {
+    startImaging();
+    QBuffer buffer;
+    buffer.setData(bytes);
+    QImageReader reader(&buffer, "bmp");
+    QImage image = reader.read().convertToFormat(QImage::Format_RGBA8888);
+    if (image.isNull()) {
+        throw DecodeError(DecodeProblem::damaged);
+    }
+    convertPixels<std::uint8_t, 4>(image.constBits(), image.sizeInBytes() / bytesPerPixel, image.bits());
+    image.reinterpretAsFormat(pixelFormat);
+    return image;
+}
+
+/// Rows are usually stored from the bottom, so they are all decoded before the first is given.
+class BmpReader final : public RowReader {
+public:
+    BmpReader(QByteArray bytes, const Header& header)
+        : RowReader(header.width, header.height), m_bytes(std::move(bytes)) {}
+
+private:
+    void readRows(std::int64_t count, std::uint8_t* rows) override {
+        if (m_image.isNull()) {
+            m_image = decode(m_bytes);
+            m_bytes.clear();
+            if (m_image.width() != width() || m_image.height() != height()) {
+                throw DecodeError(DecodeProblem::damaged);
+            }
+        }
+        std::copy_n(ImageView(m_image).row(position()), count * bytesPerRow(), rows);
+    }
+
+    QByteArray m_bytes;
+    QImage m_image;
+};
 
 }  // namespace
 
 bool isBmp(const QByteArray& bytes) { return bytes.startsWith("BM"); }
 
-QImage decodeBmp(const QByteArray& bytes) {
-    if (!isComplete(bytes)) {
-        return {};
+std::unique_ptr<RowReader> openBmp(const QByteArray& bytes) {
+    const std::optional<Header> header = readHeader(bytes);
+    if (!header || !isUsableSize(header->width, header->height) || !isComplete(bytes, *header)) {
+        throw DecodeError(DecodeProblem::damaged);
     }
-    // Sizes are checked above; large textures exceed the reader's own limit.
-    QImageReader::setAllocationLimit(0);
-    QBuffer buffer;
-    buffer.setData(bytes);
-    QImageReader reader(&buffer, "bmp");
-    QImage straight = reader.read().convertToFormat(QImage::Format_RGBA8888);
-    if (straight.isNull()) {
-        return {};
-    }
-    storePixels<std::uint8_t, 4>(straight.constBits(), straight.sizeInBytes() / bytesPerPixel,
-                                 straight.bits());
-    straight.reinterpretAsFormat(pixelFormat);
-    return straight;
+    return std::make_unique<BmpReader>(bytes, *header);
 }
 
 }  // namespace quarlin

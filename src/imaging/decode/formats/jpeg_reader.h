@@ -1,19 +1,22 @@
 #pragma once
 
+#include "imaging/pixels/row_reader.h"
+
 #include <QByteArray>
-#include <QImage>
+
+#include <memory>
 
 namespace quarlin {
 
 /// Whether the bytes begin as a JPEG file does.
 bool isJpeg(const QByteArray& bytes);
 
-/// Decodes a JPEG file to `pixelFormat`; a null image when it is damaged or cut short.
+/// Opens a JPEG file; throws `DecodeError`. A warning of the decoder counts as damage.
 ///
 /// Bytes between the segments of the header do no harm, and neither do zeros that pad a scan. But zeros are
 /// valid codes, too: the part of a file that was never written (a copy or a download that broke off) decodes
-/// to flat color without a word. So a scan that ends in zeros must either need every one of them, as flat
+/// to flat color without a warning. So a scan that ends in zeros must need either all of them, as flat
 /// pictures do, or none.
-QImage decodeJpeg(const QByteArray& bytes);
+std::unique_ptr<RowReader> openJpeg(const QByteArray& bytes);
 
 }  // namespace quarlin

@@ -1,4 +1,4 @@
-#include "imaging/decode/jpeg_padding.h"
+#include "imaging/decode/formats/jpeg_padding.h"
 
 #include <QtEndian>
 
@@ -28,7 +28,7 @@ bool isMarker(const QByteArray& bytes, qsizetype position) {
     return code >= startOfImage ? code != markerPrefix : code > 0 && code < firstRestart;
 }
 
-/// The first marker at or behind `position`; the end of the bytes when there is none.
+/// The first marker at or after `position`; the end of the bytes if there is none.
 qsizetype nextMarker(const QByteArray& bytes, qsizetype position) {
     constexpr auto prefix = static_cast<char>(markerPrefix);
     position = bytes.indexOf(prefix, position);
@@ -38,7 +38,7 @@ qsizetype nextMarker(const QByteArray& bytes, qsizetype position) {
     return position >= 0 ? position : bytes.size();
 }
 
-/// `scan` without the zeros at its end. One behind 0xff is part of a sample.
+/// `scan` without the zeros at its end. A zero after 0xff is part of a code.
 QByteArrayView withoutZeros(QByteArrayView scan) {
     qsizetype length = scan.size();
     while (length > 0 && scan[length - 1] == '\0') {

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QUrl>
+
+#include <exception>
+#include <utility>
+
+namespace quarlin {
+
+/// Why the bytes of a file can't be decoded.
+enum class DecodeProblem {
+    /// They are not of a format that can be read.
+    notAnImage,
+    /// They are cut off, contradict themselves, or use something that the format's decoder does not know.
+    damaged,
+    /// There is not enough memory for the image.
+    tooLarge,
+};
+
+/// The bytes of a file can't be decoded.
+class DecodeError : public std::exception {
+public:
+    explicit DecodeError(DecodeProblem problem, QUrl file = {})
+        : m_problem(problem), m_file(std::move(file)) {}
+
+    DecodeProblem problem() const { return m_problem; }
+    /// The file, if the bytes were read from one.
+    const QUrl& file() const { return m_file; }
+    const char* what() const noexcept override { return "an image can't be decoded"; }
+
+private:
+    DecodeProblem m_problem;
+    QUrl m_file;
+};
+
+}  // namespace quarlin

@@ -1,0 +1,131 @@
+#include "imaging/decode/formats/jpeg_decompressor.h"
+
+#include "imaging/base/pixel_size.h"
+#include "imaging/decode/decode_error.h"
+
+#include <algorithm>
+#include <array>
+#include <csetjmp>
+#include <cstdio>
+// The library's header needs FILE before it.
+#include <jpeglib.h>
+#include <string_view>
+#include <utility>
+
+namespace quarlin {
+
+/// The library's state, with what its callbacks need.
+struct JpegDecompressor::Library {
+    jpeg_decompress_struct jpeg{};
+    jpeg_error_mgr errors{};
+    std::jmp_buf failure{};
+
+    Library() {
+        jpeg.err = jpeg_std_error(&errors);
+        errors.emit_message = noteWarning;
+        errors.error_exit = leave;
+        jpeg.client_data = this;
+    }
+
+    static void noteWarning(j_common_ptr common, int level) {
+        if (level < 0) {
+            ++common->err->num_warnings;
+        }
+    }
+    [[noreturn]] static void leave(j_common_ptr common) {
+        std::longjmp(static_cast<Library*>(common->client_data)->failure, 1);
+    }
+
+    /// Calls functions of the library; false if one of them fails. A failure jumps out of `work`, so nothing
+    /// in there may need a destructor.
+    template <typename Work>
+    bool succeeds(const Work& work) {
+        if (setjmp(failure) != 0) {
+            return false;
+        }
+        work();
+        return true;
+    }
+};
+
+JpegDecompressor::JpegDecompressor(QByteArray bytes, JpegExtent extent)
+    : m_bytes(std::move(bytes)), m_extent(extent), m_library(std::make_unique<Library>()) {
+    jpeg_decompress_struct& jpeg = m_library->jpeg;
+    const bool isOpen = m_library->succeeds([&] {
+        constexpr int profileMarker = JPEG_APP0 + 2;
+        constexpr unsigned wholeMarker = 0xffff;
+        jpeg_create_decompress(&jpeg);
+        jpeg_mem_src(&jpeg, reinterpret_cast<const unsigned char*>(m_bytes.constData()),
+                     static_cast<unsigned long>(m_bytes.size()));
+        jpeg_save_markers(&jpeg, profileMarker, wholeMarker);
+        jpeg_read_header(&jpeg, TRUE);
+        jpeg_calc_output_dimensions(&jpeg);
+    });
+    if (!isOpen || !isPlausibleSize(jpeg.image_width, jpeg.image_height, m_bytes.size())) {
+        jpeg_destroy_decompress(&jpeg);
+        throw DecodeError(DecodeProblem::damaged);
+    }
+}
+
+JpegDecompressor::~JpegDecompressor() { jpeg_destroy_decompress(&m_library->jpeg); }
+
+std::int64_t JpegDecompressor::width() const { return m_library->jpeg.image_width; }
+std::int64_t JpegDecompressor::height() const { return m_library->jpeg.image_height; }
+int JpegDecompressor::channels() const { return m_library->jpeg.out_color_components; }
+bool JpegDecompressor::isCmyk() const { return m_library->jpeg.out_color_space == JCS_CMYK; }
+
+QByteArray JpegDecompressor::colorProfile() const {
+    // Each marker holds a part of the profile: this text, the number of the part from 1, the number of parts.
+    constexpr std::string_view title("ICC_PROFILE\0", 12);
+    constexpr qsizetype headSize = 14;
+    std::array<QByteArrayView, 255> parts;
+    for (jpeg_saved_marker_ptr marker = m_library->jpeg.marker_list; marker != nullptr;
+         marker = marker->next) {
+        const QByteArrayView data(marker->data, static_cast<qsizetype>(marker->data_length));
+        if (data.size() > headSize && data.startsWith(QByteArrayView(title))) {
+            const auto number = static_cast<std::uint8_t>(data[title.size()]);
+            if (number > 0) {
+                parts[number - std::size_t{1}] = data.sliced(headSize);
+            }
+        }
+    }
+    QByteArray profile;
+    for (auto part = parts.begin(); part != parts.end() && !part->isEmpty(); ++part) {
+        profile += *part;
+    }
+    return profile;
+}
+
+void JpegDecompressor::expectNoWarning() const {
+    if (m_library->errors.num_warnings > 0) {
+        throw DecodeError(DecodeProblem::damaged);
+    }
+}
+
+void JpegDecompressor::readRow(std::uint8_t* samples) {
+    jpeg_decompress_struct& jpeg = m_library->jpeg;
+    const bool isRead = m_library->succeeds([&] {
+        // Of several scans, all are read here.
+        if (!m_isStarted) {
+            m_isStarted = true;
+            jpeg_start_decompress(&jpeg);
+        }
+        JSAMPROW row = samples;
+        jpeg_read_scanlines(&jpeg, &row, 1);
+        if (m_extent == JpegExtent::wholeFile && jpeg.output_scanline == jpeg.output_height &&
+            jpeg.err->num_warnings == 0) {
+            jpeg_finish_decompress(&jpeg);
+        }
+    });
+    if (!isRead) {
+        throw DecodeError(DecodeProblem::damaged);
+    }
+    expectNoWarning();
+    // Files of inks hold the amount of light, as image editors write them.
+    if (isCmyk()) {
+        std::transform(samples, samples + width() * channels(), samples,
+                       [](std::uint8_t sample) { return static_cast<std::uint8_t>(255 - sample); });
+    }
+}
+
+}  // namespace quarlin

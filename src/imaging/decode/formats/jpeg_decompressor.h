@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <cstdint>
+#include <memory>
+
+namespace quarlin {
+
+/// How much of a JPEG file has to be without flaw.
+enum class JpegExtent {
+    /// Everything up to the last row.
+    rows,
+    /// Everything up to the end marker: nothing is missing and nothing left over.
+    wholeFile,
+};
+
+/// Decodes one JPEG file row by row. Throws `DecodeError` if it is damaged, which any warning of the library
+/// means.
+class JpegDecompressor {
+public:
+    /// Reads the header.
+    JpegDecompressor(QByteArray bytes, JpegExtent extent);
+    ~JpegDecompressor();
+    JpegDecompressor(const JpegDecompressor&) = delete;
+    JpegDecompressor& operator=(const JpegDecompressor&) = delete;
+
+    std::int64_t width() const;
+    std::int64_t height() const;
+    /// Samples per pixel: 1 gray, 3 RGB, 4 inks.
+    int channels() const;
+    bool isCmyk() const;
+    /// The embedded ICC profile; empty if there is none.
+    QByteArray colorProfile() const;
+
+    /// Reads the next row of `width() * channels()` samples. Inks are 0 for none and 255 for all.
+    void readRow(std::uint8_t* samples);
+
+private:
+    struct Library;
+
+    void expectNoWarning() const;
+
+    QByteArray m_bytes;
+    JpegExtent m_extent;
+    std::unique_ptr<Library> m_library;
+    bool m_isStarted = false;
+};
+
+}  // namespace quarlin

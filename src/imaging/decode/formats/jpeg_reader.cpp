@@ -1,0 +1,75 @@
+#include "imaging/decode/formats/jpeg_reader.h"
+
+#include "imaging/decode/alternative_rows.h"
+#include "imaging/decode/decode_error.h"
+#include "imaging/decode/formats/jpeg_decompressor.h"
+#include "imaging/decode/formats/jpeg_padding.h"
+#include "imaging/decode/row_conversion.h"
+#include "imaging/decode/two_step_reader.h"
+#include "imaging/decode/vips_library.h"
+
+#include <utility>
+
+namespace quarlin {
+
+namespace {
+
+SampleForm formOf(const JpegDecompressor& jpeg) {
+    SampleForm form;
+    form.channels = jpeg.channels();
+    // The standard knows no alpha; two components of no known color model are taken as gray with alpha.
+    form.hasAlpha = form.channels == 2;
+    return form;
+}
+
+class JpegReader final : public TwoStepReader {
+public:
+    JpegReader(std::unique_ptr<JpegDecompressor> jpeg, RowConversion conversion)
+        : TwoStepReader(jpeg->width(), jpeg->height(), jpeg->width() * jpeg->channels()),
+          m_jpeg(std::move(jpeg)),
+          m_conversion(std::move(conversion)) {}
+
+private:
+    void decodeRows(std::int64_t count, std::uint8_t* samples) override {
+        for (std::int64_t row = 0; row < count; ++row) {
+            m_jpeg->readRow(samples + row * samplesPerRow());
+        }
+    }
+    void convertRows(std::int64_t count, std::uint8_t* samples, std::uint8_t* pixels) override {
+        m_conversion(samples, count * width(), pixels);
+    }
+
+    std::unique_ptr<JpegDecompressor> m_jpeg;
+    RowConversion m_conversion;
+};
+
+std::unique_ptr<RowReader> openCleaned(const QByteArray& bytes, JpegExtent extent) {
+    auto jpeg = std::make_unique<JpegDecompressor>(bytes, extent);
+    FileColors colors{jpeg->colorProfile(), {}};
+    if (jpeg->isCmyk()) {
+        colors.otherwise = defaultCmykProfile;
+    }
+    RowConversion conversion = rowConversion(formOf(*jpeg), colors);
+    if (!conversion) {
+        throw DecodeError(DecodeProblem::damaged);
+    }
+    return std::make_unique<JpegReader>(std::move(jpeg), std::move(conversion));
+}
+
+}  // namespace
+
+bool isJpeg(const QByteArray& bytes) { return bytes.startsWith("\xff\xd8\xff"); }
+
+std::unique_ptr<RowReader> openJpeg(const QByteArray& bytes) {
+    const JpegParts parts = jpegParts(bytes);
+    if (parts.withoutZeros == parts.clean) {
+        return openCleaned(parts.clean, JpegExtent::rows);
+    }
+    // If the picture needs all of the zeros, the file is without flaw with them; otherwise it must be so
+    // without them, and the rows are the same.
+    return std::make_unique<AlternativeRows>(
+        openCleaned(parts.clean, JpegExtent::wholeFile),
+        [bytes = parts.withoutZeros] { return openCleaned(bytes, JpegExtent::wholeFile); });
+}
+
+}  // namespace quarlin

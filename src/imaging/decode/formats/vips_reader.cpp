@@ -1,0 +1,169 @@
+#include "imaging/decode/formats/vips_reader.h"
+
+#include "imaging/base/pixel_size.h"
+#include "imaging/decode/decode_error.h"
+#include "imaging/decode/formats/tiff_alpha.h"
+#include "imaging/decode/row_conversion.h"
+#include "imaging/decode/two_step_reader.h"
+#include "imaging/decode/vips_library.h"
+
+#include <vips/vips.h>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+
+namespace quarlin {
+
+namespace {
+
+struct Unreferencer {
+    void operator()(void* object) const { g_object_unref(object); }
+};
+using Image = std::unique_ptr<VipsImage, Unreferencer>;
+using Region = std::unique_ptr<VipsRegion, Unreferencer>;
+
+[[noreturn]] void refuse() {
+    vips_error_clear();
+    throw DecodeError(DecodeProblem::damaged);
+}
+
+/// The result of a libvips operation whose last fixed argument is the output image.
+template <typename Operation>
+Image result(Operation operation) {
+    VipsImage* output = nullptr;
+    if (operation(&output) != 0) {
+        refuse();
+    }
+    return Image(output);
+}
+
+/// Whether the loader is one of those that are used. libvips has more, not all of them safe for files from
+/// strangers.
+bool isSupportedLoader(const char* loader) {
+    constexpr std::array<std::string_view, 4> supported{
+        "VipsForeignLoadPngBuffer", "VipsForeignLoadTiffBuffer", "VipsForeignLoadNsgifBuffer",
+        "VipsForeignLoadWebpBuffer"};
+    return loader != nullptr && std::find(supported.begin(), supported.end(), loader) != supported.end();
+}
+
+bool isCmyk(VipsImage* image) { return vips_image_guess_interpretation(image) == VIPS_INTERPRETATION_CMYK; }
+
+SampleForm formOf(VipsImage* image, FileAlpha alpha) {
+    return {.channels = vips_image_get_bands(image),
+            .hasAlpha = vips_image_hasalpha(image) != 0,
+            .bits = vips_image_get_format(image) == VIPS_FORMAT_USHORT ? 16 : 8,
+            .alpha = alpha};
+}
+
+QByteArray embeddedProfile(VipsImage* image) {
+    const void* data = nullptr;
+    std::size_t size = 0;
+    if (vips_image_get_typeof(image, VIPS_META_ICC_NAME) == 0 ||
+        vips_image_get_blob(image, VIPS_META_ICC_NAME, &data, &size) != 0) {
+        vips_error_clear();
+        return {};
+    }
+    return {static_cast<const char*>(data), static_cast<qsizetype>(size)};
+}
+
+/// The image with 8-bit sRGB samples, whatever it holds.
+Image plainSRGB(const Image& image) {
+    const Image converted = result([&](VipsImage** out) {
+        return vips_colourspace(image.get(), out, VIPS_INTERPRETATION_sRGB, nullptr);
+    });
+    return result([&](VipsImage** out) { return vips_cast_uchar(converted.get(), out, nullptr); });
+}
+
+/// Whether a `RowConversion` can convert the samples: 8 or 16 bits of gray, RGB or inks.
+bool hasOrdinarySamples(VipsImage* image) {
+    const VipsBandFormat format = vips_image_get_format(image);
+    const int channels = formOf(image, FileAlpha::straight).colorChannels();
+    return (format == VIPS_FORMAT_UCHAR || format == VIPS_FORMAT_USHORT) &&
+           (channels == 1 || channels == 3 || isCmyk(image));
+}
+
+class VipsReader final : public TwoStepReader {
+public:
+    /// `image` reads from `bytes`.
+    VipsReader(QByteArray bytes, Image image, const SampleForm& form, RowConversion conversion)
+        : TwoStepReader(vips_image_get_width(image.get()), vips_image_get_height(image.get()),
+                        vips_image_get_width(image.get()) * form.bytesPerPixel()),
+          m_bytes(std::move(bytes)),
+          m_image(std::move(image)),
+          m_conversion(std::move(conversion)) {}
+
+private:
+    void decodeRows(std::int64_t count, std::uint8_t* samples) override {
+        // A region belongs to the thread that made it, and the next rows may be decoded by another one.
+        const Region region(vips_region_new(m_image.get()));
+        const VipsRect area{0, static_cast<int>(m_decodedRows), static_cast<int>(width()),
+                            static_cast<int>(count)};
+        if (!region || vips_region_prepare(region.get(), &area) != 0) {
+            refuse();
+        }
+        for (std::int64_t row = 0; row < count; ++row) {
+            std::copy_n(VIPS_REGION_ADDR(region.get(), 0, static_cast<int>(m_decodedRows + row)),
+                        samplesPerRow(), samples + row * samplesPerRow());
+        }
+        m_decodedRows += count;
+    }
+
+    void convertRows(std::int64_t count, std::uint8_t* samples, std::uint8_t* pixels) override {
+        m_conversion(samples, count * width(), pixels);
+    }
+
+    QByteArray m_bytes;
+    Image m_image;
+    std::int64_t m_decodedRows = 0;
+    RowConversion m_conversion;
+};
+
+}  // namespace
+
+bool isTiffGifOrWebp(const QByteArray& bytes) {
+    const auto beginsWith = [&](std::string_view signature) {
+        return bytes.startsWith(QByteArrayView(signature));
+    };
+    using namespace std::string_view_literals;
+    return beginsWith("II\x2a\0"sv) || beginsWith("MM\0\x2a"sv) || beginsWith("II\x2b\0"sv) ||
+           beginsWith("MM\0\x2b"sv) || beginsWith("GIF8"sv) ||
+           (beginsWith("RIFF"sv) && bytes.mid(8, 4) == "WEBP");
+}
+
+std::unique_ptr<RowReader> openTiffGifOrWebp(const QByteArray& bytes) { return openWithVips(bytes, {}); }
+
+std::unique_ptr<RowReader> openWithVips(QByteArray bytes, const ProfileOfChannels& otherProfile) {
+    startVips();
+    const FileAlpha alpha =
+        markPremultipliedTiffAsStraight(bytes) ? FileAlpha::premultiplied : FileAlpha::straight;
+    const auto size = static_cast<std::size_t>(bytes.size());
+    const char* loader = vips_foreign_find_load_buffer(bytes.constData(), size);
+    if (!isSupportedLoader(loader)) {
+        refuse();
+    }
+    Image image(vips_image_new_from_buffer(bytes.constData(), size, "", "access", VIPS_ACCESS_SEQUENTIAL,
+                                           "fail_on", VIPS_FAIL_ON_ERROR, nullptr));
+    if (!image || !isPlausibleSize(vips_image_get_width(image.get()), vips_image_get_height(image.get()),
+                                   bytes.size())) {
+        refuse();
+    }
+    if (!hasOrdinarySamples(image.get())) {
+        image = plainSRGB(image);
+    }
+    const SampleForm form = formOf(image.get(), alpha);
+    const FileColors colors{embeddedProfile(image.get()), [&]() -> std::optional<QByteArray> {
+                                if (isCmyk(image.get())) {
+                                    return defaultCmykProfile();
+                                }
+                                return otherProfile ? otherProfile(form.colorChannels()) : std::nullopt;
+                            }};
+    RowConversion conversion = rowConversion(form, colors);
+    if (!conversion) {
+        refuse();
+    }
+    return std::make_unique<VipsReader>(std::move(bytes), std::move(image), form, std::move(conversion));
+}
+
+}  // namespace quarlin

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <optional>
+
+namespace quarlin {
+
+/// Starts libvips and makes its settings, once for the process, which takes some 50 milliseconds. Throws
+/// `DecodeError` if it can't be started.
+void startVips();
+
+/// The ICC profile that libvips brings along for four inks (cyan, magenta, yellow, black); nothing if that
+/// can't be loaded.
+std::optional<QByteArray> defaultCmykProfile();
+
+}  // namespace quarlin

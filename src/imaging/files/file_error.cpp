@@ -1,0 +1,30 @@
+#include "imaging/files/file_error.h"
+
+#include <cerrno>
+
+namespace quarlin {
+
+const char* FileError::what() const noexcept {
+    return m_action == Action::read ? "a file can't be read" : "a file can't be written";
+}
+
+FileProblem fileProblem(int errorNumber) {
+    switch (errorNumber) {
+        case ENOENT:
+        case ENOTDIR:
+            return FileProblem::notFound;
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            return FileProblem::noPermission;
+        case EISDIR:
+            return FileProblem::isFolder;
+        case ENOSPC:
+        case EDQUOT:
+            return FileProblem::noSpace;
+        default:
+            return FileProblem::other;
+    }
+}
+
+}  // namespace quarlin
