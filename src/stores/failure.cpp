@@ -7,8 +7,6 @@
 
 namespace quarlin {
 
-using namespace Qt::StringLiterals;
-
 std::optional<QString> failureOf(const std::function<void()>& work) {
     try {
         work();
@@ -16,7 +14,7 @@ std::optional<QString> failureOf(const std::function<void()>& work) {
     } catch (const EngineError& error) {
         return error.errorDescription();
     } catch (const std::bad_alloc&) {
-        return u"Not enough memory."_s;
+        return outOfMemoryDescription();
     } catch (const std::exception& error) {
         return QString::fromLocal8Bit(error.what());
     }

@@ -28,7 +28,7 @@ SetOutcome outcomeOf(const SetJob& job) {
     } catch (const CommandFailure& failure) {
         return SetOutcome::failed(failure.message());
     } catch (const std::bad_alloc&) {
-        return SetOutcome::failed(u"Export failed: Not enough memory"_s);
+        return SetOutcome::failed(u"Export failed: "_s + outOfMemoryDescription());
     }
 }
 

@@ -67,11 +67,11 @@ CommandOptions MaterialCommand::ownOptions() {
                      m_settings.roughnessInputIsGloss, true),
         switchOption(u"flip-normal-green"_s, u"the normal map was made for DirectX: invert its green"_s,
                      m_settings.flipNormalGreen, true),
-        numberOption(u"default-occlusion"_s, u"occlusion if there is no file"_s, m_settings.defaultOcclusion,
+        numberOption(u"default-occlusion"_s, u"occlusion without a file"_s, m_settings.defaultOcclusion,
                      fractionRange),
-        numberOption(u"default-roughness"_s, u"roughness if there is no file"_s, m_settings.defaultRoughness,
+        numberOption(u"default-roughness"_s, u"roughness without a file"_s, m_settings.defaultRoughness,
                      fractionRange),
-        numberOption(u"default-metallic"_s, u"metallic if there is no file"_s, m_settings.defaultMetallic,
+        numberOption(u"default-metallic"_s, u"metallic without a file"_s, m_settings.defaultMetallic,
                      fractionRange),
     };
     addFileOptions<MaterialFile>(options, m_settings);

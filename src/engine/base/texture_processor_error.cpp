@@ -28,6 +28,8 @@ QString TextureProcessorError::errorDescription() const {
     return {};
 }
 
+QString outOfMemoryDescription() { return u"Not enough memory."_s; }
+
 QString FileSystemError::errorDescription() const {
     return u"Could not create folder: "_s + lastPathComponent(m_file) + u" ("_s +
            QString::fromStdString(m_reason) + u')';

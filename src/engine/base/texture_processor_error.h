@@ -68,4 +68,7 @@ private:
     std::string m_reason;
 };
 
+/// The text for the user when an operation ends with `std::bad_alloc`.
+QString outOfMemoryDescription();
+
 }  // namespace quarlin

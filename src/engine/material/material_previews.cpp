@@ -1,6 +1,6 @@
 #include "engine/base/output_size.h"
+#include "engine/material/material.h"
 #include "engine/material/material_inputs.h"
-#include "engine/material/material_set.h"
 #include "imaging/base/pixel_size.h"
 #include "model/conversion_settings.h"
 #include "model/material_set.h"

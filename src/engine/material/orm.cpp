@@ -1,6 +1,6 @@
 #include "engine/base/texture_processor_error.h"
+#include "engine/material/material.h"
 #include "engine/material/material_inputs.h"
-#include "engine/material/material_set.h"
 #include "imaging/pixels/image_view.h"
 #include "imaging/pixels/pixel_image.h"
 #include "model/conversion_settings.h"

@@ -10,7 +10,7 @@
 
 namespace quarlin::reference {
 
-/// Roughness, gloss, metallic, occlusion and ORM estimated from an image and its height field.
+/// The `surfaceMaps` of an image and its height field.
 GeneratedSurfaceMaps generatedSurfaceMaps(const PixelImage& source, std::span<const double> heightValues,
                                           const NormalGeneratorSettings& settings);
 

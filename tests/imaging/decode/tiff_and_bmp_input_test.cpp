@@ -232,7 +232,7 @@ TEST_F(BmpInput, OneBitPalette) {
     }
 }
 
-TEST_F(BmpInput, IsRecognisedWithoutItsExtension) {
+TEST_F(BmpInput, IsRecognizedWithoutItsExtension) {
     const QUrl file = folder.url(u"texture"_s);
     writeFile(file, bmp24(smoothPicture(9, 7)));
     EXPECT_TRUE(rendersAs(smoothPicture(9, 7), file));
