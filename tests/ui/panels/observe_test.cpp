@@ -35,4 +35,14 @@ TEST_F(ObserveTest, StopsWithItsView) {
     EXPECT_EQ(redraws, 1);
 }
 
+TEST_F(ObserveTest, StopsWithItsStore) {
+    QObject view;
+    int redraws = 0;
+    observe(&view, store, [&] { ++redraws; });
+    store.removeTexture(TextureSlotKind::normal);
+    owned.reset();
+    runEventLoop();
+    EXPECT_EQ(redraws, 1);
+}
+
 }  // namespace
