@@ -7,6 +7,7 @@
 #include "photograph.h"
 
 #include <QFile>
+#include <QUrl>
 
 #include <cstdio>
 #include <span>
