@@ -101,7 +101,7 @@ def wrong_includes(source, rooms):
                 continue
             target = room_of(rooms, included)
             if target is None or not (Path(source) / included).is_file():
-                found.append(f'{name} includes "{included}", which is no file of a room')
+                found.append(f'{name} includes "{included}", which is not in any room')
             elif target not in allowed:
                 found.append(f'{name} includes "{included}", but {room} is not linked to {target}')
     return found
