@@ -173,20 +173,14 @@ std::uint8_t firstAlphaResidual(PngFilter filter) {
 PngEncoder::PngEncoder(std::int64_t width, std::int64_t height)
     : m_width(width),
       m_height(height),
-      m_strips(stripsOf(width, height)),
-      m_encoded(static_cast<std::size_t>(m_strips.count())) {}
+      m_strips(height, std::clamp<std::int64_t>(bytesPerStrip / (width * bytesPerPixel), 1, height)) {}
 
-RowStrips PngEncoder::stripsOf(std::int64_t width, std::int64_t height) {
-    return {height, std::clamp<std::int64_t>(bytesPerStrip / (width * bytesPerPixel), 1, height)};
-}
-
-void PngEncoder::encodeStrip(std::int64_t strip, const std::uint8_t* rows) {
+PngStrip PngEncoder::encodeStrip(std::int64_t strip, const std::uint8_t* rows) const {
     const std::int64_t rowCount = m_strips[strip].count;
     const auto rowSize = static_cast<std::size_t>(m_width * bytesPerPixel);
     const std::span pixels(rows, static_cast<std::size_t>(rowCount) * rowSize);
     if (isOpaqueGray(pixels)) {
-        encodeGrayStrip(strip, grayOf(pixels).data());
-        return;
+        return encodeGrayStrip(strip, grayOf(pixels).data());
     }
 
     PixelBuffer filtered = withSpare(static_cast<std::size_t>(rowCount) * (rowSize + 1));
@@ -197,11 +191,11 @@ void PngEncoder::encodeStrip(std::int64_t strip, const std::uint8_t* rows) {
         *place = static_cast<std::uint8_t>(filter.apply(straight.row(index), {place + 1, rowSize}));
     }
     const FilteredRows filteredRows{m_width, rowCount, filtered.data()};
-    keep(strip, deflatePixels(filteredRows, isLast(strip)),
-         isal_adler32(1, filtered.data(), static_cast<std::uint64_t>(filteredRows.bytes())));
+    return finished(strip, deflatePixels(filteredRows, isLast(strip)),
+                    isal_adler32(1, filtered.data(), static_cast<std::uint64_t>(filteredRows.bytes())));
 }
 
-void PngEncoder::encodeGrayStrip(std::int64_t strip, const std::uint8_t* gray) {
+PngStrip PngEncoder::encodeGrayStrip(std::int64_t strip, const std::uint8_t* gray) const {
     const std::int64_t rowCount = m_strips[strip].count;
     const auto width = static_cast<std::size_t>(m_width);
     PixelBuffer values = withSpare(static_cast<std::size_t>(rowCount) * width);
@@ -215,12 +209,14 @@ void PngEncoder::encodeGrayStrip(std::int64_t strip, const std::uint8_t* gray) {
         firstAlphas[index] = firstAlphaResidual(chosen);
     }
     const GrayResiduals residuals{m_width, rowCount, filters, firstAlphas, values.data()};
-    keep(strip, deflateGray(residuals, isLast(strip)), grayAdler(residuals));
+    return finished(strip, deflateGray(residuals, isLast(strip)), grayAdler(residuals));
 }
 
-void PngEncoder::keep(std::int64_t strip, const PixelBuffer& deflated, std::uint32_t adler) {
+PngStrip PngEncoder::finished(std::int64_t strip, const PixelBuffer& deflated, std::uint32_t adler) const {
     const QByteArrayView data(deflated.data(), static_cast<qsizetype>(deflated.size()));
-    m_encoded[static_cast<std::size_t>(strip)] = {.chunk = makeChunk("IDAT", data), .adler = adler};
+    return {.chunk = makeChunk("IDAT", data),
+            .inflatedSize = m_strips[strip].count * (m_width * bytesPerPixel + 1),
+            .adler = adler};
 }
 
 QByteArray PngEncoder::beginning() const {
@@ -237,14 +233,13 @@ QByteArray PngEncoder::beginning() const {
            makeChunk("IDAT", {zlibHeader.data(), static_cast<qsizetype>(zlibHeader.size())});
 }
 
-QByteArray PngEncoder::ending() const {
-    uLong adler = adler32(0, nullptr, 0);
-    for (std::int64_t strip = 0; strip < m_strips.count(); ++strip) {
-        const std::int64_t size = m_strips[strip].count * (m_width * bytesPerPixel + 1);
-        adler = adler32_combine(adler, m_encoded[static_cast<std::size_t>(strip)].adler,
-                                static_cast<z_off_t>(size));
-    }
+QByteArray PngEncoder::ending(std::uint32_t adler) {
     return makeChunk("IDAT", bigEndian(static_cast<quint32>(adler))) + makeChunk("IEND", {});
+}
+
+std::uint32_t extendedAdler(std::uint32_t before, const PngStrip& strip) {
+    return static_cast<std::uint32_t>(
+        adler32_combine(before, strip.adler, static_cast<z_off_t>(strip.inflatedSize)));
 }
 
 }  // namespace quarlin
