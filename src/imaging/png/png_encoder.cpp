@@ -113,13 +113,13 @@ private:
 /// for several rows. The first row of a strip cannot refer to a row above.
 class RowFilter {
 public:
-    RowFilter(std::size_t pixelSize, std::size_t rowSize) : m_pixelSize(pixelSize), m_scratch(rowSize) {}
+    explicit RowFilter(std::size_t pixelSize) : m_pixelSize(pixelSize) {}
 
     /// Writes the residuals of the next row. `row` must stay valid until the row after it is filtered.
     PngFilter apply(std::span<const std::uint8_t> row, std::span<std::uint8_t> residuals) {
         constexpr std::int64_t rowsPerChoice = 8;
         if (m_count++ % rowsPerChoice == 1) {
-            m_filter = choosePngFilter(m_pixelSize, row, m_above, m_scratch);
+            m_filter = choosePngFilter(m_pixelSize, row, m_above);
         }
         const std::span above = m_above.empty() ? row : m_above;
         applyPngFilter(m_filter, m_pixelSize, row, above, residuals);
@@ -129,7 +129,6 @@ public:
 
 private:
     std::size_t m_pixelSize;
-    PixelBuffer m_scratch;
     std::span<const std::uint8_t> m_above;
     PngFilter m_filter = PngFilter::sub;
     std::int64_t m_count = 0;
@@ -191,7 +190,7 @@ void PngEncoder::encodeStrip(std::int64_t strip, const std::uint8_t* rows) {
 
     PixelBuffer filtered = withSpare(static_cast<std::size_t>(rowCount) * (rowSize + 1));
     StraightRows straight(rows, rowSize);
-    RowFilter filter(bytesPerPixel, rowSize);
+    RowFilter filter(bytesPerPixel);
     for (std::int64_t index = 0; index < rowCount; ++index) {
         std::uint8_t* place = filtered.data() + static_cast<std::size_t>(index) * (rowSize + 1);
         *place = static_cast<std::uint8_t>(filter.apply(straight.row(index), {place + 1, rowSize}));
@@ -207,7 +206,7 @@ void PngEncoder::encodeGrayStrip(std::int64_t strip, const std::uint8_t* gray) {
     PixelBuffer values = withSpare(static_cast<std::size_t>(rowCount) * width);
     PixelBuffer filters(static_cast<std::size_t>(rowCount));
     PixelBuffer firstAlphas(filters.size());
-    RowFilter filter(1, width);
+    RowFilter filter(1);
     for (std::size_t index = 0; index < filters.size(); ++index) {
         const PngFilter chosen =
             filter.apply({gray + index * width, width}, {values.data() + index * width, width});
