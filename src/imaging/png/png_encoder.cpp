@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
 
 namespace quarlin {
@@ -24,16 +25,30 @@ namespace {
 /// enough to keep every core busy.
 constexpr std::int64_t bytesPerStrip = std::int64_t{1} << 20;
 
-/// A chunk of the PNG standard: length, type, data, checksum of type and data.
-QByteArray makeChunk(const char* type, QByteArrayView data) {
-    constexpr qsizetype dataOffset = 8;
-    QByteArray chunk(dataOffset + data.size() + 4, Qt::Uninitialized);
-    qToBigEndian(static_cast<quint32>(data.size()), chunk.data());
+/// The bytes of a chunk (PNG standard, 5.3) before its data: the length and the type.
+constexpr qsizetype dataOffset = 8;
+
+/// The beginning of a chunk. Its data is to be appended; `closeChunk` adds the rest.
+QByteArray openChunk(const char* type) {
+    QByteArray chunk(dataOffset, Qt::Uninitialized);
     std::memcpy(chunk.data() + 4, type, 4);
-    std::copy(data.begin(), data.end(), chunk.begin() + dataOffset);
+    return chunk;
+}
+
+/// Enters the length of the data, and appends the checksum of type and data.
+void closeChunk(QByteArray& chunk) {
+    const qsizetype dataSize = chunk.size() - dataOffset;
+    qToBigEndian(static_cast<quint32>(dataSize), chunk.data());
     const auto* checked = reinterpret_cast<const unsigned char*>(chunk.constData() + 4);
-    const quint32 checksum = crc32_gzip_refl(0, checked, static_cast<std::uint64_t>(data.size()) + 4);
-    qToBigEndian(checksum, chunk.data() + dataOffset + data.size());
+    const quint32 checksum = crc32_gzip_refl(0, checked, static_cast<std::uint64_t>(dataSize) + 4);
+    chunk.resize(chunk.size() + 4);
+    qToBigEndian(checksum, chunk.data() + dataOffset + dataSize);
+}
+
+QByteArray makeChunk(const char* type, QByteArrayView data) {
+    QByteArray chunk = openChunk(type);
+    chunk.append(data);
+    closeChunk(chunk);
     return chunk;
 }
 
@@ -52,11 +67,13 @@ PixelBuffer withSpare(std::size_t size) {
 }
 
 bool isOpaque(std::span<const std::uint8_t> row) {
-    std::uint8_t all = 255;
-    for (std::size_t index = 3; index < row.size(); index += bytesPerPixel) {
-        all = static_cast<std::uint8_t>(all & row[index]);
+    std::uint32_t all = ~std::uint32_t{0};
+    for (std::size_t index = 0; index < row.size(); index += bytesPerPixel) {
+        std::uint32_t pixel = 0;
+        std::memcpy(&pixel, row.data() + index, sizeof pixel);
+        all &= pixel;
     }
-    return all == 255;
+    return std::bit_cast<std::array<std::uint8_t, 4>>(all)[3] == 255;
 }
 
 /// `unpremultiplied` of every color and alpha: a row of 256 colors per alpha.
@@ -196,8 +213,11 @@ void PngEncoder::encodeStrip(std::int64_t strip, const std::uint8_t* rows) {
         *place = static_cast<std::uint8_t>(filter.apply(straight.row(index), {place + 1, rowSize}));
     }
     const FilteredRows filteredRows{m_width, rowCount, filtered.data()};
-    keep(strip, deflatePixels(filteredRows, isLast(strip)),
-         isal_adler32(1, filtered.data(), static_cast<std::uint64_t>(filteredRows.bytes())));
+    EncodedStrip& encoded = m_encoded[static_cast<std::size_t>(strip)];
+    encoded.adler = isal_adler32(1, filtered.data(), static_cast<std::uint64_t>(filteredRows.bytes()));
+    encoded.chunk = openChunk("IDAT");
+    deflatePixels(filteredRows, isLast(strip), encoded.chunk);
+    closeChunk(encoded.chunk);
 }
 
 void PngEncoder::encodeGrayStrip(std::int64_t strip, const std::uint8_t* gray) {
@@ -214,12 +234,11 @@ void PngEncoder::encodeGrayStrip(std::int64_t strip, const std::uint8_t* gray) {
         firstAlphas[index] = firstAlphaResidual(chosen);
     }
     const GrayResiduals residuals{m_width, rowCount, filters, firstAlphas, values.data()};
-    keep(strip, deflateGray(residuals, isLast(strip)), grayAdler(residuals));
-}
-
-void PngEncoder::keep(std::int64_t strip, const PixelBuffer& deflated, std::uint32_t adler) {
-    const QByteArrayView data(deflated.data(), static_cast<qsizetype>(deflated.size()));
-    m_encoded[static_cast<std::size_t>(strip)] = {.chunk = makeChunk("IDAT", data), .adler = adler};
+    EncodedStrip& encoded = m_encoded[static_cast<std::size_t>(strip)];
+    encoded.adler = grayAdler(residuals);
+    encoded.chunk = openChunk("IDAT");
+    deflateGray(residuals, isLast(strip), encoded.chunk);
+    closeChunk(encoded.chunk);
 }
 
 QByteArray PngEncoder::beginning() const {

@@ -40,7 +40,6 @@ public:
     QByteArray ending() const;
 
 private:
-    void keep(std::int64_t strip, const PixelBuffer& deflated, std::uint32_t adler);
     bool isLast(std::int64_t strip) const { return strip == m_strips.count() - 1; }
 
     struct EncodedStrip {
