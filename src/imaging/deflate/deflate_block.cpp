@@ -54,9 +54,7 @@ DeflateCodes::DeflateCodes(const HuffmanCode& literals, const HuffmanCode& dista
     }
 }
 
-void DeflateCodes::addPixels(BitWriter& output, const std::uint8_t* pixels, std::int64_t count) const {
-    // A local copy stays in registers.
-    BitWriter writer = output;
+BitWriter DeflateCodes::addPixels(BitWriter writer, const std::uint8_t* pixels, std::int64_t count) const {
     for (const std::uint8_t* end = pixels + count * bytesPerPixel; pixels < end; pixels += bytesPerPixel) {
         if (pixels[3] != 0) [[unlikely]] {
             addPixel(writer, pixels[0], pixels[1], pixels[2], pixels[3]);
@@ -66,7 +64,7 @@ void DeflateCodes::addPixels(BitWriter& output, const std::uint8_t* pixels, std:
         run.append(m_bytes[pixels[0]]).append(m_bytes[pixels[1]]).append(m_opaqueBlues[pixels[2]]);
         writer.add(run.bits, run.count);
     }
-    output = writer;
+    return writer;
 }
 
 namespace {

@@ -109,8 +109,8 @@ public:
         writer.add(run.bits, run.count);
     }
 
-    /// `count` pixels, four bytes each.
-    void addPixels(BitWriter& writer, const std::uint8_t* pixels, std::int64_t count) const;
+    /// `count` pixels, four bytes each. Returns the writer after them.
+    BitWriter addPixels(BitWriter writer, const std::uint8_t* pixels, std::int64_t count) const;
 
     /// The same `pixels` pixels as those `distance` bytes before.
     void addMatch(BitWriter& writer, std::size_t pixels, std::uint32_t distance) const {

@@ -15,7 +15,7 @@ void deflatePixels(const FilteredRows& filtered, bool isLast, QByteArray& output
         codes.addByte(writer, *place++);
         const std::span<const PixelToken> rowTokens = tokens.row(row);
         if (rowTokens.empty()) {
-            codes.addPixels(writer, place, filtered.width);
+            writer = codes.addPixels(writer, place, filtered.width);
             place += filtered.width * bytesPerPixel;
             continue;
         }

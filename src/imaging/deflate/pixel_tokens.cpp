@@ -178,20 +178,21 @@ public:
           m_tokenCounts(tokenCounts),
           m_found(static_cast<std::size_t>(2 * filtered.width)) {
         // Where few pixels are in matches, as in noise, more and more rows are not searched.
-        constexpr std::int64_t mostSkipped = 8;
-        std::int64_t skipped = 1;
+        constexpr std::int64_t leastSkipped = 2;
+        constexpr std::int64_t mostSkipped = 16;
+        std::int64_t skipped = leastSkipped;
         for (std::int64_t row = 0; row < filtered.rows;) {
             const std::int64_t count = std::min<std::int64_t>(2, filtered.rows - row);
             const bool isWorthwhile = search(row, count);
             row += count;
             if (isWorthwhile) {
-                skipped = 1;
+                skipped = leastSkipped;
                 continue;
             }
-            for (const std::int64_t end = std::min(row + 2 * skipped, filtered.rows); row < end; ++row) {
+            for (const std::int64_t end = std::min(row + skipped, filtered.rows); row < end; ++row) {
                 skip(row);
             }
-            skipped = std::min(2 * skipped, mostSkipped);
+            skipped = std::min(4 * skipped, mostSkipped);
         }
     }
 
@@ -220,8 +221,9 @@ private:
         }
         upper.finish(m_counts[0]);
         keep(row, upper);
-        const std::size_t fewest = *std::min_element(m_tokenCounts + row, m_tokenCounts + row + count);
-        return fewest < static_cast<std::size_t>(m_filtered.width * 15 / 16);
+        return std::any_of(m_tokenCounts + row, m_tokenCounts + row + count, [&](std::size_t tokens) {
+            return tokens > 0 && tokens < static_cast<std::size_t>(m_filtered.width * 15 / 16);
+        });
     }
 
     RowParser prepared(std::int64_t row, LatestPixelRuns::LowBits* found) {
@@ -232,7 +234,8 @@ private:
     }
 
     void keep(std::int64_t row, const RowParser& parser) {
-        m_tokenCounts[row] = static_cast<std::size_t>(parser.end() - (m_tokens + row * m_filtered.width));
+        const std::int64_t count = parser.end() - (m_tokens + row * m_filtered.width);
+        m_tokenCounts[row] = count == m_filtered.width ? 0 : static_cast<std::size_t>(count);
     }
 
     void skip(std::int64_t row) {
