@@ -43,7 +43,6 @@ public:
     static QByteArray ending(std::uint32_t adler);
 
 private:
-    PngStrip finished(std::int64_t strip, const PixelBuffer& deflated, std::uint32_t adler) const;
     bool isLast(std::int64_t strip) const { return strip == m_strips.count() - 1; }
 
     std::int64_t m_width;
