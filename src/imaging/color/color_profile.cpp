@@ -76,4 +76,6 @@ std::optional<QByteArray> profileOfGamma(double gamma, int channels) {
     return profile ? std::optional(serialized(profile)) : std::nullopt;
 }
 
+QByteArray labProfile() { return serialized(Profile(cmsCreateLab4Profile(nullptr))); }
+
 }  // namespace quarlin

@@ -26,4 +26,8 @@ ProfileUse judgeProfile(const QByteArray& profile, int channels);
 /// sense.
 std::optional<QByteArray> profileOfGamma(double gamma, int channels);
 
+/// The profile of CIELAB samples for the white of D50. The integers of a sample cover 0...100 for L and
+/// -128...127 for a and b, from end to end.
+QByteArray labProfile();
+
 }  // namespace quarlin

@@ -5,6 +5,7 @@
 #include "imaging/decode/formats/heif_reader.h"
 #include "imaging/decode/formats/jpeg_reader.h"
 #include "imaging/decode/formats/png_reader.h"
+#include "imaging/decode/formats/tiff/tiff_reader.h"
 #include "imaging/decode/formats/vips_reader.h"
 #include "imaging/pixels/image_view.h"
 
@@ -23,9 +24,9 @@ struct FormatFamily {
     std::unique_ptr<RowReader> (*open)(const QByteArray& bytes);
 };
 
-constexpr std::array families{FormatFamily{isPng, openPng}, FormatFamily{isJpeg, openJpeg},
-                              FormatFamily{isBmp, openBmp}, FormatFamily{isHeif, openHeif},
-                              FormatFamily{isTiffGifOrWebp, openTiffGifOrWebp}};
+constexpr std::array families{FormatFamily{isPng, openPng},   FormatFamily{isJpeg, openJpeg},
+                              FormatFamily{isBmp, openBmp},   FormatFamily{isHeif, openHeif},
+                              FormatFamily{isTiff, openTiff}, FormatFamily{isGifOrWebp, openGifOrWebp}};
 
 }  // namespace
 
