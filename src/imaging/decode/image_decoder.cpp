@@ -2,11 +2,12 @@
 
 #include "imaging/decode/decode_error.h"
 #include "imaging/decode/formats/bmp_reader.h"
-#include "imaging/decode/formats/heif_reader.h"
+#include "imaging/decode/formats/gif/gif_reader.h"
+#include "imaging/decode/formats/heif/heif_reader.h"
 #include "imaging/decode/formats/jpeg_reader.h"
 #include "imaging/decode/formats/png_reader.h"
 #include "imaging/decode/formats/tiff/tiff_reader.h"
-#include "imaging/decode/formats/vips_reader.h"
+#include "imaging/decode/formats/webp_reader.h"
 #include "imaging/pixels/image_view.h"
 
 #include <algorithm>
@@ -26,7 +27,8 @@ struct FormatFamily {
 
 constexpr std::array families{FormatFamily{isPng, openPng},   FormatFamily{isJpeg, openJpeg},
                               FormatFamily{isBmp, openBmp},   FormatFamily{isHeif, openHeif},
-                              FormatFamily{isTiff, openTiff}, FormatFamily{isGifOrWebp, openGifOrWebp}};
+                              FormatFamily{isTiff, openTiff}, FormatFamily{isGif, openGif},
+                              FormatFamily{isWebp, openWebp}};
 
 }  // namespace
 

@@ -41,8 +41,8 @@ Image result(Operation operation) {
 /// Whether the loader is one of those that are used. libvips has more, not all of them safe for files from
 /// strangers.
 bool isSupportedLoader(const char* loader) {
-    constexpr std::array<std::string_view, 3> supported{
-        "VipsForeignLoadPngBuffer", "VipsForeignLoadNsgifBuffer", "VipsForeignLoadWebpBuffer"};
+    constexpr std::array<std::string_view, 2> supported{"VipsForeignLoadPngBuffer",
+                                                        "VipsForeignLoadWebpBuffer"};
     return loader != nullptr && std::find(supported.begin(), supported.end(), loader) != supported.end();
 }
 
@@ -118,16 +118,6 @@ private:
 };
 
 }  // namespace
-
-bool isGifOrWebp(const QByteArray& bytes) {
-    const auto beginsWith = [&](std::string_view signature) {
-        return bytes.startsWith(QByteArrayView(signature));
-    };
-    using namespace std::string_view_literals;
-    return beginsWith("GIF8"sv) || (beginsWith("RIFF"sv) && bytes.mid(8, 4) == "WEBP");
-}
-
-std::unique_ptr<RowReader> openGifOrWebp(const QByteArray& bytes) { return openWithVips(bytes, {}); }
 
 std::unique_ptr<RowReader> openWithVips(QByteArray bytes, const ProfileOfChannels& otherProfile) {
     startVips();

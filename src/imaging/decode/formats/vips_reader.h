@@ -10,12 +10,6 @@
 
 namespace quarlin {
 
-/// Whether the bytes begin as a GIF or WebP file does.
-bool isGifOrWebp(const QByteArray& bytes);
-
-/// Opens a GIF or WebP file; throws `DecodeError`.
-std::unique_ptr<RowReader> openGifOrWebp(const QByteArray& bytes);
-
 /// The profile of samples of 1 (gray), 3 (RGB) or 4 (CMYK) color channels; nothing if there is none for them.
 using ProfileOfChannels = std::function<std::optional<QByteArray>(int colorChannels)>;
 

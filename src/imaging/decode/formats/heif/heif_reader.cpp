@@ -1,9 +1,10 @@
-#include "imaging/decode/formats/heif_reader.h"
+#include "imaging/decode/formats/heif/heif_reader.h"
 
 #include "imaging/base/pixel_size.h"
 #include "imaging/color/coded_colors.h"
 #include "imaging/decode/decode_error.h"
-#include "imaging/decode/formats/heif_boxes.h"
+#include "imaging/decode/formats/heif/coded_images.h"
+#include "imaging/decode/formats/heif/orientation.h"
 #include "imaging/decode/row_conversion.h"
 #include "imaging/decode/two_step_reader.h"
 
@@ -159,7 +160,7 @@ bool isHeif(const QByteArray& bytes) {
 
 std::unique_ptr<RowReader> openHeif(const QByteArray& bytes) {
     const std::optional<QByteArray> file = withoutOrientation(bytes);
-    if (!file) {
+    if (!file || !hasWholeCodedImages(*file)) {
         throw DecodeError(DecodeProblem::damaged);
     }
     // No image of the file may have a side above this, not even one that is not asked for: the library would
