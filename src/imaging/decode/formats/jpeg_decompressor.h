@@ -11,12 +11,15 @@ namespace quarlin {
 enum class JpegExtent {
     /// Everything up to the last row.
     rows,
+    /// All scans: nothing is left over, and nothing but the end marker is missing.
+    wholeScans,
     /// Everything up to the end marker: nothing is missing and nothing left over.
     wholeFile,
 };
 
-/// Decodes one JPEG file row by row. Throws `DecodeError` if it is damaged, which any warning of the library
-/// means.
+/// Decodes one JPEG file row by row. Throws `DecodeError` if it is damaged, which nearly any warning of the
+/// library means. Unusual parameters are no damage, and neither is a missing end marker if the picture is
+/// complete.
 class JpegDecompressor {
 public:
     /// Reads the header.
@@ -39,7 +42,9 @@ public:
 private:
     struct Library;
 
-    void expectNoWarning() const;
+    void expectNoDamage() const;
+    bool hasEveryCoefficient() const;
+    void readEnd();
 
     QByteArray m_bytes;
     JpegExtent m_extent;

@@ -69,7 +69,7 @@ std::unique_ptr<RowReader> openJpeg(const QByteArray& bytes) {
     // without them, and the rows are the same.
     return std::make_unique<AlternativeRows>(
         openCleaned(parts.clean, JpegExtent::wholeFile),
-        [bytes = parts.withoutZeros] { return openCleaned(bytes, JpegExtent::wholeFile); });
+        [bytes = parts.withoutZeros] { return openCleaned(bytes, JpegExtent::wholeScans); });
 }
 
 }  // namespace quarlin

@@ -11,7 +11,8 @@ namespace quarlin {
 /// Whether the bytes begin as a JPEG file does.
 bool isJpeg(const QByteArray& bytes);
 
-/// Opens a JPEG file; throws `DecodeError`. A warning of the decoder counts as damage.
+/// Opens a JPEG file; throws `DecodeError`. A warning of the decoder counts as damage, except one about
+/// unusual parameters. The end marker may be missing.
 ///
 /// Bytes between the segments of the header do no harm, and neither do zeros that pad a scan. But zeros are
 /// valid codes, too: the part of a file that was never written (a copy or a download that broke off) decodes
