@@ -1,7 +1,7 @@
 #include "imaging/decode/image_decoder.h"
 
 #include "imaging/decode/decode_error.h"
-#include "imaging/decode/formats/bmp_reader.h"
+#include "imaging/decode/formats/bmp/bmp_reader.h"
 #include "imaging/decode/formats/gif/gif_reader.h"
 #include "imaging/decode/formats/heif/heif_reader.h"
 #include "imaging/decode/formats/jpeg_reader.h"
