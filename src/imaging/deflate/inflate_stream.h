@@ -28,12 +28,16 @@ public:
     /// Whether only the end of the stream is left, with a correct checksum and no byte after it.
     bool hasEnded();
 
+    /// Whether the stream was inflated to its end, where a wrong checksum was found.
+    bool hasWrongChecksum() const { return m_hasWrongChecksum; }
+
 private:
     bool advance();
 
     Pieces m_pieces;
     Pieces::const_iterator m_next;
     std::unique_ptr<inflate_state> m_state;
+    bool m_hasWrongChecksum = false;
 };
 
 }  // namespace quarlin

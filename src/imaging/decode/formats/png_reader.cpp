@@ -2,7 +2,9 @@
 
 #include "imaging/color/color_profile.h"
 #include "imaging/decode/alternative_rows.h"
+#include "imaging/decode/decode_error.h"
 #include "imaging/decode/formats/plain_png_reader.h"
+#include "imaging/decode/formats/png_checksum.h"
 #include "imaging/decode/formats/vips_reader.h"
 #include "imaging/png/png_signature.h"
 
@@ -49,6 +51,9 @@ std::unique_ptr<RowReader> openPng(const QByteArray& bytes) {
 }
 
 std::unique_ptr<RowReader> openAnyPng(const QByteArray& bytes) {
+    if (hasWrongPixelChecksum(bytes)) {
+        throw DecodeError(DecodeProblem::damaged);
+    }
     return openWithVips(bytes, [&](int colorChannels) -> std::optional<QByteArray> {
         const std::optional<double> gamma = onlyGamma(bytes);
         return gamma ? profileOfGamma(*gamma, colorChannels) : std::nullopt;

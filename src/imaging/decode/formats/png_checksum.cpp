@@ -1,0 +1,62 @@
+#include "imaging/decode/formats/png_checksum.h"
+
+#include "imaging/deflate/inflate_stream.h"
+#include "imaging/pixels/pixel_image.h"
+#include "imaging/png/png_signature.h"
+
+#include <QtEndian>
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
+namespace quarlin {
+
+namespace {
+
+constexpr qsizetype chunkOverhead = 12;
+constexpr qsizetype headerSize = 13;
+
+/// The pieces of the pixels' stream, whatever else is wrong with the file.
+InflateStream::Pieces pixelPieces(QByteArrayView rest) {
+    InflateStream::Pieces pieces;
+    while (rest.size() >= chunkOverhead) {
+        const auto length = static_cast<qsizetype>(qFromBigEndian<std::uint32_t>(rest.data()));
+        if (length > rest.size() - chunkOverhead) {
+            break;
+        }
+        if (rest.sliced(4, 4) == "IDAT") {
+            pieces.push_back(rest.sliced(8, length));
+        }
+        rest = rest.sliced(length + chunkOverhead);
+    }
+    return pieces;
+}
+
+/// No file of this size has more bytes of filtered rows: 16 bits of four channels, and the filters of all
+/// passes of an interlaced picture.
+std::int64_t mostFilteredBytes(std::uint32_t width, std::uint32_t height) {
+    constexpr std::int64_t bytesPerPixel16 = 8;
+    constexpr std::int64_t filtersPerRow = 3;
+    return std::int64_t{width} * height * bytesPerPixel16 + std::int64_t{height} * filtersPerRow +
+           filtersPerRow;
+}
+
+}  // namespace
+
+bool hasWrongPixelChecksum(const QByteArray& png) {
+    const qsizetype header = pngSignature.size() + 8;
+    if (png.size() < header + headerSize) {
+        return false;
+    }
+    InflateStream stream(pixelPieces(QByteArrayView(png).sliced(pngSignature.size())));
+    std::int64_t left = mostFilteredBytes(qFromBigEndian<std::uint32_t>(png.constData() + header),
+                                          qFromBigEndian<std::uint32_t>(png.constData() + header + 4));
+    PixelBuffer part(std::size_t{1} << 16);
+    while (left > 0 && stream.read(part)) {
+        left -= static_cast<std::int64_t>(part.size());
+    }
+    return stream.hasWrongChecksum();
+}
+
+}  // namespace quarlin
