@@ -30,13 +30,24 @@ PixelImage toPixelImage(const QImage& image) {
     return {image.width(), image.height(), {image.constBits(), image.constBits() + image.sizeInBytes()}};
 }
 
-}  // namespace
-
-TextureAsset TextureProcessor::loadAsset(const QUrl& url) const {
-    DecodedFile file = decodeFile(url);
+TextureAsset loadedAsset(const QUrl& url, ColorHandling handling) {
+    DecodedFile file = decodeFile(url, handling);
     const QSize size = file.image.size();
     TextureAsset asset(url, lastPathComponent(url), size.width(), size.height(), std::move(file.image));
     asset.decodedFrom = file.stamp;
+    asset.convertedFrom = file.convertedFrom;
+    return asset;
+}
+
+}  // namespace
+
+TextureAsset TextureProcessor::loadAsset(const QUrl& url) const {
+    return loadedAsset(url, ColorHandling::convert);
+}
+
+TextureAsset TextureProcessor::loadDataAsset(const QUrl& url) const {
+    TextureAsset asset = loadedAsset(url, ColorHandling::keepSamples);
+    asset.keepsSamples = true;
     return asset;
 }
 

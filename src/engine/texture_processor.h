@@ -54,6 +54,10 @@ public:
     /// Decodes the file at `url` for a texture card. Throws `cannotReadImage`.
     TextureAsset loadAsset(const QUrl& url) const;
 
+    /// The same for a texture of data: its samples stay as they are, without its color profile or gamma.
+    /// Throws `cannotReadImage`.
+    TextureAsset loadDataAsset(const QUrl& url) const;
+
     /// Decodes the file at `url` at its own size: PNG, JPEG, TIFF, BMP, GIF, HEIC, WebP or AVIF, the first
     /// image of several, converted to 8-bit sRGB with premultiplied alpha; orientation tags are ignored.
     /// Throws `cannotReadImage` for anything that is not a whole, intact image in a regular file.

@@ -30,20 +30,21 @@ QImage stretched(QImage image, std::int64_t width, std::int64_t height) {
 
 }  // namespace
 
-DecodedFile decodeFile(const QUrl& url) {
-    ImageFile file = reportingEngineErrors(FileKind::image, [&] { return readImageFile(url); });
-    return {std::move(file.image), file.content.stamp};
+DecodedFile decodeFile(const QUrl& url, ColorHandling handling) {
+    ImageFile file = reportingEngineErrors(FileKind::image, [&] { return readImageFile(url, handling); });
+    return {std::move(file.image), file.content.stamp, file.convertedFrom};
 }
 
-QImage renderFile(const QUrl& url, std::int64_t width, std::int64_t height) {
-    return stretched(decodeFile(url).image, width, height);
+QImage renderFile(const QUrl& url, std::int64_t width, std::int64_t height, ColorHandling handling) {
+    return stretched(decodeFile(url, handling).image, width, height);
 }
 
 QImage renderTexture(const TextureAsset& asset, std::int64_t width, std::int64_t height) {
     if (asset.decodedFrom && fileStamp(asset.url) == asset.decodedFrom) {
         return stretched(asset.preview, width, height);
     }
-    return renderFile(asset.url, width, height);
+    return renderFile(asset.url, width, height,
+                      asset.keepsSamples ? ColorHandling::keepSamples : ColorHandling::convert);
 }
 
 }  // namespace quarlin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imaging/decode/opened_image.h"
 #include "imaging/pixels/image_view.h"
 #include "model/texture_asset.h"
 
@@ -14,14 +15,17 @@ namespace quarlin {
 QImage renderTexture(const TextureAsset& asset, std::int64_t width, std::int64_t height);
 
 /// The same from a file.
-QImage renderFile(const QUrl& url, std::int64_t width, std::int64_t height);
+QImage renderFile(const QUrl& url, std::int64_t width, std::int64_t height,
+                  ColorHandling handling = ColorHandling::convert);
 
 /// A file at its own size, and its stamp when it was read.
 struct DecodedFile {
     QImage image;
     FileStamp stamp;
+    /// See `TextureAsset`.
+    QString convertedFrom;
 };
 /// Throws `cannotReadImage`.
-DecodedFile decodeFile(const QUrl& url);
+DecodedFile decodeFile(const QUrl& url, ColorHandling handling = ColorHandling::convert);
 
 }  // namespace quarlin

@@ -1,10 +1,20 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 #include <optional>
 
 namespace quarlin {
+
+/// An ICC profile, and what the user knows it by.
+struct NamedProfile {
+    QByteArray bytes;
+    QString name;
+};
+
+/// The description that a profile contains, such as "Dot Gain 20%"; a general name if it has none.
+QString profileName(const QByteArray& profile);
 
 /// What an embedded ICC profile asks for.
 enum class ProfileUse {

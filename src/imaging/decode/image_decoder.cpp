@@ -22,23 +22,33 @@ namespace {
 struct FormatFamily {
     /// Whether the bytes begin as a file of the family does.
     bool (*matches)(const QByteArray& bytes);
-    std::unique_ptr<RowReader> (*open)(const QByteArray& bytes);
+    OpenedImage (*open)(const QByteArray& bytes, ColorHandling handling);
 };
 
-constexpr std::array families{FormatFamily{isPng, openPng},   FormatFamily{isJpeg, openJpeg},
-                              FormatFamily{isBmp, openBmp},   FormatFamily{isHeif, openHeif},
-                              FormatFamily{isTiff, openTiff}, FormatFamily{isGif, openGif},
+/// For formats whose samples always count as sRGB.
+template <std::unique_ptr<RowReader> (*open)(const QByteArray& bytes)>
+OpenedImage openSRGB(const QByteArray& bytes, ColorHandling) {
+    return {open(bytes)};
+}
+
+constexpr std::array families{FormatFamily{isPng, openPng},           FormatFamily{isJpeg, openJpeg},
+                              FormatFamily{isBmp, openSRGB<openBmp>}, FormatFamily{isHeif, openHeif},
+                              FormatFamily{isTiff, openTiff},         FormatFamily{isGif, openSRGB<openGif>},
                               FormatFamily{isWebp, openWebp}};
 
 }  // namespace
 
-std::unique_ptr<RowReader> openImage(const QByteArray& bytes) {
+OpenedImage openImage(const QByteArray& bytes, ColorHandling handling) {
     const auto* const family = std::find_if(families.begin(), families.end(),
                                             [&](const FormatFamily& each) { return each.matches(bytes); });
     if (family == families.end()) {
         throw DecodeError(DecodeProblem::notAnImage);
     }
-    return family->open(bytes);
+    return family->open(bytes, handling);
+}
+
+std::unique_ptr<RowReader> openImage(const QByteArray& bytes) {
+    return openImage(bytes, ColorHandling::convert).rows;
 }
 
 QImage decodeImage(const QByteArray& bytes) { return readImage(*openImage(bytes)); }

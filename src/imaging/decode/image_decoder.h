@@ -1,6 +1,6 @@
 #pragma once
 
-#include "imaging/pixels/row_reader.h"
+#include "imaging/decode/opened_image.h"
 
 #include <QByteArray>
 #include <QImage>
@@ -15,6 +15,9 @@ namespace quarlin {
 /// rounded to 8, and then colors are premultiplied with rounding. Throws `DecodeError` if the bytes are not
 /// an image of at most `maximumPixels` pixels; its rows throw `DecodeError` if it is damaged.
 std::unique_ptr<RowReader> openImage(const QByteArray& bytes);
+
+/// The same, with its colors handled in one way or the other.
+OpenedImage openImage(const QByteArray& bytes, ColorHandling handling);
 
 /// The whole image, in `pixelFormat`. Throws `DecodeError`, and `std::bad_alloc` if memory runs out.
 QImage decodeImage(const QByteArray& bytes);

@@ -8,11 +8,12 @@
 
 namespace quarlin {
 
-ImageFile readImageFile(const QUrl& url) {
+ImageFile readImageFile(const QUrl& url, ColorHandling handling) {
     try {
         FileBytes content = readFile(url);
-        QImage image = decodeImage(content.bytes);
-        return {std::move(content), std::move(image)};
+        const OpenedImage opened = openImage(content.bytes, handling);
+        QImage image = readImage(*opened.rows);
+        return {std::move(content), std::move(image), opened.convertedFrom};
     } catch (const DecodeError& error) {
         throw DecodeError(error.problem(), url);
     } catch (const std::bad_alloc&) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imaging/decode/opened_image.h"
 #include "imaging/files/file_bytes.h"
 
 #include <QImage>
@@ -10,10 +11,12 @@ namespace quarlin {
 struct ImageFile {
     FileBytes content;
     QImage image;
+    /// See `OpenedImage`.
+    QString convertedFrom = {};
 };
 
 /// Reads and decodes the image file at `url`. Throws `FileError` if it can't be read, and `DecodeError` with
 /// its location if it can't be decoded or does not fit into memory.
-ImageFile readImageFile(const QUrl& url);
+ImageFile readImageFile(const QUrl& url, ColorHandling handling = ColorHandling::convert);
 
 }  // namespace quarlin

@@ -43,33 +43,37 @@ private:
     RowConversion m_conversion;
 };
 
-std::unique_ptr<RowReader> openCleaned(const QByteArray& bytes, JpegExtent extent) {
+OpenedImage openCleaned(const QByteArray& bytes, JpegExtent extent, ColorHandling handling) {
     auto jpeg = std::make_unique<JpegDecompressor>(bytes, extent);
-    FileColors colors{jpeg->colorProfile(), {}};
+    FileColors colors{jpeg->colorProfile(), {}, handling};
     if (jpeg->isCmyk()) {
         colors.otherwise = defaultCmykProfile;
     }
-    RowConversion conversion = rowConversion(formOf(*jpeg), colors);
-    if (!conversion) {
+    FileConversion conversion = rowConversion(formOf(*jpeg), colors);
+    if (!conversion.convert) {
         throw DecodeError(DecodeProblem::damaged);
     }
-    return std::make_unique<JpegReader>(std::move(jpeg), std::move(conversion));
+    return {std::make_unique<JpegReader>(std::move(jpeg), std::move(conversion.convert)),
+            conversion.convertedFrom};
 }
 
 }  // namespace
 
 bool isJpeg(const QByteArray& bytes) { return bytes.startsWith("\xff\xd8\xff"); }
 
-std::unique_ptr<RowReader> openJpeg(const QByteArray& bytes) {
+OpenedImage openJpeg(const QByteArray& bytes, ColorHandling handling) {
     const JpegParts parts = jpegParts(bytes);
     if (parts.withoutZeros == parts.clean) {
-        return openCleaned(parts.clean, JpegExtent::rows);
+        return openCleaned(parts.clean, JpegExtent::rows, handling);
     }
     // If the picture needs all of the zeros, the file is without flaw with them; otherwise it must be so
     // without them, and the rows are the same.
-    return std::make_unique<AlternativeRows>(
-        openCleaned(parts.clean, JpegExtent::wholeFile),
-        [bytes = parts.withoutZeros] { return openCleaned(bytes, JpegExtent::wholeScans); });
+    OpenedImage image = openCleaned(parts.clean, JpegExtent::wholeFile, handling);
+    image.rows =
+        std::make_unique<AlternativeRows>(std::move(image.rows), [bytes = parts.withoutZeros, handling] {
+            return openCleaned(bytes, JpegExtent::wholeScans, handling).rows;
+        });
+    return image;
 }
 
 }  // namespace quarlin

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "imaging/pixels/row_reader.h"
+#include "imaging/decode/opened_image.h"
 
 #include <QByteArray>
 
@@ -18,6 +18,6 @@ bool isJpeg(const QByteArray& bytes);
 /// valid codes, too: the part of a file that was never written (a copy or a download that broke off) decodes
 /// to flat color without a warning. So a scan that ends in zeros must need either all of them, as flat
 /// pictures do, or none.
-std::unique_ptr<RowReader> openJpeg(const QByteArray& bytes);
+OpenedImage openJpeg(const QByteArray& bytes, ColorHandling handling);
 
 }  // namespace quarlin

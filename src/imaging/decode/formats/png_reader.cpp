@@ -15,6 +15,8 @@
 
 namespace quarlin {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The encoding exponent of a gAMA chunk that precedes the pixels, in a file without an iCCP or sRGB chunk.
@@ -43,21 +45,26 @@ std::optional<double> onlyGamma(const QByteArray& png) {
 
 bool isPng(const QByteArray& bytes) { return bytes.startsWith(QByteArrayView(pngSignature)); }
 
-std::unique_ptr<RowReader> openPng(const QByteArray& bytes) {
+OpenedImage openPng(const QByteArray& bytes, ColorHandling handling) {
     if (auto plain = openPlainPng(bytes)) {
-        return std::make_unique<AlternativeRows>(std::move(plain), [bytes] { return openAnyPng(bytes); });
+        return {
+            std::make_unique<AlternativeRows>(std::move(plain), [bytes] { return openAnyPng(bytes).rows; })};
     }
-    return openAnyPng(bytes);
+    return openAnyPng(bytes, handling);
 }
 
-std::unique_ptr<RowReader> openAnyPng(const QByteArray& bytes) {
+OpenedImage openAnyPng(const QByteArray& bytes, ColorHandling handling) {
     if (hasWrongPixelChecksum(bytes)) {
         throw DecodeError(DecodeProblem::damaged);
     }
-    return openWithVips(bytes, [&](int colorChannels) -> std::optional<QByteArray> {
+    const auto profileOfFile = [&](int colorChannels) -> std::optional<NamedProfile> {
         const std::optional<double> gamma = onlyGamma(bytes);
-        return gamma ? profileOfGamma(*gamma, colorChannels) : std::nullopt;
-    });
+        const std::optional<QByteArray> profile =
+            gamma ? profileOfGamma(*gamma, colorChannels) : std::nullopt;
+        return profile ? std::optional(NamedProfile{*profile, u"gamma "_s + QString::number(*gamma)})
+                       : std::nullopt;
+    };
+    return openWithVips(bytes, profileOfFile, handling);
 }
 
 }  // namespace quarlin

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "imaging/pixels/row_reader.h"
+#include "imaging/decode/opened_image.h"
 
 #include <QByteArray>
 
@@ -12,10 +12,10 @@ namespace quarlin {
 bool isPng(const QByteArray& bytes);
 
 /// Opens a PNG file of any kind; throws `DecodeError`.
-std::unique_ptr<RowReader> openPng(const QByteArray& bytes);
+OpenedImage openPng(const QByteArray& bytes, ColorHandling handling);
 
 /// Opens a PNG file by the general decoder, which knows every kind of PNG file and forgives some flaws that
 /// harm no pixel.
-std::unique_ptr<RowReader> openAnyPng(const QByteArray& bytes);
+OpenedImage openAnyPng(const QByteArray& bytes, ColorHandling handling = ColorHandling::convert);
 
 }  // namespace quarlin

@@ -119,7 +119,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<RowReader> openWithVips(QByteArray bytes, const ProfileOfChannels& otherProfile) {
+OpenedImage openWithVips(QByteArray bytes, const ProfileOfChannels& otherProfile, ColorHandling handling) {
     startVips();
     const auto size = static_cast<std::size_t>(bytes.size());
     const char* loader = vips_foreign_find_load_buffer(bytes.constData(), size);
@@ -136,17 +136,21 @@ std::unique_ptr<RowReader> openWithVips(QByteArray bytes, const ProfileOfChannel
         image = plainSRGB(image);
     }
     const SampleForm form = formOf(image.get());
-    const FileColors colors{embeddedProfile(image.get()), [&]() -> std::optional<QByteArray> {
+    const FileColors colors{embeddedProfile(image.get()),
+                            [&]() -> std::optional<NamedProfile> {
                                 if (isCmyk(image.get())) {
                                     return defaultCmykProfile();
                                 }
                                 return otherProfile ? otherProfile(form.colorChannels()) : std::nullopt;
-                            }};
-    RowConversion conversion = rowConversion(form, colors);
-    if (!conversion) {
+                            },
+                            handling};
+    FileConversion conversion = rowConversion(form, colors);
+    if (!conversion.convert) {
         refuse();
     }
-    return std::make_unique<VipsReader>(std::move(bytes), std::move(image), form, std::move(conversion));
+    return {
+        std::make_unique<VipsReader>(std::move(bytes), std::move(image), form, std::move(conversion.convert)),
+        conversion.convertedFrom};
 }
 
 }  // namespace quarlin

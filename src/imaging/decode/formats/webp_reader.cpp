@@ -62,7 +62,7 @@ QByteArray plainFile(const Chunk& picture, qsizetype size) {
 
 bool isDecodable(const QByteArray& file) {
     try {
-        const std::unique_ptr<RowReader> reader = openWithVips(file, {});
+        const std::unique_ptr<RowReader> reader = openWithVips(file, {}, ColorHandling::keepSamples).rows;
         PixelBuffer row(static_cast<std::size_t>(reader->bytesPerRow()));
         while (reader->position() < reader->height()) {
             reader->read(1, row.data());
@@ -89,13 +89,13 @@ bool endsAsEncoded(const Chunk& picture) {
 
 bool isWebp(const QByteArray& bytes) { return bytes.startsWith("RIFF") && bytes.mid(8, 4) == "WEBP"; }
 
-std::unique_ptr<RowReader> openWebp(const QByteArray& bytes) {
+OpenedImage openWebp(const QByteArray& bytes, ColorHandling handling) {
     const std::optional<Chunk> picture =
         bytes.size() < riffHeadSize ? std::nullopt : pictureAmong(QByteArrayView(bytes).sliced(riffHeadSize));
     if (!picture || !endsAsEncoded(*picture)) {
         throw DecodeError(DecodeProblem::damaged);
     }
-    return openWithVips(bytes, {});
+    return openWithVips(bytes, {}, handling);
 }
 
 }  // namespace quarlin

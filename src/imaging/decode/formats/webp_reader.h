@@ -1,6 +1,6 @@
 #pragma once
 
-#include "imaging/pixels/row_reader.h"
+#include "imaging/decode/opened_image.h"
 
 #include <QByteArray>
 
@@ -16,6 +16,6 @@ bool isWebp(const QByteArray& bytes);
 /// Zeros are valid codes: the part of a file that was never written (a copy or a download that broke off)
 /// decodes to flat color without an error. So a picture whose codes end in zeros must need either all of
 /// them, as flat pictures do, or none.
-std::unique_ptr<RowReader> openWebp(const QByteArray& bytes);
+OpenedImage openWebp(const QByteArray& bytes, ColorHandling handling);
 
 }  // namespace quarlin

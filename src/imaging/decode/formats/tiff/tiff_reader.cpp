@@ -91,8 +91,7 @@ private:
     std::int64_t m_decodedRows = 0;
 };
 
-/// The profile to convert from, and the one to use without it.
-FileColors colorsOf(const TiffPage& page) {
+FileColors colorsOf(const TiffPage& page, ColorHandling handling) {
     switch (page.colors) {
         case TiffColors::lab:
         case TiffColors::iccLab:
@@ -100,7 +99,7 @@ FileColors colorsOf(const TiffPage& page) {
         case TiffColors::inks:
             return {page.profile, defaultCmykProfile};
         default:
-            return {page.profile, {}};
+            return {page.profile, {}, handling};
     }
 }
 
@@ -115,19 +114,22 @@ bool isTiff(const QByteArray& bytes) {
     });
 }
 
-std::unique_ptr<RowReader> openTiff(const QByteArray& bytes) {
+OpenedImage openTiff(const QByteArray& bytes, ColorHandling handling) {
     OpenTiff tiff{std::make_unique<TiffFile>(bytes), {}};
     tiff.page = readTiffPage(*tiff.file);
-    const FileColors colors = colorsOf(tiff.page);
-    if (tiff.page.colors == TiffColors::convertedByLibrary) {
-        return std::make_unique<ConvertedTiffReader>(std::move(tiff), rowConversion({}, colors));
-    }
-    const SampleForm form = tiff.page.sampleForm();
-    RowConversion conversion = rowConversion(form, colors);
-    if (!conversion) {
+    const bool isConvertedByLibrary = tiff.page.colors == TiffColors::convertedByLibrary;
+    const SampleForm form = isConvertedByLibrary ? SampleForm() : tiff.page.sampleForm();
+    FileConversion conversion = rowConversion(form, colorsOf(tiff.page, handling));
+    if (!conversion.convert) {
         throw DecodeError(DecodeProblem::damaged);
     }
-    return std::make_unique<TiffReader>(std::move(tiff), form, std::move(conversion));
+    OpenedImage image{nullptr, conversion.convertedFrom};
+    if (isConvertedByLibrary) {
+        image.rows = std::make_unique<ConvertedTiffReader>(std::move(tiff), std::move(conversion.convert));
+    } else {
+        image.rows = std::make_unique<TiffReader>(std::move(tiff), form, std::move(conversion.convert));
+    }
+    return image;
 }
 
 }  // namespace quarlin

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "imaging/pixels/row_reader.h"
+#include "imaging/decode/opened_image.h"
 
 #include <QByteArray>
 
@@ -12,6 +12,6 @@ namespace quarlin {
 bool isTiff(const QByteArray& bytes);
 
 /// Opens the first page of a TIFF file; throws `DecodeError`.
-std::unique_ptr<RowReader> openTiff(const QByteArray& bytes);
+OpenedImage openTiff(const QByteArray& bytes, ColorHandling handling);
 
 }  // namespace quarlin
