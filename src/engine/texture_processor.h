@@ -59,6 +59,9 @@ public:
     /// and has written nothing, nor created the folder. Throws `cannotReadImage`.
     TextureAsset openAsset(const QUrl& url) const;
 
+    /// `openAsset` for a texture of data: its samples count as they are, without its color profile or gamma.
+    TextureAsset openDataAsset(const QUrl& url) const;
+
     /// Reads the file of a texture that was only opened to its end. Throws `cannotReadImage`.
     void expectReadable(const TextureAsset& asset) const;
 

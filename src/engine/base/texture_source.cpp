@@ -33,9 +33,10 @@ std::shared_ptr<InputFile> openInputFile(const QUrl& url) {
     return reportingEngineErrors(FileKind::image, [&] { return InputFile::open(url); });
 }
 
-std::unique_ptr<RowReader> openFileRows(const std::shared_ptr<InputFile>& file) {
-    return std::make_unique<FileRows>(
-        reportingEngineErrors(FileKind::image, [&] { return openImageFile(file); }));
+OpenedImage openFileRows(const std::shared_ptr<InputFile>& file, ColorHandling handling) {
+    OpenedImage image = reportingEngineErrors(FileKind::image, [&] { return openImageFile(file, handling); });
+    image.rows = std::make_unique<FileRows>(std::move(image.rows));
+    return image;
 }
 
 std::unique_ptr<RowReader> scaledRows(std::unique_ptr<RowReader> rows, PixelSize size) {
@@ -48,7 +49,8 @@ std::unique_ptr<RowReader> scaledRows(std::unique_ptr<RowReader> rows, PixelSize
     return std::make_unique<ResampledRows>(std::move(rows), size.width, size.height);
 }
 
-TextureSource::TextureSource(const TextureAsset& asset) {
+TextureSource::TextureSource(const TextureAsset& asset)
+    : m_handling(asset.keepsSamples ? ColorHandling::keepSamples : ColorHandling::convert) {
     if (asset.decodedFrom && fileStamp(asset.url) == asset.decodedFrom) {
         m_image = asset.preview;
     } else {
@@ -58,13 +60,14 @@ TextureSource::TextureSource(const TextureAsset& asset) {
 
 void TextureSource::expectReadable() const {
     if (const std::shared_ptr<InputFile>& file = m_file.value()) {
-        skipRest(openFileRows(file).get());
+        skipRest(openFileRows(file, m_handling).rows.get());
     }
 }
 
 std::unique_ptr<RowReader> TextureSource::open(PixelSize size) const {
     const std::shared_ptr<InputFile>& file = m_file.value();
-    return scaledRows(file ? openFileRows(file) : std::make_unique<ImageRows>(m_image), size);
+    return scaledRows(file ? openFileRows(file, m_handling).rows : std::make_unique<ImageRows>(m_image),
+                      size);
 }
 
 }  // namespace quarlin

@@ -41,14 +41,20 @@ private:
 
 }  // namespace
 
-std::unique_ptr<RowReader> openImageFile(const std::shared_ptr<InputFile>& file) {
-    return locatingErrors(file->url(),
-                          [&] { return std::make_unique<ImageFileRows>(file, openImage(file)); });
+OpenedImage openImageFile(const std::shared_ptr<InputFile>& file, ColorHandling handling) {
+    return locatingErrors(file->url(), [&] {
+        OpenedImage image = openImage(file, handling);
+        image.rows = std::make_unique<ImageFileRows>(file, std::move(image.rows));
+        return image;
+    });
 }
 
-ImageFile readImageFile(const QUrl& url) {
+ImageFile readImageFile(const QUrl& url, ColorHandling handling) {
     const std::shared_ptr<InputFile> file = InputFile::open(url);
-    return locatingErrors(url, [&] { return ImageFile{file, readImage(*openImageFile(file))}; });
+    return locatingErrors(url, [&] {
+        const OpenedImage opened = openImageFile(file, handling);
+        return ImageFile{file, readImage(*opened.rows), opened.convertedFrom};
+    });
 }
 
 }  // namespace quarlin
