@@ -24,19 +24,30 @@
 
 namespace quarlin {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 PixelImage toPixelImage(const QImage& image) {
     return {image.width(), image.height(), {image.constBits(), image.constBits() + image.sizeInBytes()}};
 }
 
-}  // namespace
-
-TextureAsset TextureProcessor::loadAsset(const QUrl& url) const {
-    DecodedFile file = decodeFile(url);
+TextureAsset loadedAsset(const QUrl& url, std::optional<TextureChannel> channel) {
+    DecodedFile file = decodeFile(url, channel);
     const QSize size = file.image.size();
     TextureAsset asset(url, lastPathComponent(url), size.width(), size.height(), std::move(file.image));
+    asset.channel = channel;
     asset.decodedFrom = file.stamp;
+    return asset;
+}
+
+}  // namespace
+
+TextureAsset TextureProcessor::loadAsset(const QUrl& url) const { return loadedAsset(url, {}); }
+
+TextureAsset TextureProcessor::loadAsset(const QUrl& url, TextureChannel channel) const {
+    TextureAsset asset = loadedAsset(url, channel);
+    asset.fileName += u", "_s + title(channel);
     return asset;
 }
 

@@ -17,6 +17,7 @@ namespace quarlin {
 
 enum class GeneratedMap;
 enum class MaterialImage;
+enum class TextureChannel;
 enum class TextureSlotKind;
 struct ConversionSettings;
 struct ExportResult;
@@ -53,6 +54,11 @@ public:
 
     /// Decodes the file at `url` for a texture card. Throws `cannotReadImage`.
     TextureAsset loadAsset(const QUrl& url) const;
+
+    /// The same for one channel of the file, in gray. Its samples are packed as they are, not as luminance.
+    /// Also throws `cannotReadImage` for a color channel of a picture with transparent pixels, unless it is a
+    /// PNG with 8 bits per channel or a Targa file: others do not keep the colors of transparent pixels.
+    TextureAsset loadAsset(const QUrl& url, TextureChannel channel) const;
 
     /// Decodes the file at `url` at its own size: PNG, JPEG, TIFF, BMP, GIF, HEIC, WebP or AVIF, the first
     /// image of several, converted to 8-bit sRGB with premultiplied alpha; orientation tags are ignored.

@@ -30,20 +30,22 @@ QImage stretched(QImage image, std::int64_t width, std::int64_t height) {
 
 }  // namespace
 
-DecodedFile decodeFile(const QUrl& url) {
-    ImageFile file = reportingEngineErrors(FileKind::image, [&] { return readImageFile(url); });
+DecodedFile decodeFile(const QUrl& url, std::optional<TextureChannel> channel) {
+    const auto index = channel ? std::optional(static_cast<int>(*channel)) : std::nullopt;
+    ImageFile file = reportingEngineErrors(FileKind::image, [&] { return readImageFile(url, index); });
     return {std::move(file.image), file.content.stamp};
 }
 
-QImage renderFile(const QUrl& url, std::int64_t width, std::int64_t height) {
-    return stretched(decodeFile(url).image, width, height);
+QImage renderFile(const QUrl& url, std::int64_t width, std::int64_t height,
+                  std::optional<TextureChannel> channel) {
+    return stretched(decodeFile(url, channel).image, width, height);
 }
 
 QImage renderTexture(const TextureAsset& asset, std::int64_t width, std::int64_t height) {
     if (asset.decodedFrom && fileStamp(asset.url) == asset.decodedFrom) {
         return stretched(asset.preview, width, height);
     }
-    return renderFile(asset.url, width, height);
+    return renderFile(asset.url, width, height, asset.channel);
 }
 
 }  // namespace quarlin

@@ -14,14 +14,15 @@ namespace quarlin {
 QImage renderTexture(const TextureAsset& asset, std::int64_t width, std::int64_t height);
 
 /// The same from a file.
-QImage renderFile(const QUrl& url, std::int64_t width, std::int64_t height);
+QImage renderFile(const QUrl& url, std::int64_t width, std::int64_t height,
+                  std::optional<TextureChannel> channel = {});
 
 /// A file at its own size, and its stamp when it was read.
 struct DecodedFile {
     QImage image;
     FileStamp stamp;
 };
-/// Throws `cannotReadImage`.
-DecodedFile decodeFile(const QUrl& url);
+/// With `channel`, that channel in gray. Throws `cannotReadImage`.
+DecodedFile decodeFile(const QUrl& url, std::optional<TextureChannel> channel = {});
 
 }  // namespace quarlin

@@ -23,6 +23,9 @@ MaterialInputs::MaterialInputs(const TextureMap& textures, const std::vector<Tex
         if (const auto texture = textures.find(slot); texture != textures.end()) {
             assets.push_back(&texture->second);
             places.push_back(&m_rendered[slot]);
+            if (texture->second.channel) {
+                m_channels.insert(slot);
+            }
         }
     }
     forEachInParallel(static_cast<std::int64_t>(assets.size()), [&](std::int64_t index) {
@@ -41,6 +44,7 @@ RowSource ormRows(const MaterialInputs& inputs, const ConversionSettings& settin
     const auto channel = [&](TextureSlotKind slot, double defaultValue, bool inverted) {
         const QImage* texture = inputs.texture(slot);
         return OrmChannel{.pixels = texture != nullptr ? texture->constBits() : nullptr,
+                          .isChannel = inputs.isChannel(slot),
                           .fallback = byteFromUnit(defaultValue),
                           .inverted = inverted};
     };

@@ -9,6 +9,7 @@
 #include "model/texture_slot_kind.h"
 
 #include <map>
+#include <set>
 
 namespace quarlin {
 
@@ -23,11 +24,15 @@ public:
     /// The texture of `slot`, or a null pointer when none is loaded. Throws what rendering it threw.
     const QImage* texture(TextureSlotKind slot) const;
 
+    /// Whether the texture of `slot` is one channel of a file: see `TextureAsset::channel`.
+    bool isChannel(TextureSlotKind slot) const { return m_channels.contains(slot); }
+
     PixelSize size() const { return m_size; }
 
 private:
     PixelSize m_size;
     std::map<TextureSlotKind, Outcome<QImage>> m_rendered;
+    std::set<TextureSlotKind> m_channels;
 };
 
 /// The rows of the ORM image of the inputs, made as they are read. Throws the failure of the first of

@@ -5,6 +5,7 @@
 #include "imaging/decode/formats/heif_reader.h"
 #include "imaging/decode/formats/jpeg_reader.h"
 #include "imaging/decode/formats/png_reader.h"
+#include "imaging/decode/formats/tga_reader.h"
 #include "imaging/decode/formats/vips_reader.h"
 #include "imaging/pixels/image_view.h"
 
@@ -25,7 +26,9 @@ struct FormatFamily {
 
 constexpr std::array families{FormatFamily{isPng, openPng}, FormatFamily{isJpeg, openJpeg},
                               FormatFamily{isBmp, openBmp}, FormatFamily{isHeif, openHeif},
-                              FormatFamily{isTiffGifOrWebp, openTiffGifOrWebp}};
+                              FormatFamily{isTiffGifOrWebp, openTiffGifOrWebp},
+                              // Without a signature, so it comes last.
+                              FormatFamily{isTga, openTga}};
 
 }  // namespace
 

@@ -10,10 +10,10 @@
 namespace quarlin {
 
 /// Opens the image that the bytes of a file hold. The content decides on the format, never a name: PNG, JPEG,
-/// TIFF, BMP, GIF, HEIC, WebP and AVIF; of several images it is the first, or the one that the file declares
-/// the primary one. Embedded color profiles are converted to sRGB, orientation tags are ignored, 16 bits are
-/// rounded to 8, and then colors are premultiplied with rounding. Throws `DecodeError` if the bytes are not
-/// an image of at most `maximumPixels` pixels; its rows throw `DecodeError` if it is damaged.
+/// TIFF, BMP, GIF, HEIC, WebP, AVIF and Targa; of several images it is the first, or the one that the file
+/// declares the primary one. Embedded color profiles are converted to sRGB, orientation tags are ignored, 16
+/// bits are rounded to 8, and then colors are premultiplied with rounding. Throws `DecodeError` if the bytes
+/// are not an image of at most `maximumPixels` pixels; its rows throw `DecodeError` if it is damaged.
 std::unique_ptr<RowReader> openImage(const QByteArray& bytes);
 
 /// The whole image, in `pixelFormat`. Throws `DecodeError`, and `std::bad_alloc` if memory runs out.

@@ -147,6 +147,11 @@ public:
           m_rowSize(png.header.rowSize()),
           m_above(m_rowSize + unfilterSpare, 0) {}
 
+    bool keepColorsStraight() override {
+        m_isStraight = true;
+        return true;
+    }
+
 private:
     static_assert(spareBytes >= unfilterSpare);
 
@@ -165,7 +170,12 @@ private:
             if (!unfilterPngRow<channels>(row[-1], {row, m_rowSize}, above)) {
                 throw DecodeError(DecodeProblem::damaged);
             }
-            convertPixels<std::uint8_t, channels>(row, width(), pixels + index * bytesPerRow());
+            std::uint8_t* const output = pixels + index * bytesPerRow();
+            if (m_isStraight) {
+                spreadPixels<std::uint8_t, channels>(row, width(), output);
+            } else {
+                convertPixels<std::uint8_t, channels>(row, width(), output);
+            }
             above = row;
             row += m_rowSize + 1;
         }
@@ -179,6 +189,7 @@ private:
     std::size_t m_rowSize;
     /// The last row that was converted, with room to spare.
     PixelBuffer m_above;
+    bool m_isStraight = false;
 };
 
 }  // namespace
