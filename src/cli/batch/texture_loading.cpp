@@ -6,8 +6,6 @@
 #include "model/texture_asset.h"
 #include "model/texture_slot_kind.h"
 
-#include <algorithm>
-#include <iterator>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -16,14 +14,15 @@ namespace quarlin {
 
 using namespace Qt::StringLiterals;
 
-TextureAsset loadTexture(const TextureProcessor& processor, const QString& path) {
-    return failingAs(u"Load"_s, [&] { return processor.loadAsset(localFile(path)); });
+TextureAsset loadTexture(const TextureProcessor& processor, const MaterialInput& input) {
+    const QUrl file = localFile(input.path);
+    return failingAs(u"Load"_s, [&] {
+        return input.channel ? processor.loadAsset(file, *input.channel) : processor.loadAsset(file);
+    });
 }
 
-TextureMap loadTextures(const TextureProcessor& processor, const std::map<TextureSlotKind, QString>& paths) {
-    std::vector<std::pair<TextureSlotKind, QString>> files;
-    std::copy_if(paths.begin(), paths.end(), std::back_inserter(files),
-                 [](const auto& path) { return !path.second.isEmpty(); });
+TextureMap loadTextures(const TextureProcessor& processor, const MaterialInputPaths& inputs) {
+    const std::vector<std::pair<TextureSlotKind, MaterialInput>> files(inputs.begin(), inputs.end());
     std::vector<std::optional<TextureAsset>> loaded(files.size());
     forEachInParallel(static_cast<std::int64_t>(files.size()), [&](std::int64_t index) {
         const auto place = static_cast<std::size_t>(index);

@@ -1,20 +1,16 @@
 #pragma once
 
 #include "engine/texture_processor.h"
+#include "matching/material_input.h"
 #include "model/texture_asset.h"
-#include "model/texture_slot_kind.h"
-
-#include <QString>
-
-#include <map>
 
 namespace quarlin {
 
-/// Loads the file at `path`, which may be relative. Throws `CommandFailure`.
-TextureAsset loadTexture(const TextureProcessor& processor, const QString& path);
+/// Loads the file of `input`. Throws `CommandFailure`.
+TextureAsset loadTexture(const TextureProcessor& processor, const MaterialInput& input);
 
-/// Loads the files at `paths`, which may be relative, at the same time; slots with an empty path are skipped.
-/// Throws `CommandFailure` for the first slot, in their order, that can't be loaded.
-TextureMap loadTextures(const TextureProcessor& processor, const std::map<TextureSlotKind, QString>& paths);
+/// Loads the files of `inputs` at the same time. Throws `CommandFailure` for the first slot, in their order,
+/// that can't be loaded.
+TextureMap loadTextures(const TextureProcessor& processor, const MaterialInputPaths& inputs);
 
 }  // namespace quarlin
