@@ -85,15 +85,17 @@ void checkFileName(const QString& name, Findings& findings) {
 
 }  // namespace
 
-std::optional<ImageFile> CheckedImages::decoded(const QString& name, Findings& findings) const {
+std::optional<CheckedImages::Content> CheckedImages::decoded(const QString& name, Findings& findings) const {
     const auto embedded = m_embedded.find(name);
     try {
         if (embedded != m_embedded.end()) {
             QImage image = decodeImage(embedded->second);
-            return ImageFile{{embedded->second, {}}, std::move(image)};
+            return Content{embedded->second, std::move(image)};
         }
         checkFileName(name, findings);
-        return readImageFile(fileIn(m_folder, name));
+        ImageFile file = readImageFile(fileIn(m_folder, name));
+        QByteArray bytes = file.file->all();
+        return Content{std::move(bytes), std::move(file.image)};
     } catch (const FileError& error) {
         findings.push_back({FindingKind::missingImage, name,
                             QFileInfo::exists(error.file().toLocalFile()) ? u"The image can't be read."_s
@@ -112,12 +114,12 @@ QImage CheckedImages::read(const QString& name, ImageUse use, Findings& findings
         return known->second;
     }
     QImage& image = m_images[name];
-    const std::optional<ImageFile> file = decoded(name, findings);
+    const std::optional<Content> file = decoded(name, findings);
     if (!file) {
         return image;
     }
     image = file->image;
-    const QByteArray& bytes = file->content.bytes;
+    const QByteArray& bytes = file->bytes;
     checkFormat(bytes, name, findings);
     constexpr int inks = 4;
     if (jpegComponents(bytes) == inks) {

@@ -2,8 +2,8 @@
 
 #include "check/checked_material.h"
 #include "check/finding.h"
-#include "imaging/decode/image_file.h"
 
+#include <QByteArray>
 #include <QImage>
 #include <QSize>
 #include <QUrl>
@@ -28,7 +28,12 @@ public:
     QImage read(const QString& name, ImageUse use, Findings& findings);
 
 private:
-    std::optional<ImageFile> decoded(const QString& name, Findings& findings) const;
+    struct Content {
+        QByteArray bytes;
+        QImage image;
+    };
+    /// The image, or nothing and what is wrong with it.
+    std::optional<Content> decoded(const QString& name, Findings& findings) const;
 
     QUrl m_folder;
     std::map<QString, QByteArray> m_embedded;

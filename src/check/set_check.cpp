@@ -2,6 +2,7 @@
 
 #include "check/checked_material.h"
 #include "check/image_check.h"
+#include "check/normal_occlusion.h"
 #include "imaging/files/file_names.h"
 #include "imaging/files/folder_listing.h"
 #include "model/normal_output_names.h"
@@ -60,6 +61,7 @@ public:
         const QImage normal = read(m_material.normal, ImageUse::normal);
         if (!normal.isNull()) {
             checkNormals(normal, *m_material.normal, isGenerated(m_material), m_findings);
+            checkHollows(normal, orm);
         }
         read(m_material.emissive, ImageUse::emissive);
         checkSizes();
@@ -73,6 +75,14 @@ private:
             m_sizes.emplace_back(*name, image.size());
         }
         return image;
+    }
+
+    /// In a generated set, bright is both high and little occluded, whichever way its green points.
+    void checkHollows(const QImage& normal, const QImage& orm) {
+        constexpr double clearCorrelation = 0.5;
+        if (!orm.isNull() && !isGenerated(m_material) && hollowCorrelation(normal, orm) > clearCorrelation) {
+            m_findings.push_back(findingOf(FindingKind::normalReversed, *m_material.normal));
+        }
     }
 
     void checkSizes() {

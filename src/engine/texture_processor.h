@@ -55,14 +55,23 @@ public:
     /// Decodes the file at `url` for a texture card. Throws `cannotReadImage`.
     TextureAsset loadAsset(const QUrl& url) const;
 
-    /// The same for one channel of the file, in gray. Its samples are packed as they are, not as luminance.
-    /// Also throws `cannotReadImage` for a color channel of a picture with transparent pixels, unless it is a
-    /// PNG with 8 bits per channel or a Targa file: others do not keep the colors of transparent pixels.
-    TextureAsset loadAsset(const QUrl& url, TextureChannel channel) const;
+    /// The same without the pixels: only the size of the image is read. An export loads such textures itself,
+    /// a few rows at a time. If one of them turns out to be unreadable, the export throws `cannotReadImage`
+    /// and has written nothing, nor created the folder. Throws `cannotReadImage`.
+    TextureAsset openAsset(const QUrl& url) const;
 
-    /// Decodes the file at `url` at its own size: PNG, JPEG, TIFF, BMP, GIF, HEIC, WebP or AVIF, the first
-    /// image of several, converted to 8-bit sRGB with premultiplied alpha; orientation tags are ignored.
-    /// Throws `cannotReadImage` for anything that is not a whole, intact image in a regular file.
+    /// The same for one channel of the file, in gray. Its samples are packed as they are, not as luminance. A
+    /// color channel of a picture with transparent pixels can only be read from a PNG with 8 bits per channel
+    /// and from a Targa file, as others do not keep the colors of transparent pixels; else the rows throw
+    /// `cannotReadImage`.
+    TextureAsset openAsset(const QUrl& url, TextureChannel channel) const;
+
+    /// Reads the file of a texture that was only opened to its end. Throws `cannotReadImage`.
+    void expectReadable(const TextureAsset& asset) const;
+
+    /// Decodes the file at `url` at its own size: PNG, JPEG, TIFF, BMP, GIF, HEIC, WebP, AVIF or Targa, the
+    /// first image of several, converted to 8-bit sRGB with premultiplied alpha; orientation tags are
+    /// ignored. Throws `cannotReadImage` for anything that is not a whole, intact image in a regular file.
     QImage loadCGImage(const QUrl& url) const;
 
     /// Decodes the file at `url` and stretches it to `width` x `height` pixels. At the file's own size the

@@ -28,9 +28,8 @@ bool isImageExtension(const QString& extension) {
 }
 
 bool isUnreadImageExtension(const QString& extension) {
-    static const QSet<QString> known{u"exr"_s, u"hdr"_s,  u"psd"_s, u"psb"_s, u"dds"_s, u"ktx"_s,
-                                     u"jxl"_s, u"ktx2"_s, u"jp2"_s, u"jpf"_s, u"tx"_s,  u"xcf"_s,
-                                     u"svg"_s, u"pcx"_s,  u"rgb"_s, u"sgi"_s};
+    static const QSet<QString> known{u"exr"_s,  u"hdr"_s, u"psd"_s, u"psb"_s, u"dds"_s, u"ktx"_s, u"jxl"_s,
+                                     u"ktx2"_s, u"jp2"_s, u"jpf"_s, u"xcf"_s, u"pcx"_s, u"rgb"_s, u"sgi"_s};
     return known.contains(extension.toLower());
 }
 

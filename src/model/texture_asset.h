@@ -30,12 +30,14 @@ struct TextureAsset {
     std::int64_t pixelHeight;
     /// The decoded image at its own size.
     QImage preview;
-    /// The channel of the file that is used; `preview` shows it in gray, and its samples are used as they
-    /// are. Nothing for the whole picture.
+    /// The channel of the file whose samples are used as they are; nothing for the whole picture.
     std::optional<TextureChannel> channel;
     /// The state of the file from which `preview` was decoded; nothing when `preview` does not come from the
     /// file. While the file has this stamp, `preview` holds its pixels.
     std::optional<FileStamp> decodedFrom;
+
+    /// Whether `preview` holds an image. An asset that was only opened has none; an export loads it.
+    bool isLoaded() const { return !preview.isNull(); }
 
     /// The size as shown to the user, such as "2048x1024".
     QString sizeLabel() const;

@@ -2,37 +2,50 @@
 
 #include "cli/base/local_file.h"
 #include "cli/batch/command_failure.h"
-#include "imaging/base/parallel.h"
+#include "engine/base/texture_processor_error.h"
 #include "model/texture_asset.h"
 #include "model/texture_slot_kind.h"
-
-#include <optional>
-#include <utility>
-#include <vector>
 
 namespace quarlin {
 
 using namespace Qt::StringLiterals;
 
-TextureAsset loadTexture(const TextureProcessor& processor, const MaterialInput& input) {
+TextureAsset openTexture(const TextureProcessor& processor, const MaterialInput& input) {
     const QUrl file = localFile(input.path);
     return failingAs(u"Load"_s, [&] {
-        return input.channel ? processor.loadAsset(file, *input.channel) : processor.loadAsset(file);
+        return input.channel ? processor.openAsset(file, *input.channel) : processor.openAsset(file);
     });
 }
 
-TextureMap loadTextures(const TextureProcessor& processor, const MaterialInputPaths& inputs) {
-    const std::vector<std::pair<TextureSlotKind, MaterialInput>> files(inputs.begin(), inputs.end());
-    std::vector<std::optional<TextureAsset>> loaded(files.size());
-    forEachInParallel(static_cast<std::int64_t>(files.size()), [&](std::int64_t index) {
-        const auto place = static_cast<std::size_t>(index);
-        loaded[place] = loadTexture(processor, files[place].second);
-    });
+TextureMap openTextures(const TextureProcessor& processor, const MaterialInputPaths& inputs) {
     TextureMap textures;
-    for (std::size_t index = 0; index < files.size(); ++index) {
-        textures.emplace(files[index].first, *std::move(loaded[index]));
+    for (const auto& [slot, input] : inputs) {
+        try {
+            textures.emplace(slot, openTexture(processor, input));
+        } catch (const CommandFailure&) {
+            // A texture before this one may be damaged further down.
+            failingAs(u"Load"_s, [&] {
+                for (const auto& [before, texture] : textures) {
+                    processor.expectReadable(texture);
+                }
+            });
+            throw;
+        }
     }
     return textures;
+}
+
+ExportResult exportOpened(const std::function<ExportResult()>& work) {
+    return failingAs(u"Export"_s, [&] {
+        try {
+            return work();
+        } catch (const TextureProcessorError& error) {
+            if (error.kind() == TextureProcessorError::Case::cannotReadImage) {
+                throw CommandFailure(u"Load"_s, error);
+            }
+            throw;
+        }
+    });
 }
 
 }  // namespace quarlin

@@ -4,6 +4,7 @@
 #include "imaging/files/file_bytes.h"
 #include "imaging/files/file_error.h"
 #include "imaging/files/file_names.h"
+#include "imaging/files/file_stamp.h"
 
 #include <algorithm>
 

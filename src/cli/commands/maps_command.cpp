@@ -122,9 +122,8 @@ SetJob MapsCommand::jobFor(const QString& path, const QUrl& parent) const {
     job.settings = settingsRecord(settings);
     job.work = [settings, path, parent] {
         const TextureProcessor processor{};
-        const TextureAsset texture = loadTexture(processor, {path, {}});
-        return failingAs(u"Export"_s,
-                         [&] { return processor.exportGeneratedNormalSet(texture, settings, parent); });
+        const TextureAsset texture = openTexture(processor, {path, {}});
+        return exportOpened([&] { return processor.exportGeneratedNormalSet(texture, settings, parent); });
     };
     return job;
 }

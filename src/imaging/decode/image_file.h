@@ -1,22 +1,29 @@
 #pragma once
 
-#include "imaging/files/file_bytes.h"
+#include "imaging/files/input_file.h"
+#include "imaging/pixels/row_reader.h"
 
 #include <QImage>
 
+#include <memory>
 #include <optional>
 
 namespace quarlin {
 
-/// An image file: its content, and the image that it decodes to.
+/// Opens the image in a file, as `openImage` does. Here and from the rows, all errors have the file's
+/// location: `FileError` if it can't be read or changes meanwhile, `DecodeError` if it can't be decoded or
+/// does not fit into memory. With `channel`, 0 (red) to 3 (alpha), the rows are those of that channel in
+/// gray: see `channelRows`.
+std::unique_ptr<RowReader> openImageFile(const std::shared_ptr<InputFile>& file,
+                                         std::optional<int> channel = {});
+
+/// An image file, still open, and the image that it decodes to.
 struct ImageFile {
-    FileBytes content;
+    std::shared_ptr<InputFile> file;
     QImage image;
 };
 
-/// Reads and decodes the image file at `url`. Throws `FileError` if it can't be read, and `DecodeError` with
-/// its location if it can't be decoded or does not fit into memory. With `channel`, 0 (red) to 3 (alpha), the
-/// image is that channel as gray: see `channelRows`.
-ImageFile readImageFile(const QUrl& url, std::optional<int> channel = {});
+/// Reads and decodes the image file at `url`. Throws as `openImageFile` does.
+ImageFile readImageFile(const QUrl& url);
 
 }  // namespace quarlin

@@ -233,6 +233,35 @@ TEST_F(CheckMaterials, FindANormalMapInPlaceOfTheColor) {
     expectNothing(check());
 }
 
+TEST_F(CheckMaterials, FindANormalMapThatIsTurnedInsideOut) {
+    exportGoodSet();
+    // The heights of `bumpyNormals`: occlusion is darker where the surface is low.
+    redraw("_ORM.png", [](const QImage& image) {
+        QImage orm = image.convertToFormat(QImage::Format_RGB32);
+        for (int x = 0; x < side; ++x) {
+            for (int y = 0; y < side; ++y) {
+                const double height = std::sin(x / 3.0) * std::sin(y / 4.0);
+                orm.setPixel(x, y, qRgb(static_cast<int>(155 + 100 * height), 166, 0));
+            }
+        }
+        return orm;
+    });
+    expectNothing(check());
+    redraw("_Normal.png", [](const QImage& image) {
+        QImage turned = image.convertToFormat(QImage::Format_RGB32);
+        for (int x = 0; x < side; ++x) {
+            for (int y = 0; y < side; ++y) {
+                const QRgb normal = turned.pixel(x, y);
+                turned.setPixel(x, y, qRgb(255 - qRed(normal), 255 - qGreen(normal), qBlue(normal)));
+            }
+        }
+        return turned;
+    });
+    expectFinding(
+        "warning: Brick_Normal.png: Red and green both look inverted: where the ORM image says that a place "
+        "is shaded, the normal map has a bump. [normal-reversed]");
+}
+
 TEST_F(CheckMaterials, FindInksOfPrint) {
     exportGoodSet();
     fixtures::Picture picture = fixtures::constantPicture(side, side, {10, 20, 30, 40});
