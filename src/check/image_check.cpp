@@ -1,9 +1,11 @@
 #include "check/image_check.h"
 
 #include "check/image_header.h"
+#include "check/image_statistics.h"
 #include "check/normal_statistics.h"
 #include "check/set_check.h"
 #include "imaging/decode/decode_error.h"
+#include "imaging/decode/image_decoder.h"
 #include "imaging/decode/image_file.h"
 #include "imaging/files/file_error.h"
 #include "imaging/files/file_names.h"
@@ -12,8 +14,11 @@
 
 #include <QFileInfo>
 
+#include <array>
 #include <bit>
 #include <cmath>
+#include <new>
+#include <utility>
 
 namespace quarlin {
 
@@ -51,7 +56,7 @@ void checkFormat(const QByteArray& bytes, const QString& name, Findings& finding
 void checkHeader(const PngHeader& header, const QString& name, ImageUse use, Findings& findings) {
     constexpr int usualDepth = 8;
     const bool isGray = header.color == PngColor::gray || header.color == PngColor::grayAlpha;
-    if (isGray && use != ImageUse::baseColor) {
+    if (isGray && (use == ImageUse::orm || use == ImageUse::normal)) {
         findings.push_back(findingOf(FindingKind::wrongChannels, name));
     }
     if (header.color == PngColor::indexed) {
@@ -80,29 +85,46 @@ void checkFileName(const QString& name, Findings& findings) {
 
 }  // namespace
 
+std::optional<CheckedImages::Content> CheckedImages::decoded(const QString& name, Findings& findings) const {
+    const auto embedded = m_embedded.find(name);
+    try {
+        if (embedded != m_embedded.end()) {
+            QImage image = decodeImage(embedded->second);
+            return Content{embedded->second, std::move(image)};
+        }
+        checkFileName(name, findings);
+        ImageFile file = readImageFile(fileIn(m_folder, name));
+        QByteArray bytes = file.file->all();
+        return Content{std::move(bytes), std::move(file.image)};
+    } catch (const FileError& error) {
+        findings.push_back({FindingKind::missingImage, name,
+                            QFileInfo::exists(error.file().toLocalFile()) ? u"The image can't be read."_s
+                                                                          : u"The image is missing."_s});
+    } catch (const DecodeError&) {
+        findings.push_back(findingOf(FindingKind::undecodableImage, name));
+    } catch (const std::bad_alloc&) {
+        findings.push_back(findingOf(FindingKind::undecodableImage, name));
+    }
+    return std::nullopt;
+}
+
 QImage CheckedImages::read(const QString& name, ImageUse use, Findings& findings) {
     const auto known = m_images.find(name);
     if (known != m_images.end()) {
         return known->second;
     }
     QImage& image = m_images[name];
-    ImageFile file;
-    try {
-        file = readImageFile(fileIn(m_folder, name));
-    } catch (const FileError& error) {
-        findings.push_back({FindingKind::missingImage, name,
-                            QFileInfo::exists(error.file().toLocalFile()) ? u"The image can't be read."_s
-                                                                          : u"The image is missing."_s});
-        return image;
-    } catch (const DecodeError&) {
-        checkFileName(name, findings);
-        findings.push_back(findingOf(FindingKind::undecodableImage, name));
+    const std::optional<Content> file = decoded(name, findings);
+    if (!file) {
         return image;
     }
-    image = file.image;
-    checkFileName(name, findings);
-    const QByteArray bytes = file.file->all();
+    image = file->image;
+    const QByteArray& bytes = file->bytes;
     checkFormat(bytes, name, findings);
+    constexpr int inks = 4;
+    if (jpegComponents(bytes) == inks) {
+        findings.push_back(findingOf(FindingKind::cmykImage, name));
+    }
     if (const auto header = readPngHeader(bytes)) {
         checkHeader(*header, name, use, findings);
     }
@@ -121,6 +143,40 @@ void checkAlpha(const QImage& image, const QString& name, Findings& findings) {
         const double share = static_cast<double>(transparent) / static_cast<double>(count);
         findings.push_back(
             findingOf(FindingKind::ignoredAlpha, name, percentage(share) + u" of the pixels"_s));
+    }
+}
+
+void checkORM(const QImage& image, const CheckedMaterial& material, Findings& findings) {
+    const QString& name = *material.metallicRoughness;
+    const ImageStatistics statistics = imageStatistics(image);
+    if (statistics.isGray && !statistics.isConstant(0)) {
+        findings.push_back(findingOf(FindingKind::grayORM, name));
+    }
+    if (statistics.greatest[0] == 0) {
+        findings.push_back(findingOf(FindingKind::blackOcclusion, name));
+    }
+    if (material.isRoughnessOff && !statistics.isConstant(1)) {
+        findings.push_back(findingOf(FindingKind::factorOff, material.document, u"roughnessFactor"_s));
+    }
+    if (material.isMetallicOff && !statistics.isConstant(2)) {
+        findings.push_back(findingOf(FindingKind::factorOff, material.document, u"metallicFactor"_s));
+    }
+}
+
+void checkForNormals(const QImage& image, const QString& name, Findings& findings) {
+    // A picture with so many vectors of length 1 that also fit together as slopes of a surface is no
+    // accident.
+    constexpr double toleratedShare = 0.1;
+    constexpr double clearDirection = 0.3;
+    constexpr double middle = 127.5;
+    constexpr double nearMiddle = 16;
+    const NormalStatistics normals = normalStatistics(image);
+    if (normals.offLength > toleratedShare || std::abs(normals.greenDirection) < clearDirection) {
+        return;
+    }
+    const std::array<double, 4> mean = imageStatistics(image).mean;
+    if (std::abs(mean[0] - middle) < nearMiddle && std::abs(mean[1] - middle) < nearMiddle) {
+        findings.push_back(findingOf(FindingKind::normalAsColor, name));
     }
 }
 

@@ -23,6 +23,9 @@ struct PngHeader {
     PngColor color = PngColor::rgba;
 };
 
+/// The number of color components of a JPEG, 4 for CMYK; 0 if the bytes don't hold a header of one.
+int jpegComponents(const QByteArray& bytes);
+
 /// The header of a PNG; nothing if the bytes don't begin with one.
 std::optional<PngHeader> readPngHeader(const QByteArray& bytes);
 

@@ -72,11 +72,12 @@ CheckedSet readSet(const QUrl& folder, const QStringList& names) {
     CheckedSet set;
     bool hasDocument = false;
     for (const QString& name : names) {
-        if (name.endsWith(u".gltf"_s, Qt::CaseInsensitive)) {
+        if (isDocument(name)) {
             hasDocument = true;
             CheckedSet part = readGLTF(folder, name);
             std::move(part.materials.begin(), part.materials.end(), std::back_inserter(set.materials));
             std::move(part.findings.begin(), part.findings.end(), std::back_inserter(set.findings));
+            set.embedded.merge(part.embedded);
         }
     }
     if (hasDocument) {
@@ -95,6 +96,10 @@ CheckedSet readSet(const QUrl& folder, const QStringList& names) {
 }
 
 }  // namespace
+
+bool hasSet(const QStringList& names) {
+    return std::any_of(names.begin(), names.end(), isDocument) || !materialsByNames(names).empty();
+}
 
 CheckedSet readSet(const QUrl& folder) {
     try {

@@ -25,6 +25,8 @@
 
 namespace quarlin {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 PixelImage toPixelImage(const QImage& image) {
@@ -56,6 +58,13 @@ TextureAsset TextureProcessor::openAsset(const QUrl& url) const {
 
 TextureAsset TextureProcessor::openDataAsset(const QUrl& url) const {
     return openedAsset(url, ColorHandling::keepSamples);
+}
+
+TextureAsset TextureProcessor::openAsset(const QUrl& url, TextureChannel channel) const {
+    TextureAsset asset = openAsset(url);
+    asset.fileName += u", "_s + title(channel);
+    asset.channel = channel;
+    return asset;
 }
 
 void TextureProcessor::expectReadable(const TextureAsset& asset) const {

@@ -17,6 +17,7 @@ namespace quarlin {
 
 enum class GeneratedMap;
 enum class MaterialImage;
+enum class TextureChannel;
 enum class TextureSlotKind;
 struct ConversionSettings;
 struct ExportResult;
@@ -61,13 +62,18 @@ public:
 
     /// `openAsset` for a texture of data: its samples count as they are, without its color profile or gamma.
     TextureAsset openDataAsset(const QUrl& url) const;
+    /// The same for one channel of the file, in gray. Its samples are packed as they are, not as luminance. A
+    /// color channel of a picture with transparent pixels can only be read from a PNG with 8 bits per channel
+    /// and from a Targa file, as others do not keep the colors of transparent pixels; else the rows throw
+    /// `cannotReadImage`.
+    TextureAsset openAsset(const QUrl& url, TextureChannel channel) const;
 
     /// Reads the file of a texture that was only opened to its end. Throws `cannotReadImage`.
     void expectReadable(const TextureAsset& asset) const;
 
-    /// Decodes the file at `url` at its own size: PNG, JPEG, TIFF, BMP, GIF, HEIC, WebP or AVIF, the first
-    /// image of several, converted to 8-bit sRGB with premultiplied alpha; orientation tags are ignored.
-    /// Throws `cannotReadImage` for anything that is not a whole, intact image in a regular file.
+    /// Decodes the file at `url` at its own size: PNG, JPEG, TIFF, BMP, GIF, HEIC, WebP, AVIF or Targa, the
+    /// first image of several, converted to 8-bit sRGB with premultiplied alpha; orientation tags are
+    /// ignored. Throws `cannotReadImage` for anything that is not a whole, intact image in a regular file.
     QImage loadCGImage(const QUrl& url) const;
 
     /// Decodes the file at `url` and stretches it to `width` x `height` pixels. At the file's own size the

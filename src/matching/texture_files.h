@@ -15,16 +15,31 @@ enum class Depth { folderAlone, withSubfolders };
 /// Where to look for textures.
 struct TextureSearch {
     Depth depth = Depth::folderAlone;
-    /// The absolute path of the folder that receives the exported sets. It is skipped where it is below the
-    /// searched folder, so that exported files do not become sources of the next run.
+    /// The absolute path of the folder that receives the exported sets. It is skipped if it is below the
+    /// searched folder.
     QString output;
 };
 
-/// The image files of a folder.
+/// The pictures of a folder.
 struct TextureFolder {
+    /// Absolute.
     QString path;
     /// Absolute paths, sorted by name.
     QStringList files;
+    /// Pictures of formats that can't be read; absolute paths, sorted by name.
+    QStringList unreadFiles = {};
+    /// The path below the searched folder; empty for that folder itself.
+    QString relativePath = {};
+};
+
+/// What a search found.
+struct FoundTextures {
+    /// The folders with pictures, sorted by path.
+    std::vector<TextureFolder> folders;
+    /// The folders that were skipped because they are exported sets; absolute paths.
+    QStringList exportedSets;
+    /// Every folder that was looked into; absolute paths.
+    QStringList searched;
 };
 
 /// A folder can't be read, or has no images.
@@ -40,9 +55,11 @@ private:
     QString m_reason;
 };
 
-/// The folders that contain images: `folder`, an absolute path, and with `Depth::withSubfolders` those below
-/// it, sorted by path. A file is an image if its extension is that of an image format. Hidden files and
-/// folders are skipped, and links to folders are not followed. Throws `TextureSearchError`.
-std::vector<TextureFolder> findTextures(const QString& folder, const TextureSearch& search);
+/// The folders that contain pictures: `folder`, an absolute path, and with `Depth::withSubfolders` those
+/// below it. A file is a picture if its extension is that of an image format. Hidden files and folders are
+/// skipped, and links to folders are not followed. A folder below `folder` that is an exported set is
+/// skipped, so that the sets of earlier runs do not become sources. Throws `TextureSearchError` if a folder
+/// can't be read or there is no picture that can be read.
+FoundTextures findTextures(const QString& folder, const TextureSearch& search);
 
 }  // namespace quarlin

@@ -1,13 +1,11 @@
 #include "matching/texture_name.h"
 
-#include "model/image_file_type.h"
+#include "matching/name_words.h"
 
-#include <QRegularExpression>
 #include <QStringList>
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <vector>
 
 namespace quarlin {
@@ -16,179 +14,224 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A word of a name and its position.
-struct Word {
-    qsizetype begin = 0;
-    QString text;
+using Words = std::vector<NameWord>;
 
-    qsizetype end() const { return begin + text.size(); }
-};
-
-bool isPartOfWord(QChar character) {
-    return character.isLetterOrNumber() || character.isMark() || character.isSurrogate();
-}
-
-/// Whether a capital at `index` begins a new word: BrickWall, BrickAOMap, Brick2Color, but not 2K.
-bool beginsWord(const QString& name, qsizetype index) {
-    if (!name[index].isUpper()) {
-        return false;
+std::optional<GreenDirection> statedDirection(const QString& word) {
+    if (word == "gl"_L1 || word == "ogl"_L1 || word == "opengl"_L1) {
+        return GreenDirection::openGL;
     }
-    const QChar before = name[index - 1];
-    const bool isBeforeLower = index + 1 < name.size() && name[index + 1].isLower();
-    return before.isLower() || ((before.isUpper() || before.isNumber()) && isBeforeLower);
-}
-
-std::vector<Word> wordsOf(const QString& name) {
-    std::vector<Word> words;
-    bool isInside = false;
-    for (qsizetype index = 0; index < name.size(); ++index) {
-        const bool belongs = isPartOfWord(name[index]);
-        if (belongs && (!isInside || beginsWord(name, index))) {
-            words.push_back({index, {}});
-        }
-        if (belongs) {
-            words.back().text += name[index];
-        }
-        isInside = belongs;
-    }
-    return words;
-}
-
-bool isResolution(const QString& word) {
-    static const QRegularExpression shape(u"^([0-9]{1,2}k|[0-9]{2,5}x[0-9]{2,5})$"_s,
-                                          QRegularExpression::CaseInsensitiveOption);
-    constexpr int smallest = 64;
-    bool isNumber = false;
-    const int pixels = word.toInt(&isNumber);
-    return (isNumber && pixels >= smallest && std::has_single_bit(static_cast<unsigned>(pixels))) ||
-           shape.match(word).hasMatch();
-}
-
-/// Whether the word describes the file rather than its contents.
-bool isAboutTheFile(const QString& word) { return isResolution(word) || isImageExtension(word); }
-
-struct Suffix {
-    const char* text;
-    TextureSlotKind slot;
-    bool isGloss = false;
-};
-
-/// The suffixes that are common in texture libraries, in lower case.
-constexpr std::array suffixes{
-    Suffix{"basecolor", TextureSlotKind::baseColor},
-    Suffix{"basecolour", TextureSlotKind::baseColor},
-    Suffix{"albedo", TextureSlotKind::baseColor},
-    Suffix{"diffuse", TextureSlotKind::baseColor},
-    Suffix{"diff", TextureSlotKind::baseColor},
-    Suffix{"color", TextureSlotKind::baseColor},
-    Suffix{"colour", TextureSlotKind::baseColor},
-    Suffix{"col", TextureSlotKind::baseColor},
-    Suffix{"normal", TextureSlotKind::normal},
-    Suffix{"nrm", TextureSlotKind::normal},
-    Suffix{"nor", TextureSlotKind::normal},
-    Suffix{"nml", TextureSlotKind::normal},
-    Suffix{"ambientocclusion", TextureSlotKind::occlusion},
-    Suffix{"occlusion", TextureSlotKind::occlusion},
-    Suffix{"ao", TextureSlotKind::occlusion},
-    Suffix{"roughness", TextureSlotKind::roughness},
-    Suffix{"rough", TextureSlotKind::roughness},
-    Suffix{"glossiness", TextureSlotKind::roughness, true},
-    Suffix{"gloss", TextureSlotKind::roughness, true},
-    Suffix{"smoothness", TextureSlotKind::roughness, true},
-    Suffix{"metallic", TextureSlotKind::metallic},
-    Suffix{"metalness", TextureSlotKind::metallic},
-    Suffix{"metal", TextureSlotKind::metallic},
-};
-
-/// What may follow the suffix of a normal map, in lower case. One that ends in another comes before it.
-constexpr std::array openGLWords{"opengl", "ogl", "gl"};
-constexpr std::array directXWords{"dx", "directx"};
-
-template <typename Words>
-QString withoutEnd(const QString& text, const Words& ends) {
-    for (const char* end : ends) {
-        const QString ending = QString::fromLatin1(end);
-        if (text.endsWith(ending)) {
-            return text.chopped(ending.size());
-        }
-    }
-    return {};
-}
-
-const Suffix* findSuffix(const QString& text) {
-    const auto found = std::find_if(suffixes.begin(), suffixes.end(), [&](const Suffix& suffix) {
-        return text == QLatin1StringView(suffix.text);
-    });
-    return found == suffixes.end() ? nullptr : &*found;
-}
-
-/// What `text`, in lower case and without separators, says as a suffix.
-std::optional<TextureName> readSuffix(const QString& text) {
-    TextureName name;
-    QString plain = text;
-    if (const QString openGL = withoutEnd(text, openGLWords); !openGL.isEmpty()) {
-        name.isOpenGL = true;
-        plain = openGL;
-    } else if (const QString directX = withoutEnd(text, directXWords); !directX.isEmpty()) {
-        name.isDirectX = true;
-        plain = directX;
-    }
-    const Suffix* suffix = findSuffix(plain);
-    if (suffix == nullptr || (plain != text && suffix->slot != TextureSlotKind::normal)) {
-        return std::nullopt;
-    }
-    name.slot = suffix->slot;
-    name.isGloss = suffix->isGloss;
-    return name;
-}
-
-}  // namespace
-
-std::optional<TextureName> readTextureName(const QString& stem) {
-    std::vector<Word> words = wordsOf(stem);
-    while (!words.empty() && (isAboutTheFile(words.back().text) || words.back().text.toLower() == u"map"_s)) {
-        words.pop_back();
-    }
-    // The longest suffix comes first, as "Base_Color" ends in another one, "Color". "Normal_Open_GL" has
-    // three words.
-    constexpr std::size_t mostWords = 3;
-    for (std::size_t count = std::min(mostWords, words.size()); count > 0; --count) {
-        QString text;
-        for (std::size_t index = words.size() - count; index < words.size(); ++index) {
-            text += words[index].text.toLower();
-        }
-        std::optional<TextureName> name = readSuffix(text);
-        if (!name) {
-            continue;
-        }
-        words.resize(words.size() - count);
-        while (!words.empty() && isAboutTheFile(words.back().text)) {
-            words.pop_back();
-        }
-        if (!words.empty()) {
-            name->material = stem.left(words.back().end());
-        }
-        return name;
+    if (word == "dx"_L1 || word == "directx"_L1) {
+        return GreenDirection::directX;
     }
     return std::nullopt;
 }
 
-QStringList textureSuffixes(TextureSlotKind slot) {
-    QStringList texts;
-    for (const Suffix& suffix : suffixes) {
-        if (suffix.slot == slot) {
-            texts += QString::fromLatin1(suffix.text);
+bool isDigit(QChar character) { return character >= u'0' && character <= u'9'; }
+
+/// A number of up to three digits that counts files or materials.
+bool isCount(const QString& word) {
+    constexpr qsizetype longest = 3;
+    return word.size() <= longest && std::all_of(word.begin(), word.end(), isDigit);
+}
+
+std::optional<int> tileNumber(const QString& word) {
+    constexpr int first = 1001;
+    constexpr int last = 1999;
+    const int number = word.size() == 4 && std::all_of(word.begin(), word.end(), isDigit) ? word.toInt() : 0;
+    return number >= first && number <= last ? std::optional(number) : std::nullopt;
+}
+
+/// Whether the word behind a map names the workflow of the whole set.
+bool isWorkflow(const QString& word) { return word == "metalness"_L1 || word == "specular"_L1; }
+
+/// What the words after that of the map say.
+struct Additions {
+    int resolution = 0;
+    int version = 0;
+    int variant = 0;
+    GreenDirection green = GreenDirection::unknown;
+    QString number;
+    std::optional<int> tile;
+};
+
+/// Takes `word` as one that describes the file, and returns whether it is one. `isAbout` recognizes the words
+/// without a number of their own.
+bool takeAboutTheFile(const QString& word, Additions& additions,
+                      bool (*isAbout)(const QString&) = isAboutTheFile) {
+    if (const auto version = statedVersion(word)) {
+        additions.version = *version;
+        return true;
+    }
+    if (const auto variant = statedVariant(word)) {
+        additions.variant = *variant;
+        return true;
+    }
+    if (!isAbout(word)) {
+        return false;
+    }
+    additions.resolution = std::max(additions.resolution, statedResolution(word));
+    return true;
+}
+
+/// Takes `word` as one that may follow the word of a map, and returns whether it is one.
+bool takeAddition(const QString& word, Additions& additions) {
+    if (takeAboutTheFile(word, additions, isAboutTheMap)) {
+        return true;
+    }
+    if (const auto direction = statedDirection(word)) {
+        additions.green = *direction;
+        return true;
+    }
+    if (const auto tile = tileNumber(word); tile && !additions.tile) {
+        additions.tile = tile;
+        return true;
+    }
+    if (isCount(word) && additions.number.isEmpty()) {
+        additions.number = word;
+        return true;
+    }
+    return false;
+}
+
+/// The meaning of one word that may have an addition attached: "nrm16", "aomap", "normaldx". Only a word that
+/// counts alone may have one.
+std::optional<MapWord> attachedWord(const QString& text, const MapWords& words, Additions& additions) {
+    if (const auto word = words.find(text)) {
+        return word;
+    }
+    const auto attachedTo = [&](qsizetype end) -> std::optional<MapWord> {
+        Additions more = additions;
+        const QString tail = text.mid(end);
+        const bool isBitDepth = tail == "16"_L1 || tail == "32"_L1 || tail == "8"_L1;
+        if (!isBitDepth && !takeAddition(tail, more)) {
+            return std::nullopt;
+        }
+        const auto word = attachedWord(text.left(end), words, more);
+        if (!word || word->evidence == Evidence::letter ||
+            (statedDirection(tail) && word->kind != MapKind::normal)) {
+            return std::nullopt;
+        }
+        additions = more;
+        return word;
+    };
+    const auto digits = std::find_if(text.begin(), text.end(), isDigit) - text.begin();
+    if (digits > 1 && digits < text.size()) {
+        return attachedTo(digits);
+    }
+    for (const QLatin1StringView tail : {"map"_L1, "opengl"_L1, "ogl"_L1, "gl"_L1, "directx"_L1, "dx"_L1}) {
+        if (text.size() > tail.size() + 1 && text.endsWith(tail)) {
+            if (const auto word = attachedTo(text.size() - tail.size())) {
+                return word;
+            }
         }
     }
-    return texts;
+    return std::nullopt;
+}
+
+/// A map that some of the words name, and the number of words before it.
+struct FoundMap {
+    MapWord word;
+    Additions additions;
+    std::size_t before = 0;
+};
+
+/// The words from `begin` to `end` as one, in lower case.
+QString joined(const Words& words, std::size_t begin, std::size_t end) {
+    QString text;
+    for (std::size_t index = begin; index < end; ++index) {
+        text += words[index].text;
+    }
+    return text.toLower();
+}
+
+/// Whether the words from `begin` to `end` can be one map: "Base_Color" can, but "wall_a_orm" ends in "orm".
+bool canBeOneMap(const Words& words, std::size_t begin, std::size_t end) {
+    const auto isLetter = [](const NameWord& word) { return word.text.size() == 1; };
+    return end - begin == 1 || std::none_of(words.begin() + static_cast<std::ptrdiff_t>(begin),
+                                            words.begin() + static_cast<std::ptrdiff_t>(end), isLetter);
+}
+
+/// Reads the words before `end` from the last one on.
+std::optional<FoundMap> findMap(const Words& words, std::size_t end, const MapWords& known,
+                                Additions additions, bool mayBeWorkflow) {
+    // The longest text comes first, as "Base_Color" ends in another map, "Color".
+    constexpr std::size_t mostWords = 4;
+    while (end > 0) {
+        std::size_t taken = 0;
+        for (std::size_t count = std::min(mostWords, end); count > 0 && taken == 0; --count) {
+            const QString text = joined(words, end - count, end);
+            if (mayBeWorkflow && isWorkflow(text)) {
+                const auto inner = findMap(words, end - count, known, additions, false);
+                if (inner && inner->word.evidence == Evidence::clear) {
+                    return inner;
+                }
+            }
+            const auto word =
+                canBeOneMap(words, end - count, end) ? attachedWord(text, known, additions) : std::nullopt;
+            if (word) {
+                return FoundMap{*word, additions, end - count};
+            }
+            if (takeAddition(text, additions)) {
+                taken = count;
+            }
+        }
+        if (taken == 0) {
+            return std::nullopt;
+        }
+        end -= taken;
+    }
+    return std::nullopt;
+}
+
+/// The text of the first `count` words without words about the file at its ends.
+QString materialText(const QString& stem, const Words& words, std::size_t count, Additions& additions) {
+    std::size_t first = 0;
+    while (count > 0 && takeAboutTheFile(words[count - 1].text.toLower(), additions)) {
+        --count;
+    }
+    while (first < count && isAlwaysAboutTheFile(words[first].text.toLower())) {
+        additions.resolution = std::max(additions.resolution, statedResolution(words[first].text.toLower()));
+        ++first;
+    }
+    return first == count ? QString()
+                          : stem.mid(words[first].begin, words[count - 1].end() - words[first].begin);
+}
+
+}  // namespace
+
+TextureName readTextureName(const QString& stem, const MapWords& known) {
+    const Words words = nameWords(stem);
+    TextureName name;
+    Additions ofPlain;
+    name.plain = materialText(stem, words, words.size(), ofPlain);
+    name.plainKey = materialKey(name.plain);
+    auto found = findMap(words, words.size(), known, {}, true);
+    if (found) {
+        NamedMap map;
+        map.kind = found->word.kind;
+        map.evidence = found->word.evidence;
+        map.number = found->additions.number;
+        map.tile = found->additions.tile;
+        map.green = found->word.green != GreenDirection::unknown ? found->word.green : found->additions.green;
+        map.material = materialText(stem, words, found->before, found->additions);
+        map.key = materialKey(map.material);
+        name.map = map;
+    }
+    const Additions& additions = found ? found->additions : ofPlain;
+    name.resolution = additions.resolution;
+    name.version = additions.version;
+    name.variant = additions.variant;
+    return name;
 }
 
 QString materialKey(const QString& material) {
-    QStringList words;
-    for (const Word& word : wordsOf(material)) {
-        words += word.text.toCaseFolded();
+    QStringList texts;
+    for (const NameWord& word : nameWords(material)) {
+        if (!isAlwaysAboutTheFile(word.text.toLower())) {
+            texts += word.text.toCaseFolded();
+        }
     }
-    return words.join(u' ');
+    return texts.join(u' ');
 }
 
 }  // namespace quarlin

@@ -27,7 +27,11 @@ struct EnumerationTable<ImageFileType> {
 inline QString extensions(ImageFileType type) { return tableRow(type).extensions; }
 
 /// Whether `extension`, in any case and without its dot, is one of an image that can be read: those that may
-/// be chosen, and WebP and AVIF.
+/// be chosen, and WebP, AVIF and Targa.
 bool isImageExtension(const QString& extension);
+
+/// Whether `extension`, in any case and without its dot, is one of a picture that textures come in, but that
+/// can't be read.
+bool isUnreadImageExtension(const QString& extension);
 
 }  // namespace quarlin

@@ -30,6 +30,8 @@ struct TextureAsset {
     std::int64_t pixelHeight;
     /// The decoded image at its own size.
     QImage preview;
+    /// The channel of the file whose samples are used as they are; nothing for the whole picture.
+    std::optional<TextureChannel> channel;
     /// The state of the file from which `preview` was decoded; nothing when `preview` does not come from the
     /// file. While the file has this stamp, `preview` holds its pixels.
     std::optional<FileStamp> decodedFrom;

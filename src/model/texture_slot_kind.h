@@ -35,4 +35,21 @@ QString help(TextureSlotKind slot);
 /// Whether a material set needs the slot: true for the base color alone.
 bool required(TextureSlotKind slot);
 
+/// The channels of an image file, one of which can be the input of a slot, in the order of their samples.
+enum class TextureChannel { red, green, blue, alpha };
+
+template <>
+struct EnumerationTable<TextureChannel> {
+    struct Row {
+        /// The letter that chooses the channel on the command line, and the name of the channel.
+        QLatin1StringView rawValue, title;
+    };
+    static constexpr std::array rows{
+        Row{"r"_L1, "red"_L1},
+        Row{"g"_L1, "green"_L1},
+        Row{"b"_L1, "blue"_L1},
+        Row{"a"_L1, "alpha"_L1},
+    };
+};
+
 }  // namespace quarlin

@@ -25,7 +25,7 @@ protected:
 
     QStringList found(const TextureSearch& search) const {
         QStringList files;
-        for (const TextureFolder& textures : findTextures(folder.path(), search)) {
+        for (const TextureFolder& textures : findTextures(folder.path(), search).folders) {
             files += textures.files;
         }
         return files;
@@ -57,6 +57,43 @@ TEST_F(TextureFiles, AreNotFoundBehindALinkToAFolder) {
     write(u"a.png"_s);
     ASSERT_TRUE(QFile::link(folder.path(), path(u"link.png"_s)));
     EXPECT_EQ(found({Depth::withSubfolders, {}}), QStringList{path(u"a.png"_s)});
+}
+
+TEST_F(TextureFiles, OfFormatsThatAreNotReadAreKnown) {
+    write(u"a.png"_s);
+    write(u"b.EXR"_s);
+    write(u"c.txt"_s);
+    const FoundTextures textures = findTextures(folder.path(), {});
+    ASSERT_EQ(textures.folders.size(), 1U);
+    EXPECT_EQ(textures.folders[0].unreadFiles, QStringList{path(u"b.EXR"_s)});
+}
+
+TEST_F(TextureFiles, KnowTheirFolderBelowTheSearchedOne) {
+    write(u"z.png"_s);
+    write(u"a/b/d.png"_s);
+    const FoundTextures textures = findTextures(folder.path(), {Depth::withSubfolders, {}});
+    ASSERT_EQ(textures.folders.size(), 2U);
+    EXPECT_EQ(textures.folders[0].relativePath, QString());
+    EXPECT_EQ(textures.folders[1].relativePath, u"a/b"_s);
+}
+
+TEST_F(TextureFiles, AreNotFoundInAnExportedSet) {
+    write(u"a.png"_s);
+    for (const QString& name :
+         {u"Brick/Brick_BaseColor.png"_s, u"Brick/Brick_SL_PBR_notes.txt"_s, u"Wood/Wood_basecolor.png"_s,
+          u"Wood/Wood_maps_notes.txt"_s, u"Sand/Sand_BaseColor.png"_s, u"Sand/Sand.gltf"_s}) {
+        write(name);
+    }
+    const FoundTextures textures = findTextures(folder.path(), {Depth::withSubfolders, {}});
+    EXPECT_EQ(textures.exportedSets, (QStringList{path(u"Brick"_s), path(u"Wood"_s)}));
+    // A .gltf of another program.
+    EXPECT_EQ(textures.folders.back().path, path(u"Sand"_s));
+}
+
+TEST_F(TextureFiles, AreFoundInAnExportedSetThatIsSearchedItself) {
+    write(u"Brick/Brick_BaseColor.png"_s);
+    write(u"Brick/Brick_SL_PBR_notes.txt"_s);
+    EXPECT_EQ(findTextures(path(u"Brick"_s), {}).folders.size(), 1U);
 }
 
 TEST_F(TextureFiles, MustExist) {

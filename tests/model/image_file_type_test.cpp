@@ -7,8 +7,8 @@ using namespace quarlin;
 namespace {
 
 TEST(ImageExtension, IsToldInAnyCase) {
-    for (const char* extension :
-         {"png", "PNG", "jpg", "Jpeg", "jpe", "tif", "tiff", "bmp", "gif", "heic", "heif", "webp", "AVIF"}) {
+    for (const char* extension : {"png", "PNG", "jpg", "Jpeg", "jpe", "tif", "tiff", "bmp", "gif", "heic",
+                                  "heif", "webp", "AVIF", "tga"}) {
         EXPECT_TRUE(isImageExtension(QString::fromLatin1(extension))) << extension;
     }
 }
@@ -16,6 +16,16 @@ TEST(ImageExtension, IsToldInAnyCase) {
 TEST(ImageExtension, IsNoneForOtherFiles) {
     for (const char* extension : {"", " ", "txt", "exr", "psd", ".png", "png ", "jpg jpeg", "gltf"}) {
         EXPECT_FALSE(isImageExtension(QString::fromLatin1(extension))) << extension;
+    }
+}
+
+TEST(UnreadImageExtension, IsOneOfAPictureThatCannotBeRead) {
+    for (const char* extension : {"exr", "HDR", "psd", "dds"}) {
+        EXPECT_TRUE(isUnreadImageExtension(QString::fromLatin1(extension))) << extension;
+        EXPECT_FALSE(isImageExtension(QString::fromLatin1(extension))) << extension;
+    }
+    for (const char* extension : {"", "txt", "png", "blend"}) {
+        EXPECT_FALSE(isUnreadImageExtension(QString::fromLatin1(extension))) << extension;
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "cli/batch/command_failure.h"
 #include "cli/batch/interruption.h"
+#include "cli/batch/update_record.h"
 #include "engine/base/texture_processor_error.h"
 #include "imaging/base/parallel.h"
 #include "imaging/files/file_stamp.h"
@@ -16,6 +17,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+SetOutcome exportOf(const SetJob& job) {
+    if (!job.skipsIfUpToDate) {
+        return SetOutcome::exported(job.work());
+    }
+    if (isUpToDate(job)) {
+        return SetOutcome::upToDate({job.folder, job.files});
+    }
+    // An input that changes meanwhile makes the record one of another state.
+    const QByteArray record = updateRecord(job);
+    SetOutcome outcome = SetOutcome::exported(job.work());
+    writeUpdateRecord(job, record);
+    return outcome;
+}
+
 SetOutcome outcomeOf(const SetJob& job) {
     if (!job.refusal.isEmpty()) {
         return SetOutcome::failed(job.refusal);
@@ -24,7 +39,7 @@ SetOutcome outcomeOf(const SetJob& job) {
         return SetOutcome::notStarted();
     }
     try {
-        return SetOutcome::exported(job.work());
+        return exportOf(job);
     } catch (const CommandFailure& failure) {
         return SetOutcome::failed(failure.message());
     } catch (const std::bad_alloc&) {
@@ -43,6 +58,9 @@ SetOutcome dryRunOf(const SetJob& job) {
             const auto error = TextureProcessorError::cannotReadImage(file);
             return SetOutcome::failed(CommandFailure(u"Load"_s, error).message());
         }
+    }
+    if (job.skipsIfUpToDate && isUpToDate(job)) {
+        return SetOutcome::upToDate({job.folder, job.files});
     }
     return SetOutcome::planned({job.folder, job.files});
 }
@@ -73,10 +91,16 @@ private:
 void perform(const BatchPlan& plan, int setsAtOnce, const OutcomeReceiver& receive,
              SetOutcome (*work)(const SetJob&)) {
     OrderedOutcomes outcomes(plan, receive);
+    // What is refused is known at once, and is reported before any set is written.
+    std::size_t first = 0;
+    while (first < plan.sets.size() && !plan.sets[first].refusal.isEmpty()) {
+        outcomes.add(first, work(plan.sets[first]));
+        ++first;
+    }
     forEachInParallel(
-        static_cast<std::int64_t>(plan.sets.size()),
+        static_cast<std::int64_t>(plan.sets.size() - first),
         [&](std::int64_t set) {
-            const auto index = static_cast<std::size_t>(set);
+            const std::size_t index = first + static_cast<std::size_t>(set);
             outcomes.add(index, work(plan.sets[index]));
         },
         static_cast<unsigned>(setsAtOnce));

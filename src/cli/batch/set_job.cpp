@@ -7,6 +7,8 @@
 #include <QHash>
 #include <QMap>
 
+#include <algorithm>
+
 namespace quarlin {
 
 using namespace Qt::StringLiterals;
@@ -31,9 +33,7 @@ void refuse(SetJob& job, const QString& reason) {
     }
 }
 
-QString firstInputName(const SetJob& job) {
-    return job.inputs.empty() ? job.name : lastPathComponent(QUrl::fromLocalFile(job.inputs.front().path));
-}
+QString firstInput(const SetJob& job) { return job.inputs.empty() ? job.name : job.inputs.front().path; }
 
 void refuseSameFolders(std::vector<SetJob>& jobs) {
     QMap<QString, QList<SetJob*>> byFolder;
@@ -46,7 +46,8 @@ void refuseSameFolders(std::vector<SetJob>& jobs) {
         for (SetJob* job : same) {
             const SetJob* other = job == same.first() ? same.last() : same.first();
             if (other != job) {
-                refuse(*job, u"The set of "_s + firstInputName(*other) + u" goes to the same folder"_s);
+                refuse(*job, u"The sets of "_s + firstInput(*job) + u" and "_s + firstInput(*other) +
+                                 u" go to the same folder"_s);
             }
         }
     }
@@ -84,6 +85,8 @@ SetJob refusedJob(const QString& path, const QString& refusal) {
 void refuseCollisions(BatchPlan& plan) {
     refuseSameFolders(plan.sets);
     refuseReadersOfOutputs(plan.sets);
+    std::stable_partition(plan.sets.begin(), plan.sets.end(),
+                          [](const SetJob& job) { return !job.refusal.isEmpty(); });
 }
 
 }  // namespace quarlin

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "matching/texture_set.h"
+#include "matching/unused_file.h"
 #include "model/export_result.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 #include <QUrl>
@@ -19,6 +20,8 @@ struct SetInput {
     QString title;
     /// Absolute.
     QString path;
+    /// The letter of the channel that is used; empty for the whole picture.
+    QString channel = {};
 };
 
 /// One set to export.
@@ -31,6 +34,10 @@ struct SetJob {
     /// The folder that is written, and its files in writing order.
     QUrl folder;
     QStringList files;
+    /// The settings, as text: see `settingsRecord`.
+    QByteArray settings;
+    /// Whether a set that is up to date is skipped: see `isUpToDate`.
+    bool skipsIfUpToDate = false;
     /// Why the set can't be exported, as far as that is known beforehand; empty if it can.
     QString refusal;
     /// Loads the inputs and exports the set. Throws `CommandFailure`.
@@ -40,14 +47,18 @@ struct SetJob {
 /// The sets of one run, in the order in which they are reported.
 struct BatchPlan {
     std::vector<SetJob> sets;
-    std::vector<LeftOutFile> leftOut;
+    /// The pictures that no set uses.
+    std::vector<UnusedFile> unused;
+    /// The folders that were searched; absolute paths.
+    QStringList folders;
 };
 
 /// A set that can't be planned, because the file or folder at `path` can't be used.
 SetJob refusedJob(const QString& path, const QString& refusal);
 
 /// Refuses sets that would conflict when exported at the same time: those whose folders have the same name,
-/// regardless of case, and those that read what another one writes.
+/// regardless of case, and those that read what another one writes. Refused sets come first, so that they are
+/// reported before anything is written.
 void refuseCollisions(BatchPlan& plan);
 
 }  // namespace quarlin

@@ -8,7 +8,7 @@
 
 namespace quarlin {
 
-enum class SetStatus { exported, planned, failed, notStarted };
+enum class SetStatus { exported, planned, upToDate, failed, notStarted };
 
 /// How the work on one set ended.
 struct SetOutcome {
@@ -20,6 +20,7 @@ struct SetOutcome {
 
     static SetOutcome exported(ExportResult result) { return {SetStatus::exported, std::move(result), {}}; }
     static SetOutcome planned(ExportResult result) { return {SetStatus::planned, std::move(result), {}}; }
+    static SetOutcome upToDate(ExportResult result) { return {SetStatus::upToDate, std::move(result), {}}; }
     static SetOutcome failed(const QString& failure) { return {SetStatus::failed, {}, failure}; }
     static SetOutcome notStarted() { return {SetStatus::notStarted, {}, {}}; }
 };

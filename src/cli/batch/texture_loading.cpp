@@ -10,18 +10,18 @@ namespace quarlin {
 
 using namespace Qt::StringLiterals;
 
-TextureAsset openTexture(const TextureProcessor& processor, const QString& path) {
-    return failingAs(u"Load"_s, [&] { return processor.openAsset(localFile(path)); });
+TextureAsset openTexture(const TextureProcessor& processor, const MaterialInput& input) {
+    const QUrl file = localFile(input.path);
+    return failingAs(u"Load"_s, [&] {
+        return input.channel ? processor.openAsset(file, *input.channel) : processor.openAsset(file);
+    });
 }
 
-TextureMap openTextures(const TextureProcessor& processor, const std::map<TextureSlotKind, QString>& paths) {
+TextureMap openTextures(const TextureProcessor& processor, const MaterialInputPaths& inputs) {
     TextureMap textures;
-    for (const auto& [slot, path] : paths) {
-        if (path.isEmpty()) {
-            continue;
-        }
+    for (const auto& [slot, input] : inputs) {
         try {
-            textures.emplace(slot, openTexture(processor, path));
+            textures.emplace(slot, openTexture(processor, input));
         } catch (const CommandFailure&) {
             // A texture before this one may be damaged further down.
             failingAs(u"Load"_s, [&] {

@@ -5,6 +5,10 @@
 #include "cli/base/print.h"
 #include "cli/report/check_report.h"
 
+#include <QFileInfo>
+
+#include <utility>
+
 namespace quarlin {
 
 using namespace Qt::StringLiterals;
@@ -15,8 +19,8 @@ QString CheckCommand::summary() const {
 
 QStringList CheckCommand::remarks() const {
     QStringList remarks{
-        u"A set is read as an uploader reads it: from its .gltf, or if there is none, by the names of "
-        "its files. Each finding has a severity and an identifier that never changes. With --json, "
+        u"A set is read as an uploader reads it: from its .gltf or .glb, or if there is none, by the names "
+        "of its files. Each finding has a severity and an identifier that never changes. With --json, "
         "each folder is one object on a line of its own, and the last line is a summary."_s,
         u"Whether the green of a normal map is inverted is determined from the map alone: it contains "
         "the slopes of a surface, which only fit together if green points the right way. Nothing is "
@@ -35,8 +39,9 @@ QStringList CheckCommand::remarks() const {
 }
 
 CommandOptions CheckCommand::options() {
-    return {required(pathsOption({}, u"FOLDER"_s, u"the folder of an exported set"_s, ValueKind::folder,
-                                 m_folders)),
+    return {required(pathsOption({}, u"SET"_s, u"the folder of an exported set, a .gltf or a .glb"_s,
+                                 ValueKind::fileOrFolder, m_paths)),
+            switchOption(u"recursive"_s, u"check every set at or below a folder"_s, m_isRecursive, true),
             switchOption(u"json"_s, u"print the report as lines of JSON"_s, m_reportsAsJSON, true)};
 }
 
@@ -47,19 +52,35 @@ std::vector<ExitMeaning> CheckCommand::exitMeanings() const {
             {ExitStatus::onlyWarnings, u"there are warnings, but no errors"_s}};
 }
 
+std::vector<QUrl> CheckCommand::setsAt(const QUrl& location) const {
+    std::vector<QUrl> sets;
+    if (m_isRecursive && QFileInfo(location.toLocalFile()).isDir()) {
+        sets = findSets(location);
+    }
+    // Without any, the check of the location itself says so.
+    return sets.empty() ? std::vector<QUrl>{location} : sets;
+}
+
 ExitStatus CheckCommand::run() const {
     SeverityCounts counts;
-    for (const QString& typed : m_folders) {
-        const QUrl location = localFile(typed);
-        const CheckedFolder folder{location.toLocalFile(), checkSet(location)};
-        for (const auto& [severity, count] : countSeverities(folder.findings)) {
-            counts[severity] += count;
-        }
-        if (print(m_reportsAsJSON ? folderLine(folder) : folderText(folder)) != ExitStatus::done) {
-            return ExitStatus::failed;
+    int folders = 0;
+    for (const QString& typed : m_paths) {
+        bool hasGreenNote = false;
+        for (const QUrl& location : setsAt(localFile(typed))) {
+            CheckedFolder folder{location.toLocalFile(), checkSet(location)};
+            // Said once, it is known of all sets of a folder.
+            std::erase_if(folder.findings, [&](const Finding& finding) {
+                return finding.kind == FindingKind::normalGreenDown && std::exchange(hasGreenNote, true);
+            });
+            for (const auto& [severity, count] : countSeverities(folder.findings)) {
+                counts[severity] += count;
+            }
+            ++folders;
+            if (print(m_reportsAsJSON ? folderLine(folder) : folderText(folder)) != ExitStatus::done) {
+                return ExitStatus::failed;
+            }
         }
     }
-    const int folders = static_cast<int>(m_folders.size());
     const ExitStatus printed =
         print(m_reportsAsJSON ? checkSummaryLine(folders, counts) : checkSummaryText(folders, counts));
     return printed == ExitStatus::done ? exitStatus(counts) : printed;

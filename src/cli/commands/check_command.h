@@ -2,6 +2,8 @@
 
 #include "cli/commands/command.h"
 
+#include <QUrl>
+
 namespace quarlin {
 
 using namespace Qt::StringLiterals;
@@ -17,8 +19,12 @@ public:
     ExitStatus run() const override;
 
 private:
-    /// May be relative.
-    QStringList m_folders;
+    /// The sets to check at `location`.
+    std::vector<QUrl> setsAt(const QUrl& location) const;
+
+    /// Folders and documents; may be relative.
+    QStringList m_paths;
+    bool m_isRecursive = false;
     bool m_reportsAsJSON = false;
 };
 

@@ -3,7 +3,7 @@
 #include "cli/batch/batch.h"
 #include "cli/batch/set_job.h"
 #include "cli/commands/command.h"
-#include "matching/texture_files.h"
+#include "cli/commands/folder_sources.h"
 
 #include <QUrl>
 
@@ -37,15 +37,28 @@ protected:
     QString materialName(const QString& fallback) const { return m_name.value_or(fallback); }
     /// The absolute location of the folder in which the sets' folders are made.
     QUrl parentDirectory() const;
-    /// The folders with images at `path`, which may be relative. If it can't be searched, adds a refused set
-    /// to `plan`.
-    std::vector<TextureFolder> textureFolders(const QString& path, BatchPlan& plan) const;
+    /// The folders with pictures at `path`, which may be relative: see `FolderSources::search`.
+    std::vector<TextureFolder> textureFolders(const QString& path, BatchPlan& plan) const {
+        return m_folders.search(path, parentDirectory(), plan);
+    }
+    /// The folder in which the set of a file in `folder` gets its own.
+    QUrl parentDirectory(const TextureFolder& folder) const {
+        return m_folders.parentDirectory(parentDirectory(), folder);
+    }
+    const TextureRules& rules() const { return m_folders.rules(); }
 
 private:
+    /// Every set of the run, with those that can't be exported refused. Throws `UsageError` for a name that
+    /// several sets would get.
+    BatchPlan plan() const;
+    ExitStatus exportPlan(const BatchPlan& plan) const;
+
     std::optional<QString> m_name;
     QString m_output;
-    bool m_isRecursive = false;
+    FolderSources m_folders;
+    bool m_isUpdate = false;
     bool m_isDryRun = false;
+    bool m_isWatching = false;
     bool m_reportsAsJSON = false;
     int m_setsAtOnce = defaultSetsAtOnce;
 };

@@ -3,10 +3,12 @@
 #include "cli/base/local_file.h"
 #include "cli/batch/command_failure.h"
 #include "cli/batch/planned_files.h"
+#include "cli/batch/settings_record.h"
 #include "cli/batch/texture_loading.h"
 #include "cli/options/file_options.h"
 #include "engine/texture_processor.h"
 #include "imaging/files/file_names.h"
+#include "matching/texture_set.h"
 #include "model/generated_set.h"
 #include "model/texture_asset.h"
 
@@ -61,58 +63,66 @@ CommandOptions MapsCommand::ownOptions() {
                      fractionRange),
     };
     addFileOptions<GeneratedFile>(options, m_settings);
+    options.push_back(
+        switchOption(u"all"_s, u"use every picture of a folder, not only base colors"_s, m_takesAll, true));
     return options;
 }
 
 QStringList MapsCommand::ownRemarks() const {
     return {
-        u"From a folder, every file with the extension of an image format is used. Each becomes a set "
-        "named after the file."_s};
+        u"From a folder, the base color of each material is used, found by the names of the files as "
+        u"material "
+        "--folder does, and every picture that belongs to no material; with --all, every file with the "
+        "extension of an image format. Each becomes a set named after the file."_s};
 }
 
 std::optional<SetJob> MapsCommand::singleSet() const {
     if (m_sources.size() > 1 || QFileInfo(m_sources.first()).isDir()) {
         return std::nullopt;
     }
-    return jobFor(m_sources.first());
+    return jobFor(m_sources.first(), parentDirectory());
 }
 
 BatchPlan MapsCommand::severalSets() const {
     BatchPlan plan;
     QSet<QString> known;
-    const auto add = [&](const QString& path) {
+    const auto add = [&](const QString& path, const QUrl& parent) {
         // A file that is given twice is still one texture.
         if (const QString file = localFile(path).toLocalFile(); !known.contains(file)) {
             known.insert(file);
-            plan.sets.push_back(jobFor(path));
+            plan.sets.push_back(jobFor(path, parent));
         }
     };
     for (const QString& source : m_sources) {
         if (!QFileInfo(source).isDir()) {
-            add(source);
+            add(source, parentDirectory());
             continue;
         }
         for (const TextureFolder& folder : textureFolders(source, plan)) {
-            for (const QString& file : folder.files) {
-                add(file);
+            const BaseColors colors =
+                m_takesAll ? BaseColors{folder.files, {}} : findBaseColors(folder, rules());
+            plan.unused.insert(plan.unused.end(), colors.unused.begin(), colors.unused.end());
+            for (const QString& file : colors.files) {
+                add(file, parentDirectory(folder));
             }
         }
     }
     return plan;
 }
 
-SetJob MapsCommand::jobFor(const QString& path) const {
+SetJob MapsCommand::jobFor(const QString& path, const QUrl& parent) const {
     const QUrl source = localFile(path);
     NormalGeneratorSettings settings = m_settings;
     settings.materialName = materialName(fileStem(source));
     SetJob job;
     job.name = settings.safeMaterialName();
     job.inputs.push_back({u"source"_s, u"Source"_s, source.toLocalFile()});
-    job.folder = fileIn(parentDirectory(), job.name);
+    job.folder = fileIn(parent, job.name);
     job.files = plannedFiles(settings);
-    job.work = [settings, path, parent = parentDirectory()] {
+    job.settings = settingsRecord(settings);
+    job.work = [settings, path, parent] {
         const TextureProcessor processor{};
-        const TextureAsset texture = openTexture(processor, path);
+        const TextureAsset texture = openTexture(processor, {path, {}});
         return exportOpened([&] { return processor.exportGeneratedNormalSet(texture, settings, parent); });
     };
     return job;

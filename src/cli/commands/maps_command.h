@@ -20,10 +20,11 @@ protected:
     BatchPlan severalSets() const override;
 
 private:
-    SetJob jobFor(const QString& path) const;
+    SetJob jobFor(const QString& path, const QUrl& parent) const;
 
     /// Files and folders; paths may be relative.
     QStringList m_sources;
+    bool m_takesAll = false;
     /// All settings but the material's name.
     NormalGeneratorSettings m_settings;
 };

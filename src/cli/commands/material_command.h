@@ -1,10 +1,9 @@
 #pragma once
 
 #include "cli/commands/export_command.h"
+#include "matching/material_input.h"
+#include "matching/texture_set.h"
 #include "model/conversion_settings.h"
-#include "model/texture_slot_kind.h"
-
-#include <map>
 
 namespace quarlin {
 
@@ -23,10 +22,10 @@ protected:
     BatchPlan severalSets() const override;
 
 private:
-    SetJob jobFor(const TextureSet& set) const;
+    SetJob jobFor(const TextureSet& set, const QUrl& parent) const;
 
     /// The files of a single set; paths may be relative. A slot without a file is missing or empty.
-    std::map<TextureSlotKind, QString> m_paths;
+    MaterialInputPaths m_inputs;
     /// Folders whose files are matched to slots; paths may be relative.
     QStringList m_folders;
     /// All settings but the material's name.

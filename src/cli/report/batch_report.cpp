@@ -6,8 +6,8 @@
 namespace quarlin {
 
 void BatchReport::begin(const BatchPlan& plan) {
-    m_counts.leftOut = static_cast<std::int64_t>(plan.leftOut.size());
-    for (const LeftOutFile& file : plan.leftOut) {
+    m_counts.leftOut = static_cast<std::int64_t>(plan.unused.size());
+    for (const UnusedFile& file : plan.unused) {
         if (m_form.isJSON) {
             write(leftOutLine(file), {});
         } else {
@@ -39,7 +39,8 @@ ExitStatus BatchReport::end() {
     if (printed != ExitStatus::done || !m_isWritten) {
         return ExitStatus::failed;
     }
-    const int good = m_counts.of(SetStatus::exported) + m_counts.of(SetStatus::planned);
+    const int good =
+        m_counts.of(SetStatus::exported) + m_counts.of(SetStatus::planned) + m_counts.of(SetStatus::upToDate);
     if (good == 0) {
         return ExitStatus::failed;
     }

@@ -5,6 +5,7 @@
 #include "cli/report/report.h"
 #include "imaging/files/file_names.h"
 #include "model/export_result.h"
+#include "model/texture_slot_kind.h"
 
 #include <QFileInfo>
 
@@ -20,6 +21,8 @@ QString statusName(SetStatus status) {
             return u"exported"_s;
         case SetStatus::planned:
             return u"planned"_s;
+        case SetStatus::upToDate:
+            return u"upToDate"_s;
         case SetStatus::failed:
             return u"failed"_s;
         case SetStatus::notStarted:
@@ -42,7 +45,9 @@ QStringList replacedFiles(const ExportResult& result) {
 QString plannedText(const SetJob& job, const ExportResult& result) {
     QString text = u"Would export: "_s + folderPath(result) + u'\n';
     for (const SetInput& input : job.inputs) {
-        text += u"Would read "_s + input.path + u" ("_s + input.title + u")\n"_s;
+        const auto channel = fromRawValue<TextureChannel>(input.channel);
+        text += u"Would read "_s + input.path + u" ("_s + input.title +
+                (channel ? u", "_s + title(*channel) : QString()) + u")\n"_s;
     }
     const QStringList replaced = replacedFiles(result);
     for (const QString& file : result.files) {
@@ -59,6 +64,8 @@ QString setText(const SetJob& job, const SetOutcome& outcome) {
         text = textReport(outcome.result);
     } else if (outcome.status == SetStatus::planned) {
         text = plannedText(job, outcome.result);
+    } else if (outcome.status == SetStatus::upToDate) {
+        return u"Up to date: "_s + folderPath(outcome.result) + u'\n';
     } else {
         return {};
     }
@@ -74,14 +81,21 @@ QString failureText(const SetJob& job, const SetOutcome& outcome) {
 
 QString setLine(const SetJob& job, const SetOutcome& outcome) {
     JsonLine inputs;
+    JsonLine channels;
     for (const SetInput& input : job.inputs) {
         inputs.add(input.identifier, input.path);
+        if (!input.channel.isEmpty()) {
+            channels.add(input.identifier, input.channel);
+        }
     }
     JsonLine line;
     line.add(u"type"_s, u"set"_s)
         .add(u"name"_s, job.name)
         .add(u"status"_s, statusName(outcome.status))
         .add(u"inputs"_s, inputs);
+    if (!channels.isEmpty()) {
+        line.add(u"channels"_s, channels);
+    }
     if (!job.decisions.isEmpty()) {
         line.add(u"decisions"_s, job.decisions);
     }
@@ -96,15 +110,16 @@ QString setLine(const SetJob& job, const SetOutcome& outcome) {
     return line.text() + u'\n';
 }
 
-QString leftOutText(const LeftOutFile& file) {
-    return u"Left out: "_s + file.path + u" ("_s + file.reason + u")\n"_s;
+QString leftOutText(const UnusedFile& file) {
+    return u"Left out: "_s + file.path + u" ("_s + file.text + u")\n"_s;
 }
 
-QString leftOutLine(const LeftOutFile& file) {
+QString leftOutLine(const UnusedFile& file) {
     return JsonLine()
                .add(u"type"_s, u"leftOut"_s)
                .add(u"file"_s, file.path)
-               .add(u"reason"_s, file.reason)
+               .add(u"identifier"_s, rawValue(file.reason))
+               .add(u"reason"_s, file.text)
                .text() +
            u'\n';
 }
@@ -125,6 +140,9 @@ int BatchCounts::all() const {
 QString summaryText(const BatchCounts& counts, bool isDryRun) {
     QString text = isDryRun ? counted(counts.of(SetStatus::planned), u"set"_s) + u" to export"_s
                             : counted(counts.of(SetStatus::exported), u"set"_s) + u" exported"_s;
+    if (const int upToDate = counts.of(SetStatus::upToDate); upToDate > 0) {
+        text += u", "_s + QString::number(upToDate) + u" up to date"_s;
+    }
     if (const int failed = counts.of(SetStatus::failed); failed > 0) {
         text += u", "_s + QString::number(failed) + u" failed"_s;
     }
@@ -140,8 +158,8 @@ QString summaryText(const BatchCounts& counts, bool isDryRun) {
 QString summaryLine(const BatchCounts& counts) {
     JsonLine line;
     line.add(u"type"_s, u"summary"_s).add(u"sets"_s, static_cast<std::int64_t>(counts.all()));
-    for (const SetStatus status :
-         {SetStatus::exported, SetStatus::planned, SetStatus::failed, SetStatus::notStarted}) {
+    for (const SetStatus status : {SetStatus::exported, SetStatus::planned, SetStatus::upToDate,
+                                   SetStatus::failed, SetStatus::notStarted}) {
         line.add(statusName(status), static_cast<std::int64_t>(counts.of(status)));
     }
     return line.add(u"leftOut"_s, counts.leftOut).text() + u'\n';

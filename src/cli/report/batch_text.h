@@ -17,8 +17,8 @@ QString setText(const SetJob& job, const SetOutcome& outcome);
 QString failureText(const SetJob& job, const SetOutcome& outcome);
 QString setLine(const SetJob& job, const SetOutcome& outcome);
 
-QString leftOutText(const LeftOutFile& file);
-QString leftOutLine(const LeftOutFile& file);
+QString leftOutText(const UnusedFile& file);
+QString leftOutLine(const UnusedFile& file);
 
 /// How the sets of a run ended.
 struct BatchCounts {

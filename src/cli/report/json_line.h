@@ -17,6 +17,8 @@ public:
     JsonLine& add(const QString& key, const JsonLine& object);
     JsonLine& add(const QString& key, const std::vector<JsonLine>& objects);
 
+    bool isEmpty() const { return m_members.isEmpty(); }
+
     /// The object without a line feed.
     QString text() const { return u'{' + m_members + u'}'; }
 

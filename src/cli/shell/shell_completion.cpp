@@ -175,7 +175,9 @@ QString fishCompletion(std::span<Command* const> commands) {
         const QString inCommand = complete + u" -n '__fish_seen_subcommand_from "_s + command->name() + u'\'';
         for (const CommandOption& option : command->options()) {
             if (option.name.isEmpty()) {
-                text += inCommand + u" -a '(__fish_complete_directories)'\n"_s;
+                text +=
+                    inCommand + (option.kind == ValueKind::folder ? u" -a '(__fish_complete_directories)'\n"_s
+                                                                  : u" -F\n"_s);
             } else {
                 text += inCommand + u" -l "_s + option.name + fishValue(option) + u" -d "_s +
                         shellWord(option.description) + u'\n';

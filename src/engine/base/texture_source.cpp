@@ -33,8 +33,11 @@ std::shared_ptr<InputFile> openInputFile(const QUrl& url) {
     return reportingEngineErrors(FileKind::image, [&] { return InputFile::open(url); });
 }
 
-OpenedImage openFileRows(const std::shared_ptr<InputFile>& file, ColorHandling handling) {
-    OpenedImage image = reportingEngineErrors(FileKind::image, [&] { return openImageFile(file, handling); });
+OpenedImage openFileRows(const std::shared_ptr<InputFile>& file, ColorHandling handling,
+                         std::optional<TextureChannel> channel) {
+    const auto index = channel ? std::optional(static_cast<int>(*channel)) : std::nullopt;
+    OpenedImage image =
+        reportingEngineErrors(FileKind::image, [&] { return openImageFile(file, handling, index); });
     image.rows = std::make_unique<FileRows>(std::move(image.rows));
     return image;
 }
@@ -50,7 +53,8 @@ std::unique_ptr<RowReader> scaledRows(std::unique_ptr<RowReader> rows, PixelSize
 }
 
 TextureSource::TextureSource(const TextureAsset& asset)
-    : m_handling(asset.keepsSamples ? ColorHandling::keepSamples : ColorHandling::convert) {
+    : m_handling(asset.keepsSamples ? ColorHandling::keepSamples : ColorHandling::convert),
+      m_channel(asset.channel) {
     if (asset.decodedFrom && fileStamp(asset.url) == asset.decodedFrom) {
         m_image = asset.preview;
     } else {
@@ -60,14 +64,14 @@ TextureSource::TextureSource(const TextureAsset& asset)
 
 void TextureSource::expectReadable() const {
     if (const std::shared_ptr<InputFile>& file = m_file.value()) {
-        skipRest(openFileRows(file, m_handling).rows.get());
+        skipRest(openFileRows(file, m_handling, m_channel).rows.get());
     }
 }
 
 std::unique_ptr<RowReader> TextureSource::open(PixelSize size) const {
     const std::shared_ptr<InputFile>& file = m_file.value();
-    return scaledRows(file ? openFileRows(file, m_handling).rows : std::make_unique<ImageRows>(m_image),
-                      size);
+    return scaledRows(
+        file ? openFileRows(file, m_handling, m_channel).rows : std::make_unique<ImageRows>(m_image), size);
 }
 
 }  // namespace quarlin

@@ -10,6 +10,7 @@
 #include <QImage>
 
 #include <memory>
+#include <optional>
 
 namespace quarlin {
 
@@ -37,10 +38,13 @@ private:
     /// A null pointer if the file is not needed.
     Outcome<std::shared_ptr<InputFile>> m_file;
     ColorHandling m_handling;
+    std::optional<TextureChannel> m_channel;
 };
 
-/// Opens the image in a file. This and the rows throw `cannotReadImage`.
-OpenedImage openFileRows(const std::shared_ptr<InputFile>& file, ColorHandling handling);
+/// Opens the image in a file; with `channel`, the rows are those of that channel in gray. This and the rows
+/// throw `cannotReadImage`.
+OpenedImage openFileRows(const std::shared_ptr<InputFile>& file, ColorHandling handling,
+                         std::optional<TextureChannel> channel = {});
 
 /// Opens a file for `openFileRows`. Throws `cannotReadImage`.
 std::shared_ptr<InputFile> openInputFile(const QUrl& url);

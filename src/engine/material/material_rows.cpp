@@ -36,7 +36,8 @@ std::unique_ptr<RowReader> openOrm(const MaterialSources& sources, const Convers
     const auto input = [&](TextureSlotKind slot, double defaultValue, bool inverted) {
         return OrmInput{.open = [&sources, slot, size] { return sources.open(slot, size); },
                         .fallback = byteFromUnit(defaultValue),
-                        .inverted = inverted};
+                        .inverted = inverted,
+                        .isChannel = sources.isChannel(slot)};
     };
     return std::make_unique<OrmRows>(
         OrmInputs{

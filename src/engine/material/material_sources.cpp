@@ -5,6 +5,9 @@ namespace quarlin {
 MaterialSources::MaterialSources(const TextureMap& textures) {
     for (const auto& [slot, texture] : textures) {
         m_sources.emplace(slot, texture);
+        if (texture.channel) {
+            m_channels.insert(slot);
+        }
         m_areUnloaded = m_areUnloaded || !texture.isLoaded();
     }
 }

@@ -8,6 +8,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 
 namespace quarlin {
 
@@ -20,6 +21,9 @@ public:
     /// `TextureSource` does.
     std::unique_ptr<RowReader> open(TextureSlotKind slot, PixelSize size) const;
 
+    /// Whether the texture of `slot` is one channel of a file: see `TextureAsset::channel`.
+    bool isChannel(TextureSlotKind slot) const { return m_channels.contains(slot); }
+
     /// Whether a texture was opened but not loaded.
     bool areUnloaded() const { return m_areUnloaded; }
 
@@ -28,6 +32,7 @@ public:
 
 private:
     std::map<TextureSlotKind, TextureSource> m_sources;
+    std::set<TextureSlotKind> m_channels;
     bool m_areUnloaded = false;
 };
 

@@ -22,8 +22,9 @@ HWY_INLINE HWY_ATTR Integer channelValues(const OrmChannel& channel, std::int64_
     if (channel.pixels == nullptr) {
         return hn::Set(integers, channel.fallback);
     }
+    const std::uint8_t* pixels = channel.pixels + pixel * bytesPerPixel;
     const Integer gray =
-        hn::DemoteTo(integers, hn::Trunc(luminance(loadColor(channel.pixels + pixel * bytesPerPixel))));
+        channel.isChannel ? loadRed(pixels) : hn::DemoteTo(integers, hn::Trunc(luminance(loadColor(pixels))));
     // 255 - v is v with every bit inverted.
     return channel.inverted ? hn::Xor(gray, hn::Set(integers, 255)) : gray;
 }
@@ -63,7 +64,8 @@ void plain::packOrm(const OrmChannels& channels, std::int64_t first, std::int64_
             const OrmChannel& source = channels[channel];
             std::uint8_t value = source.fallback;
             if (source.pixels != nullptr) {
-                value = luminanceByte(source.pixels + (first + index) * bytesPerPixel);
+                const std::uint8_t* pixel = source.pixels + (first + index) * bytesPerPixel;
+                value = source.isChannel ? *pixel : luminanceByte(pixel);
                 value = source.inverted ? static_cast<std::uint8_t>(255 - value) : value;
             }
             *output++ = value;

@@ -9,9 +9,12 @@ namespace quarlin {
 struct OrmChannel {
     /// The texture's pixels as premultiplied RGBA, whose luminance is used; null for no texture.
     const std::uint8_t* pixels = nullptr;
+    /// Whether the pixels are one channel of a file in gray, whose samples are used as they are: the
+    /// luminance of some grays is one less (see `luminanceByte`).
+    bool isChannel = false;
     /// The value without a texture, never inverted.
     std::uint8_t fallback = 0;
-    /// Whether the luminance is subtracted from 255.
+    /// Whether the value is subtracted from 255.
     bool inverted = false;
 };
 

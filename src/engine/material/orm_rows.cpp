@@ -14,6 +14,7 @@ OrmRows::OrmRows(const OrmInputs& inputs, PixelSize size) : RowReader(size.width
         Input& input = m_inputs[index];
         input.channel.fallback = inputs[index].fallback;
         input.channel.inverted = inputs[index].inverted;
+        input.channel.isChannel = inputs[index].isChannel;
         try {
             input.reader = inputs[index].open();
         } catch (...) {

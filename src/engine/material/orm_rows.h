@@ -18,8 +18,10 @@ struct OrmInput {
     std::function<std::unique_ptr<RowReader>()> open;
     /// The value without a texture, never inverted.
     std::uint8_t fallback = 0;
-    /// Whether the luminance is subtracted from 255.
+    /// Whether the value is subtracted from 255.
     bool inverted = false;
+    /// Whether the texture is one channel of a file, whose samples are used as they are.
+    bool isChannel = false;
 };
 
 /// Occlusion, roughness and metallic.

@@ -11,6 +11,11 @@ AlternativeRows::AlternativeRows(std::unique_ptr<RowReader> first, Open openSeco
       m_reader(std::move(first)),
       m_openSecond(std::move(openSecond)) {}
 
+bool AlternativeRows::keepColorsStraight() {
+    m_isStraight = m_reader->keepColorsStraight();
+    return m_isStraight;
+}
+
 void AlternativeRows::readRows(std::int64_t count, std::uint8_t* rows) {
     try {
         m_reader->read(count, rows);
@@ -27,7 +32,8 @@ void AlternativeRows::readRows(std::int64_t count, std::uint8_t* rows) {
 void AlternativeRows::switchToSecond() {
     m_reader.reset();
     m_reader = std::exchange(m_openSecond, {})();
-    if (m_reader->width() != width() || m_reader->height() != height()) {
+    if (m_reader->width() != width() || m_reader->height() != height() ||
+        (m_isStraight && !m_reader->keepColorsStraight())) {
         throw DecodeError(DecodeProblem::damaged);
     }
     skipTo(position(), *m_reader);

@@ -15,6 +15,8 @@ public:
 
     AlternativeRows(std::unique_ptr<RowReader> first, Open openSecond);
 
+    bool keepColorsStraight() override;
+
 private:
     void readRows(std::int64_t count, std::uint8_t* rows) override;
     void switchToSecond();
@@ -22,6 +24,7 @@ private:
     std::unique_ptr<RowReader> m_reader;
     /// Empty once the second reader is in use.
     Open m_openSecond;
+    bool m_isStraight = false;
 };
 
 }  // namespace quarlin

@@ -6,6 +6,7 @@
 #include "imaging/decode/formats/heif/heif_reader.h"
 #include "imaging/decode/formats/jpeg_reader.h"
 #include "imaging/decode/formats/png_reader.h"
+#include "imaging/decode/formats/tga_reader.h"
 #include "imaging/decode/formats/tiff/tiff_reader.h"
 #include "imaging/decode/formats/webp_reader.h"
 #include "imaging/pixels/image_view.h"
@@ -43,7 +44,9 @@ constexpr std::array families{FormatFamily{isPng, openPng},
                               FormatFamily{isHeif, openWhole<openHeif>},
                               FormatFamily{isTiff, openWhole<openTiff>},
                               FormatFamily{isGif, openWholeSRGB<openGif>},
-                              FormatFamily{isWebp, openWhole<openWebp>}};
+                              FormatFamily{isWebp, openWhole<openWebp>},
+                              // Without a signature, so it comes last.
+                              FormatFamily{isTga, openWholeSRGB<openTga>}};
 
 }  // namespace
 

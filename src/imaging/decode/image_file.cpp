@@ -1,5 +1,6 @@
 #include "imaging/decode/image_file.h"
 
+#include "imaging/decode/channel_rows.h"
 #include "imaging/decode/decode_error.h"
 #include "imaging/decode/image_decoder.h"
 
@@ -41,9 +42,13 @@ private:
 
 }  // namespace
 
-OpenedImage openImageFile(const std::shared_ptr<InputFile>& file, ColorHandling handling) {
+OpenedImage openImageFile(const std::shared_ptr<InputFile>& file, ColorHandling handling,
+                          std::optional<int> channel) {
     return locatingErrors(file->url(), [&] {
         OpenedImage image = openImage(file, handling);
+        if (channel) {
+            image.rows = channelRows(std::move(image.rows), *channel);
+        }
         image.rows = std::make_unique<ImageFileRows>(file, std::move(image.rows));
         return image;
     });

@@ -7,13 +7,16 @@
 #include <QImage>
 
 #include <memory>
+#include <optional>
 
 namespace quarlin {
 
 /// Opens the image in a file, as `openImage` does. Here and from the rows, all errors have the file's
 /// location: `FileError` if it can't be read or changes meanwhile, `DecodeError` if it can't be decoded or
-/// does not fit into memory.
-OpenedImage openImageFile(const std::shared_ptr<InputFile>& file, ColorHandling handling);
+/// does not fit into memory. With `channel`, 0 (red) to 3 (alpha), the rows are those of that channel in
+/// gray: see `channelRows`.
+OpenedImage openImageFile(const std::shared_ptr<InputFile>& file, ColorHandling handling,
+                          std::optional<int> channel = {});
 
 /// An image file, still open, and the image that it decodes to.
 struct ImageFile {

@@ -44,6 +44,13 @@ HWY_INLINE HWY_ATTR Color loadColor(const std::uint8_t* pixels) {
             hn::PromoteTo(doubles, hn::And(hn::ShiftRight<16>(packed), low))};
 }
 
+/// Reads the red components of pixels, 0...255.
+HWY_INLINE HWY_ATTR Integer loadRed(const std::uint8_t* pixels) {
+    const Integers integers;
+    return hn::And(hn::LoadU(integers, reinterpret_cast<const std::int32_t*>(pixels)),
+                   hn::Set(integers, 255));
+}
+
 HWY_INLINE HWY_ATTR Double luminance(const Color& color) {
     const Double redAndGreen = hn::Add(hn::Mul(color.red, number(luminanceWeights[0])),
                                        hn::Mul(color.green, number(luminanceWeights[1])));

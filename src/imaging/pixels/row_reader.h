@@ -28,6 +28,11 @@ public:
     /// The number of rows that have been read.
     std::int64_t position() const { return m_position; }
 
+    /// Asks for colors that are not multiplied by their alpha, so that those of transparent pixels are kept
+    /// too. To be called before the first row is read. Returns whether the reader can give them; if not, its
+    /// rows stay premultiplied.
+    virtual bool keepColorsStraight() { return false; }
+
     /// Reads the next `count` rows into `rows`, which has room for `count * bytesPerRow()` bytes; there must
     /// be as many left. Throws when the image turns out to be damaged, at the latest with its last row. After
     /// that, the reader can't be used.

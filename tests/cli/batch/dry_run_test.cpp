@@ -77,7 +77,8 @@ TEST_F(DryRun, ReportsEverySetInJson) {
             color.toStdString() + "\"}, \"folder\": \"" + output().toStdString() +
             "/brick\", \"files\": [\"brick_BaseColor.png\", \"brick_ORM.png\", \"brick.gltf\", "
             "\"brick_SL_PBR_notes.txt\"], \"replaced\": []}\n"
-            "{\"type\": \"summary\", \"sets\": 1, \"exported\": 0, \"planned\": 1, \"failed\": 0, "
+            "{\"type\": \"summary\", \"sets\": 1, \"exported\": 0, \"planned\": 1, \"upToDate\": 0, "
+            "\"failed\": 0, "
             "\"notStarted\": 0, \"leftOut\": 0}\n");
 }
 

@@ -113,14 +113,14 @@ TEST_F(MapsBatch, ContinuesAfterAnUnreadableFolder) {
 }
 
 TEST_F(MapsBatch, RefusesTwoSetsForOneFolder) {
-    writeSource(u"a/wood.png"_s);
-    writeSource(u"b/Wood.png"_s);
+    const std::string lower = writeSource(u"a/wood.png"_s).toStdString();
+    const std::string upper = writeSource(u"b/Wood.png"_s).toStdString();
     writeSource(u"b/brick.png"_s);
     const Outcome outcome = runMaps({u"--source"_s, sources() + u"/a"_s, u"--source"_s, sources() + u"/b"_s});
     EXPECT_EQ(outcome.status, 3);
-    EXPECT_EQ(outcome.errors,
-              "wood: Export failed: The set of Wood.png goes to the same folder\n"
-              "Wood: Export failed: The set of wood.png goes to the same folder\n");
+    EXPECT_EQ(outcome.errors, "wood: Export failed: The sets of " + lower + " and " + upper +
+                                  " go to the same folder\nWood: Export failed: The sets of " + upper +
+                                  " and " + lower + " go to the same folder\n");
     EXPECT_EQ(outcome.output, mapsReport("brick") + "1 set exported, 2 failed\n");
     EXPECT_EQ(exportedSets(), QStringList{u"brick"_s});
 }
@@ -227,7 +227,8 @@ TEST_F(MapsBatch, ReportsLinesOfJson) {
                   "{\"type\": \"set\", \"name\": \"b\", \"status\": \"failed\", \"inputs\": {\"source\": \"" +
                   folder +
                   "sources/b.png\"}, \"error\": \"Load failed: Could not read image: b.png\"}\n"
-                  "{\"type\": \"summary\", \"sets\": 2, \"exported\": 1, \"planned\": 0, \"failed\": 1, "
+                  "{\"type\": \"summary\", \"sets\": 2, \"exported\": 1, \"planned\": 0, \"upToDate\": 0, "
+                  "\"failed\": 1, "
                   "\"notStarted\": 0, \"leftOut\": 0}\n");
     EXPECT_EQ(jsonLines(outcome.output).size(), 3U);
 }
@@ -240,6 +241,18 @@ TEST_F(MapsBatch, FailsWhenItsReportCannotBeWritten) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.errors, "quarlin-cli: Could not write to the standard output\n");
     EXPECT_EQ(exportedSets(), QStringList{u"a"_s});
+}
+
+TEST_F(MapsBatch, TakesTheBaseColorsOfAFolder) {
+    writeSource(u"brick_color.png"_s);
+    const QString normal = writeSource(u"brick_normal.png"_s);
+    writeSource(u"photo.png"_s);
+    const Outcome outcome = runMaps(fromFolder());
+    EXPECT_EQ(outcome.errors,
+              "Left out: " + normal.toStdString() + " (it is the Normal texture of a material)\n");
+    EXPECT_EQ(exportedSets(), (QStringList{u"brick_color"_s, u"photo"_s}));
+    EXPECT_EQ(runMaps(fromFolder() + QStringList{u"--all"_s}).errors, "");
+    EXPECT_EQ(exportedSets(), (QStringList{u"brick_color"_s, u"brick_normal"_s, u"photo"_s}));
 }
 
 TEST_F(MapsBatch, ExportsManySets) {

@@ -207,4 +207,34 @@ TEST_F(MaterialCommand, TreatsANegativeZeroAsZero) {
         "\nDefault metallic: 0%\n"));
 }
 
+TEST_F(MaterialCommand, PacksAnExportedSetAgainToTheSameBytes) {
+    const QString color = writeImage(u"color.png"_s, patternedImage(16, 16, 1));
+    const QString rough = writeImage(u"rough.png"_s, patternedImage(16, 16, 2));
+    const QString metal = writeImage(u"metal.png"_s, patternedImage(16, 16, 3));
+    const auto runInto = [&](const QString& folder, const QStringList& inputs) {
+        const Outcome outcome =
+            runCli(QStringList{u"material"_s, u"--base-color"_s, color, u"--name"_s, u"Brick"_s, u"--size"_s,
+                               u"base"_s, u"--output"_s, path(folder)} +
+                   inputs);
+        EXPECT_EQ(outcome.status, 0) << outcome.errors;
+        return bytesOf(path(folder) + u"/Brick/Brick_ORM.png"_s);
+    };
+    const QByteArray first = runInto(u"first"_s, {u"--roughness"_s, rough, u"--metallic"_s, metal});
+    const QString orm = path(u"first/Brick/Brick_ORM.png"_s);
+    EXPECT_EQ(runInto(u"second"_s, {u"--occlusion"_s, orm + u":r"_s, u"--roughness"_s, orm + u":g"_s,
+                                    u"--metallic"_s, orm + u":b"_s}),
+              first);
+    const QString notes = QString::fromUtf8(bytesOf(path(u"second/Brick/Brick_SL_PBR_notes.txt"_s)));
+    EXPECT_TRUE(notes.contains(u"Roughness / Gloss: Brick_ORM.png, green (16x16)"_s)) << notes.toStdString();
+}
+
+TEST_F(MaterialCommand, TakesAFileWhoseNameEndsLikeAChannel) {
+    const QString color = writeImage(u"color.png"_s, patternedImage(4, 4, 1));
+    QFile::copy(writeGray(u"gray.png"_s, 100), path(u"gray:g"_s));
+    const Outcome outcome = runCli({u"material"_s, u"--base-color"_s, color, u"--roughness"_s,
+                                    path(u"gray:g"_s), u"--dry-run"_s, u"--output"_s, output()});
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    EXPECT_THAT(outcome.output, testing::HasSubstr("gray:g (Roughness / Gloss)\n"));
+}
+
 }  // namespace

@@ -91,7 +91,7 @@ TEST_F(BashCompletion, OffersFilesAndFoldersForPaths) {
     EXPECT_EQ(offered({u"maps"_s, u"--source"_s, u"so"_s}),
               (QStringList{u"some file.png"_s, u"some folder"_s}));
     EXPECT_EQ(offered({u"maps"_s, u"--output"_s, u"so"_s}), QStringList{u"some folder"_s});
-    EXPECT_EQ(offered({u"check"_s, u"so"_s}), QStringList{u"some folder"_s});
+    EXPECT_EQ(offered({u"check"_s, u"so"_s}), (QStringList{u"some file.png"_s, u"some folder"_s}));
 }
 
 }  // namespace

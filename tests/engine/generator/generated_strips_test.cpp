@@ -66,7 +66,8 @@ TEST(GeneratedStrips, StripsOfAnyHeightOnAnyNumberOfThreadsAreTheSame) {
             forEachInParallel(
                 strips.count(),
                 [&](std::int64_t index) {
-                    made[static_cast<std::size_t>(index)] = generateStrip(RowWindow(source), settings, strips[index]);
+                    made[static_cast<std::size_t>(index)] =
+                        generateStrip(RowWindow(source), settings, strips[index]);
                 },
                 threads);
             for (const GeneratedMap map : computedMaps) {

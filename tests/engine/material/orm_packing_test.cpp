@@ -23,6 +23,7 @@ TEST(OrmPacking, MatchesItsPlainTwinForEveryCountAndEveryKindOfChannel) {
         for (std::size_t index = 0; index < channels.size(); ++index) {
             const bool isLoaded = random() % 4 != 0;
             channels[index] = {.pixels = isLoaded ? pictures[index].bytes.data() : nullptr,
+                               .isChannel = random() % 4 == 0,
                                .fallback = static_cast<std::uint8_t>(random() % 256),
                                .inverted = random() % 2 == 0};
         }

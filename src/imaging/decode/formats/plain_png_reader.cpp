@@ -135,6 +135,11 @@ public:
           m_rowSize(header.rowSize()),
           m_above(m_rowSize + unfilterSpare, 0) {}
 
+    bool keepColorsStraight() override {
+        m_isStraight = true;
+        return true;
+    }
+
 private:
     static_assert(spareBytes >= unfilterSpare);
 
@@ -153,7 +158,12 @@ private:
             if (!unfilterPngRow<channels>(row[-1], {row, m_rowSize}, above)) {
                 throw DecodeError(DecodeProblem::damaged);
             }
-            convertPixels<std::uint8_t, channels>(row, width(), pixels + index * bytesPerRow());
+            std::uint8_t* const output = pixels + index * bytesPerRow();
+            if (m_isStraight) {
+                spreadPixels<std::uint8_t, channels>(row, width(), output);
+            } else {
+                convertPixels<std::uint8_t, channels>(row, width(), output);
+            }
             above = row;
             row += m_rowSize + 1;
         }
@@ -166,6 +176,7 @@ private:
     std::size_t m_rowSize;
     /// The last row that was converted, with room to spare.
     PixelBuffer m_above;
+    bool m_isStraight = false;
 };
 
 }  // namespace
