@@ -57,7 +57,8 @@ void decodeLargeJpeg(benchmark::State& state) {
         constexpr int quality = 90;
         return view.save(&buffer, "JPEG", quality) ? buffer.data() : QByteArray();
     }();
-    decode(state, openJpeg, file);
+    decode(
+        state, [](const QByteArray& bytes) { return openJpeg(bytesInMemory(bytes)); }, file);
     countBytes(state, largePhotograph().pixels.size());
 }
 
@@ -67,7 +68,7 @@ void decodeLargeJpeg(benchmark::State& state) {
             measure("decode/" + name + "/samples_" + std::to_string(samples),
                     [=](benchmark::State& state) { decode(state, open, pngFile(samples)); });
         };
-        add("plain_png", openPlainPng);
+        add("plain_png", [](const QByteArray& bytes) { return openPlainPng(bytesInMemory(bytes)); });
         add("libvips_png", openAnyPng);
     }
     measure("decode/jpeg", decodeLargeJpeg);

@@ -34,6 +34,9 @@ struct TextureAsset {
     /// file. While the file has this stamp, `preview` holds its pixels.
     std::optional<FileStamp> decodedFrom;
 
+    /// Whether `preview` holds an image. An asset that was only opened has none; an export loads it.
+    bool isLoaded() const { return !preview.isNull(); }
+
     /// The size as shown to the user, such as "2048x1024".
     QString sizeLabel() const;
 };

@@ -1,20 +1,26 @@
 #pragma once
 
 #include "engine/texture_processor.h"
+#include "model/export_result.h"
 #include "model/texture_asset.h"
 #include "model/texture_slot_kind.h"
 
 #include <QString>
 
+#include <functional>
 #include <map>
 
 namespace quarlin {
 
-/// Loads the file at `path`, which may be relative. Throws `CommandFailure`.
-TextureAsset loadTexture(const TextureProcessor& processor, const QString& path);
+/// Opens the file at `path`, which may be relative; its pixels are loaded by the export. Throws
+/// `CommandFailure`.
+TextureAsset openTexture(const TextureProcessor& processor, const QString& path);
 
-/// Loads the files at `paths`, which may be relative, at the same time; slots with an empty path are skipped.
-/// Throws `CommandFailure` for the first slot, in their order, that can't be loaded.
-TextureMap loadTextures(const TextureProcessor& processor, const std::map<TextureSlotKind, QString>& paths);
+/// Opens the files at `paths`, which may be relative; slots with an empty path are skipped. Throws
+/// `CommandFailure` for the first slot, in their order, that can't be loaded.
+TextureMap openTextures(const TextureProcessor& processor, const std::map<TextureSlotKind, QString>& paths);
+
+/// Exports a set of opened textures. Throws `CommandFailure`, also for a texture that can't be loaded.
+ExportResult exportOpened(const std::function<ExportResult()>& work);
 
 }  // namespace quarlin

@@ -149,9 +149,8 @@ SetJob MaterialCommand::jobFor(const TextureSet& set) const {
     job.refusal = refusalOf(set);
     job.work = [settings, files = set.files, parent = parentDirectory()] {
         const TextureProcessor processor{};
-        const TextureMap textures = loadTextures(processor, files);
-        return failingAs(u"Export"_s,
-                         [&] { return processor.exportMaterialSet(textures, settings, parent); });
+        const TextureMap textures = openTextures(processor, files);
+        return exportOpened([&] { return processor.exportMaterialSet(textures, settings, parent); });
     };
     return job;
 }

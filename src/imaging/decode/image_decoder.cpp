@@ -18,25 +18,35 @@ namespace {
 
 /// Formats that one reader serves.
 struct FormatFamily {
-    /// Whether the bytes begin as a file of the family does.
-    bool (*matches)(const QByteArray& bytes);
-    std::unique_ptr<RowReader> (*open)(const QByteArray& bytes);
+    /// Whether a file of the family begins with these bytes.
+    bool (*matches)(const QByteArray& beginning);
+    std::unique_ptr<RowReader> (*open)(const std::shared_ptr<ByteSource>& source);
 };
 
-constexpr std::array families{FormatFamily{isPng, openPng}, FormatFamily{isJpeg, openJpeg},
-                              FormatFamily{isBmp, openBmp}, FormatFamily{isHeif, openHeif},
-                              FormatFamily{isTiffGifOrWebp, openTiffGifOrWebp}};
+/// Opens a file by a reader that needs all of its bytes.
+template <std::unique_ptr<RowReader> (*openBytes)(const QByteArray& bytes)>
+std::unique_ptr<RowReader> openWhole(const std::shared_ptr<ByteSource>& source) {
+    return openBytes(source->all());
+}
+
+constexpr std::array families{
+    FormatFamily{isPng, openPng}, FormatFamily{isJpeg, openJpeg}, FormatFamily{isBmp, openWhole<openBmp>},
+    FormatFamily{isHeif, openWhole<openHeif>}, FormatFamily{isTiffGifOrWebp, openWhole<openTiffGifOrWebp>}};
 
 }  // namespace
 
-std::unique_ptr<RowReader> openImage(const QByteArray& bytes) {
-    const auto* const family = std::find_if(families.begin(), families.end(),
-                                            [&](const FormatFamily& each) { return each.matches(bytes); });
+std::unique_ptr<RowReader> openImage(const std::shared_ptr<ByteSource>& source) {
+    constexpr std::int64_t beginningSize = 4096;
+    const QByteArray beginning = source->part(0, beginningSize);
+    const auto* const family = std::find_if(
+        families.begin(), families.end(), [&](const FormatFamily& each) { return each.matches(beginning); });
     if (family == families.end()) {
         throw DecodeError(DecodeProblem::notAnImage);
     }
-    return family->open(bytes);
+    return family->open(source);
 }
+
+std::unique_ptr<RowReader> openImage(const QByteArray& bytes) { return openImage(bytesInMemory(bytes)); }
 
 QImage decodeImage(const QByteArray& bytes) { return readImage(*openImage(bytes)); }
 

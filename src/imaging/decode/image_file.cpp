@@ -8,16 +8,47 @@
 
 namespace quarlin {
 
-ImageFile readImageFile(const QUrl& url) {
+namespace {
+
+/// Returns the result of `work`, and adds the location of the file to errors of decoding it.
+template <typename Work>
+auto locatingErrors(const QUrl& url, Work&& work) -> decltype(work()) {
     try {
-        FileBytes content = readFile(url);
-        QImage image = decodeImage(content.bytes);
-        return {std::move(content), std::move(image)};
+        return work();
     } catch (const DecodeError& error) {
         throw DecodeError(error.problem(), url);
     } catch (const std::bad_alloc&) {
         throw DecodeError(DecodeProblem::tooLarge, url);
     }
+}
+
+class ImageFileRows final : public RowReader {
+public:
+    ImageFileRows(std::shared_ptr<InputFile> file, std::unique_ptr<RowReader> rows)
+        : RowReader(rows->width(), rows->height()), m_file(std::move(file)), m_rows(std::move(rows)) {}
+
+private:
+    void readRows(std::int64_t count, std::uint8_t* rows) override {
+        locatingErrors(m_file->url(), [&] { m_rows->read(count, rows); });
+        if (m_rows->position() == height()) {
+            m_file->expectUnchanged();
+        }
+    }
+
+    std::shared_ptr<InputFile> m_file;
+    std::unique_ptr<RowReader> m_rows;
+};
+
+}  // namespace
+
+std::unique_ptr<RowReader> openImageFile(const std::shared_ptr<InputFile>& file) {
+    return locatingErrors(file->url(),
+                          [&] { return std::make_unique<ImageFileRows>(file, openImage(file)); });
+}
+
+ImageFile readImageFile(const QUrl& url) {
+    const std::shared_ptr<InputFile> file = InputFile::open(url);
+    return locatingErrors(url, [&] { return ImageFile{file, readImage(*openImageFile(file))}; });
 }
 
 }  // namespace quarlin

@@ -1,19 +1,26 @@
 #pragma once
 
-#include "imaging/files/file_bytes.h"
+#include "imaging/files/input_file.h"
+#include "imaging/pixels/row_reader.h"
 
 #include <QImage>
 
+#include <memory>
+
 namespace quarlin {
 
-/// An image file: its content, and the image that it decodes to.
+/// Opens the image in a file, as `openImage` does. Here and from the rows, all errors have the file's
+/// location: `FileError` if it can't be read or changes meanwhile, `DecodeError` if it can't be decoded or
+/// does not fit into memory.
+std::unique_ptr<RowReader> openImageFile(const std::shared_ptr<InputFile>& file);
+
+/// An image file, still open, and the image that it decodes to.
 struct ImageFile {
-    FileBytes content;
+    std::shared_ptr<InputFile> file;
     QImage image;
 };
 
-/// Reads and decodes the image file at `url`. Throws `FileError` if it can't be read, and `DecodeError` with
-/// its location if it can't be decoded or does not fit into memory.
+/// Reads and decodes the image file at `url`. Throws as `openImageFile` does.
 ImageFile readImageFile(const QUrl& url);
 
 }  // namespace quarlin

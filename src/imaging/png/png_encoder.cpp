@@ -189,20 +189,14 @@ std::uint8_t firstAlphaResidual(PngFilter filter) {
 PngEncoder::PngEncoder(std::int64_t width, std::int64_t height)
     : m_width(width),
       m_height(height),
-      m_strips(stripsOf(width, height)),
-      m_encoded(static_cast<std::size_t>(m_strips.count())) {}
+      m_strips(height, std::clamp<std::int64_t>(bytesPerStrip / (width * bytesPerPixel), 1, height)) {}
 
-RowStrips PngEncoder::stripsOf(std::int64_t width, std::int64_t height) {
-    return {height, std::clamp<std::int64_t>(bytesPerStrip / (width * bytesPerPixel), 1, height)};
-}
-
-void PngEncoder::encodeStrip(std::int64_t strip, const std::uint8_t* rows) {
+PngStrip PngEncoder::encodeStrip(std::int64_t strip, const std::uint8_t* rows) const {
     const std::int64_t rowCount = m_strips[strip].count;
     const auto rowSize = static_cast<std::size_t>(m_width * bytesPerPixel);
     const std::span pixels(rows, static_cast<std::size_t>(rowCount) * rowSize);
     if (isOpaqueGray(pixels)) {
-        encodeGrayStrip(strip, grayOf(pixels).data());
-        return;
+        return encodeGrayStrip(strip, grayOf(pixels).data());
     }
 
     PixelBuffer filtered = withSpare(static_cast<std::size_t>(rowCount) * (rowSize + 1));
@@ -213,14 +207,16 @@ void PngEncoder::encodeStrip(std::int64_t strip, const std::uint8_t* rows) {
         *place = static_cast<std::uint8_t>(filter.apply(straight.row(index), {place + 1, rowSize}));
     }
     const FilteredRows filteredRows{m_width, rowCount, filtered.data()};
-    EncodedStrip& encoded = m_encoded[static_cast<std::size_t>(strip)];
-    encoded.adler = isal_adler32(1, filtered.data(), static_cast<std::uint64_t>(filteredRows.bytes()));
-    encoded.chunk = openChunk("IDAT");
+    PngStrip encoded{
+        .chunk = openChunk("IDAT"),
+        .inflatedSize = filteredRows.bytes(),
+        .adler = isal_adler32(1, filtered.data(), static_cast<std::uint64_t>(filteredRows.bytes()))};
     deflatePixels(filteredRows, isLast(strip), encoded.chunk);
     closeChunk(encoded.chunk);
+    return encoded;
 }
 
-void PngEncoder::encodeGrayStrip(std::int64_t strip, const std::uint8_t* gray) {
+PngStrip PngEncoder::encodeGrayStrip(std::int64_t strip, const std::uint8_t* gray) const {
     const std::int64_t rowCount = m_strips[strip].count;
     const auto width = static_cast<std::size_t>(m_width);
     PixelBuffer values = withSpare(static_cast<std::size_t>(rowCount) * width);
@@ -234,11 +230,12 @@ void PngEncoder::encodeGrayStrip(std::int64_t strip, const std::uint8_t* gray) {
         firstAlphas[index] = firstAlphaResidual(chosen);
     }
     const GrayResiduals residuals{m_width, rowCount, filters, firstAlphas, values.data()};
-    EncodedStrip& encoded = m_encoded[static_cast<std::size_t>(strip)];
-    encoded.adler = grayAdler(residuals);
-    encoded.chunk = openChunk("IDAT");
+    PngStrip encoded{.chunk = openChunk("IDAT"),
+                     .inflatedSize = rowCount * (m_width * bytesPerPixel + 1),
+                     .adler = grayAdler(residuals)};
     deflateGray(residuals, isLast(strip), encoded.chunk);
     closeChunk(encoded.chunk);
+    return encoded;
 }
 
 QByteArray PngEncoder::beginning() const {
@@ -255,14 +252,13 @@ QByteArray PngEncoder::beginning() const {
            makeChunk("IDAT", {zlibHeader.data(), static_cast<qsizetype>(zlibHeader.size())});
 }
 
-QByteArray PngEncoder::ending() const {
-    uLong adler = adler32(0, nullptr, 0);
-    for (std::int64_t strip = 0; strip < m_strips.count(); ++strip) {
-        const std::int64_t size = m_strips[strip].count * (m_width * bytesPerPixel + 1);
-        adler = adler32_combine(adler, m_encoded[static_cast<std::size_t>(strip)].adler,
-                                static_cast<z_off_t>(size));
-    }
+QByteArray PngEncoder::ending(std::uint32_t adler) {
     return makeChunk("IDAT", bigEndian(static_cast<quint32>(adler))) + makeChunk("IEND", {});
+}
+
+std::uint32_t extendedAdler(std::uint32_t before, const PngStrip& strip) {
+    return static_cast<std::uint32_t>(
+        adler32_combine(before, strip.adler, static_cast<z_off_t>(strip.inflatedSize)));
 }
 
 }  // namespace quarlin

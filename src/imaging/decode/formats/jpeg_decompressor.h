@@ -1,9 +1,12 @@
 #pragma once
 
+#include "imaging/files/byte_source.h"
+
 #include <QByteArray>
 
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace quarlin {
 
@@ -16,11 +19,11 @@ enum class JpegExtent {
 };
 
 /// Decodes one JPEG file row by row. Throws `DecodeError` if it is damaged, which any warning of the library
-/// means.
+/// means, and what the source throws.
 class JpegDecompressor {
 public:
-    /// Reads the header.
-    JpegDecompressor(QByteArray bytes, JpegExtent extent);
+    /// Reads the header. The file consists of `parts` of the source.
+    JpegDecompressor(std::shared_ptr<ByteSource> source, std::vector<ByteRange> parts, JpegExtent extent);
     ~JpegDecompressor();
     JpegDecompressor(const JpegDecompressor&) = delete;
     JpegDecompressor& operator=(const JpegDecompressor&) = delete;
@@ -39,9 +42,9 @@ public:
 private:
     struct Library;
 
-    void expectNoWarning() const;
+    void refuse();
+    void expectNoWarning();
 
-    QByteArray m_bytes;
     JpegExtent m_extent;
     std::unique_ptr<Library> m_library;
     bool m_isStarted = false;

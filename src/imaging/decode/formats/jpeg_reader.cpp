@@ -9,6 +9,7 @@
 #include "imaging/decode/vips_library.h"
 
 #include <utility>
+#include <vector>
 
 namespace quarlin {
 
@@ -43,8 +44,9 @@ private:
     RowConversion m_conversion;
 };
 
-std::unique_ptr<RowReader> openCleaned(const QByteArray& bytes, JpegExtent extent) {
-    auto jpeg = std::make_unique<JpegDecompressor>(bytes, extent);
+std::unique_ptr<RowReader> openCleaned(const std::shared_ptr<ByteSource>& source,
+                                       const std::vector<ByteRange>& parts, JpegExtent extent) {
+    auto jpeg = std::make_unique<JpegDecompressor>(source, parts, extent);
     FileColors colors{jpeg->colorProfile(), {}};
     if (jpeg->isCmyk()) {
         colors.otherwise = defaultCmykProfile;
@@ -60,16 +62,18 @@ std::unique_ptr<RowReader> openCleaned(const QByteArray& bytes, JpegExtent exten
 
 bool isJpeg(const QByteArray& bytes) { return bytes.startsWith("\xff\xd8\xff"); }
 
-std::unique_ptr<RowReader> openJpeg(const QByteArray& bytes) {
-    const JpegParts parts = jpegParts(bytes);
+std::unique_ptr<RowReader> openJpeg(const std::shared_ptr<ByteSource>& source) {
+    JpegParts parts = jpegParts(*source);
     if (parts.withoutZeros == parts.clean) {
-        return openCleaned(parts.clean, JpegExtent::rows);
+        return openCleaned(source, parts.clean, JpegExtent::rows);
     }
     // If the picture needs all of the zeros, the file is without flaw with them; otherwise it must be so
     // without them, and the rows are the same.
-    return std::make_unique<AlternativeRows>(
-        openCleaned(parts.clean, JpegExtent::wholeFile),
-        [bytes = parts.withoutZeros] { return openCleaned(bytes, JpegExtent::wholeFile); });
+    return std::make_unique<AlternativeRows>(openCleaned(source, parts.clean, JpegExtent::wholeFile),
+                                             [source, withoutZeros = std::move(parts.withoutZeros)] {
+                                                 return openCleaned(source, withoutZeros,
+                                                                    JpegExtent::wholeFile);
+                                             });
 }
 
 }  // namespace quarlin

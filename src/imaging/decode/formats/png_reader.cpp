@@ -41,11 +41,12 @@ std::optional<double> onlyGamma(const QByteArray& png) {
 
 bool isPng(const QByteArray& bytes) { return bytes.startsWith(QByteArrayView(pngSignature)); }
 
-std::unique_ptr<RowReader> openPng(const QByteArray& bytes) {
-    if (auto plain = openPlainPng(bytes)) {
-        return std::make_unique<AlternativeRows>(std::move(plain), [bytes] { return openAnyPng(bytes); });
+std::unique_ptr<RowReader> openPng(const std::shared_ptr<ByteSource>& source) {
+    if (auto plain = openPlainPng(source)) {
+        return std::make_unique<AlternativeRows>(std::move(plain),
+                                                 [source] { return openAnyPng(source->all()); });
     }
-    return openAnyPng(bytes);
+    return openAnyPng(source->all());
 }
 
 std::unique_ptr<RowReader> openAnyPng(const QByteArray& bytes) {

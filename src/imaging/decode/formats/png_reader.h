@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imaging/files/byte_source.h"
 #include "imaging/pixels/row_reader.h"
 
 #include <QByteArray>
@@ -12,7 +13,7 @@ namespace quarlin {
 bool isPng(const QByteArray& bytes);
 
 /// Opens a PNG file of any kind; throws `DecodeError`.
-std::unique_ptr<RowReader> openPng(const QByteArray& bytes);
+std::unique_ptr<RowReader> openPng(const std::shared_ptr<ByteSource>& source);
 
 /// Opens a PNG file by the general decoder, which knows every kind of PNG file and forgives some flaws that
 /// harm no pixel.
