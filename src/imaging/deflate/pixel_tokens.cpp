@@ -13,7 +13,6 @@ namespace {
 
 /// The shortest match, in pixels. A shorter one takes about as many bits as its pixels.
 constexpr std::int64_t shortestMatch = 3;
-constexpr std::int64_t shortestBytes = shortestMatch * bytesPerPixel;
 
 /// Counts the bytes of pixels and the matches. Counters per channel: incrementing the same counter twice in a
 /// row would wait for the first write.
@@ -138,7 +137,7 @@ public:
         const std::uint64_t third = loadWord<std::uint32_t>(here + 16) ^ loadWord<std::uint32_t>(there + 16);
         std::int64_t pixels = second == 0 ? 4 : 3;
         if ((second | third) == 0) [[unlikely]] {
-            pixels = matchLength(here, there, longestMatch);
+            pixels = matchLength(here, there, std::min(longestMatch, m_width - m_column));
         }
         if (pixels > m_width - m_column) [[unlikely]] {
             pixels = m_width - m_column;
