@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/batch/set_job.h"
 #include "engine/texture_processor.h"
 #include "model/texture_asset.h"
 #include "model/texture_slot_kind.h"
@@ -7,6 +8,7 @@
 #include <QString>
 
 #include <map>
+#include <vector>
 
 namespace quarlin {
 
@@ -15,6 +17,11 @@ TextureAsset loadTexture(const TextureProcessor& processor, const QString& path)
 
 /// Loads the files at `paths`, which may be relative, at the same time; slots with an empty path are skipped.
 /// Throws `CommandFailure` for the first slot, in their order, that can't be loaded.
-TextureMap loadTextures(const TextureProcessor& processor, const std::map<TextureSlotKind, QString>& paths);
+/// With `keepsData`, the samples of all slots but the base color stay as they are.
+TextureMap loadTextures(const TextureProcessor& processor, const std::map<TextureSlotKind, QString>& paths,
+                        bool keepsData);
+
+/// The textures of data, all but the base color, whose values a color profile or a gamma has changed.
+std::vector<SetNote> conversionNotes(const TextureMap& textures);
 
 }  // namespace quarlin

@@ -29,9 +29,10 @@ QStringList ExportCommand::remarks() const {
         "folder are both refused. After an interruption (Ctrl-C), the sets in progress are finished "
         "and no more are started; a second interruption ends the program at once."_s;
     remarks +=
-        u"With --json, a single set is reported as one object with \"folder\" and \"files\". Several "
-        "sets are reported as one object per line, whose \"type\" is \"leftOut\" for a file that "
-        "belongs to no set, \"set\", and at the end \"summary\"."_s;
+        u"With --json, each line of the report is one object, whose \"type\" is \"leftOut\" for a file that "
+        "belongs to no set, \"set\", and at the end \"summary\". A set has \"status\", \"name\", \"folder\", "
+        "\"files\", \"inputs\", \"notes\" and \"error\", however it ended, and \"version\" is the number "
+        "of this contract."_s;
     return remarks;
 }
 
@@ -55,15 +56,17 @@ std::vector<ExitMeaning> ExportCommand::exitMeanings() const {
     return {{ExitStatus::done, u"every set was exported"_s},
             {ExitStatus::failed, u"no set was exported"_s},
             {ExitStatus::usageError, u"usage error; nothing was done"_s},
-            {ExitStatus::someSetsFailed, u"some sets were exported, others failed"_s}};
+            {ExitStatus::someSetsFailed, u"some sets were exported, others failed"_s},
+            {ExitStatus::notReported, u"sets were exported, but the report could not be printed"_s},
+            {ExitStatus::interrupted, u"interrupted by Ctrl-C; the sets in progress were finished"_s}};
 }
 
 ExitStatus ExportCommand::run() const {
     const std::optional<SetJob> single = singleSet();
     deferInterruption();
-    if (single && !m_isDryRun) {
-        const ExportResult result = single->work();
-        return print(m_reportsAsJSON ? jsonReport(result) : textReport(result));
+    if (single && !m_isDryRun && !m_reportsAsJSON) {
+        const ExportedSet set = single->work();
+        return print(textReport(set.result) + noteLines(set.notes));
     }
     BatchPlan plan = single ? BatchPlan{{*single}, {}} : severalSets();
     if (m_name && plan.sets.size() > 1) {

@@ -113,8 +113,8 @@ SetJob MapsCommand::jobFor(const QString& path) const {
     job.work = [settings, path, parent = parentDirectory()] {
         const TextureProcessor processor{};
         const TextureAsset texture = loadTexture(processor, path);
-        return failingAs(u"Export"_s,
-                         [&] { return processor.exportGeneratedNormalSet(texture, settings, parent); });
+        return ExportedSet{failingAs(
+            u"Export"_s, [&] { return processor.exportGeneratedNormalSet(texture, settings, parent); })};
     };
     return job;
 }

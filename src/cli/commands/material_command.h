@@ -29,6 +29,7 @@ private:
     std::map<TextureSlotKind, QString> m_paths;
     /// Folders whose files are matched to slots; paths may be relative.
     QStringList m_folders;
+    bool m_keepsData = false;
     /// All settings but the material's name.
     ConversionSettings m_settings;
 };

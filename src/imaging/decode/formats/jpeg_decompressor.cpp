@@ -82,7 +82,7 @@ JpegDecompressor::JpegDecompressor(QByteArray bytes, JpegExtent extent)
     });
     if (!isOpen || !isPlausibleSize(jpeg.image_width, jpeg.image_height, m_bytes.size())) {
         jpeg_destroy_decompress(&jpeg);
-        throw DecodeError(DecodeProblem::damaged);
+        fail();
     }
 }
 
@@ -113,6 +113,11 @@ QByteArray JpegDecompressor::colorProfile() const {
         profile += *part;
     }
     return profile;
+}
+
+void JpegDecompressor::fail() const {
+    const bool lacksMemory = m_library->errors.msg_code == JERR_OUT_OF_MEMORY;
+    throw DecodeError(lacksMemory ? DecodeProblem::tooLarge : DecodeProblem::damaged);
 }
 
 /// Whether the scans that have been read give each coefficient all of its bits. Codes that are missing inside
@@ -163,7 +168,7 @@ void JpegDecompressor::readRow(std::uint8_t* samples) {
         jpeg_read_scanlines(&jpeg, &row, 1);
     });
     if (!isRead) {
-        throw DecodeError(DecodeProblem::damaged);
+        fail();
     }
     expectNoDamage();
     if (m_extent != JpegExtent::rows && jpeg.output_scanline == jpeg.output_height) {

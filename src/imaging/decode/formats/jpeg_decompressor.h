@@ -42,6 +42,8 @@ public:
 private:
     struct Library;
 
+    /// Throws the error after which a function of the library has given up.
+    [[noreturn]] void fail() const;
     void expectNoDamage() const;
     bool hasEveryCoefficient() const;
     void readEnd();

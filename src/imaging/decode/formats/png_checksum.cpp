@@ -1,5 +1,6 @@
 #include "imaging/decode/formats/png_checksum.h"
 
+#include "imaging/base/pixel_size.h"
 #include "imaging/deflate/inflate_stream.h"
 #include "imaging/pixels/pixel_image.h"
 #include "imaging/png/png_signature.h"
@@ -35,11 +36,10 @@ InflateStream::Pieces pixelPieces(QByteArrayView rest) {
 
 /// No file of this size has more bytes of filtered rows: 16 bits of four channels, and the filters of all
 /// passes of an interlaced picture.
-std::int64_t mostFilteredBytes(std::uint32_t width, std::uint32_t height) {
+std::int64_t mostFilteredBytes(std::int64_t width, std::int64_t height) {
     constexpr std::int64_t bytesPerPixel16 = 8;
     constexpr std::int64_t filtersPerRow = 3;
-    return std::int64_t{width} * height * bytesPerPixel16 + std::int64_t{height} * filtersPerRow +
-           filtersPerRow;
+    return width * height * bytesPerPixel16 + height * filtersPerRow + filtersPerRow;
 }
 
 }  // namespace
@@ -49,9 +49,13 @@ bool hasWrongPixelChecksum(const QByteArray& png) {
     if (png.size() < header + headerSize) {
         return false;
     }
+    const auto width = qFromBigEndian<std::uint32_t>(png.constData() + header);
+    const auto height = qFromBigEndian<std::uint32_t>(png.constData() + header + 4);
+    if (!isUsableSize(width, height)) {
+        return false;
+    }
     InflateStream stream(pixelPieces(QByteArrayView(png).sliced(pngSignature.size())));
-    std::int64_t left = mostFilteredBytes(qFromBigEndian<std::uint32_t>(png.constData() + header),
-                                          qFromBigEndian<std::uint32_t>(png.constData() + header + 4));
+    std::int64_t left = mostFilteredBytes(width, height);
     PixelBuffer part(std::size_t{1} << 16);
     while (left > 0 && stream.read(part)) {
         left -= static_cast<std::int64_t>(part.size());
