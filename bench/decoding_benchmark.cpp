@@ -58,7 +58,9 @@ void decodeLargeJpeg(benchmark::State& state) {
         return view.save(&buffer, "JPEG", quality) ? buffer.data() : QByteArray();
     }();
     decode(
-        state, [](const QByteArray& bytes) { return openJpeg(bytes, ColorHandling::convert).rows; }, file);
+        state,
+        [](const QByteArray& bytes) { return openJpeg(bytesInMemory(bytes), ColorHandling::convert).rows; },
+        file);
     countBytes(state, largePhotograph().pixels.size());
 }
 
@@ -68,7 +70,7 @@ void decodeLargeJpeg(benchmark::State& state) {
             measure("decode/" + name + "/samples_" + std::to_string(samples),
                     [=](benchmark::State& state) { decode(state, open, pngFile(samples)); });
         };
-        add("plain_png", openPlainPng);
+        add("plain_png", [](const QByteArray& bytes) { return openPlainPng(bytesInMemory(bytes)); });
         add("libvips_png", [](const QByteArray& bytes) { return openAnyPng(bytes).rows; });
     }
     measure("decode/jpeg", decodeLargeJpeg);

@@ -9,57 +9,61 @@
 #include "model/normal_generator_settings.h"
 #include "photograph.h"
 
+#include <vector>
+
 namespace quarlin::bench {
 
 namespace {
 
 /// The maps of the rows of the photograph that make one strip of a PNG.
 const GeneratedStrip& maps() {
-    static const GeneratedStrip strip = generateStrip(largePhotograph(), NormalGeneratorSettings(), {0, 64});
+    static const GeneratedStrip strip =
+        generateStrip(RowWindow(largePhotograph()), NormalGeneratorSettings(), {0, 64});
     return strip;
 }
 
-void reportSize(benchmark::State& state, const PngEncoder& png) {
-    qsizetype size = png.beginning().size() + png.ending().size();
-    for (std::int64_t strip = 0; strip < png.strips().count(); ++strip) {
-        size += png.chunk(strip).size();
+void reportSize(benchmark::State& state, const PngEncoder& png, const std::vector<PngStrip>& strips) {
+    qsizetype size = png.beginning().size() + PngEncoder::ending(1).size();
+    for (const PngStrip& strip : strips) {
+        size += strip.chunk.size();
     }
     state.counters["file_bytes"] = static_cast<double>(size);
 }
 
 void encodeGray(benchmark::State& state, GeneratedMap map) {
     const PixelBuffer& gray = maps().maps[map];
-    PngEncoder png(largePhotograph().width, maps().rows.count);
+    const PngEncoder png(largePhotograph().width, maps().rows.count);
+    PngStrip strip;
     for (auto _ : state) {
-        png.encodeGrayStrip(0, gray.data());
+        strip = png.encodeGrayStrip(0, gray.data());
     }
     countBytes(state, gray.size() * bytesPerPixel);
-    reportSize(state, png);
+    reportSize(state, png, {strip});
 }
 
 void encodeColor(benchmark::State& state, const std::uint8_t* rows) {
     const PixelImage& image = largePhotograph();
-    PngEncoder png(image.width, maps().rows.count);
+    const PngEncoder png(image.width, maps().rows.count);
+    PngStrip strip;
     for (auto _ : state) {
-        png.encodeStrip(0, rows);
+        strip = png.encodeStrip(0, rows);
     }
     countBytes(state, static_cast<std::size_t>(maps().rows.count * image.width * bytesPerPixel));
-    reportSize(state, png);
+    reportSize(state, png, {strip});
 }
 
 void encodeWhole(benchmark::State& state) {
     const PixelImage& image = largePhotograph();
+    const PngEncoder png(image.width, image.height);
+    std::vector<PngStrip> strips(static_cast<std::size_t>(png.strips().count()));
     for (auto _ : state) {
-        PngEncoder png(image.width, image.height);
-        const RowStrips strips = png.strips();
-        forEachInParallel(strips.count(), [&](std::int64_t strip) {
-            png.encodeStrip(strip, ImageView(image).row(strips[strip].first));
+        forEachInParallel(png.strips().count(), [&](std::int64_t strip) {
+            strips[static_cast<std::size_t>(strip)] =
+                png.encodeStrip(strip, ImageView(image).row(png.strips()[strip].first));
         });
-        state.PauseTiming();
-        reportSize(state, png);
-        state.ResumeTiming();
     }
     countBytes(state, image.pixels.size());
+    reportSize(state, png, strips);
 }
 
 [[maybe_unused]] const int registered = [] {

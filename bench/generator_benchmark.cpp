@@ -33,14 +33,14 @@ void makePlainMaps(benchmark::State& state) {
 void makeStrips(benchmark::State& state, std::int64_t target, unsigned threads) {
     const PixelImage& source = largePhotograph();
     const NormalGeneratorSettings settings;
-    const RowStrips strips = PngEncoder::stripsOf(source.width, source.height);
+    const RowStrips strips = PngEncoder(source.width, source.height).strips();
     hwy::SetSupportedTargetsForTest(target);
     hwy::GetChosenTarget().Update(hwy::SupportedTargets());
     for (auto _ : state) {
         forEachInParallel(
             strips.count(),
             [&](std::int64_t strip) {
-                benchmark::DoNotOptimize(generateStrip(source, settings, strips[strip]));
+                benchmark::DoNotOptimize(generateStrip(RowWindow(source), settings, strips[strip]));
             },
             threads);
     }

@@ -1,5 +1,6 @@
+#include "imaging/pixels/image_rows.h"
 #include "imaging/pixels/pixel_image.h"
-#include "imaging/pixels/resample.h"
+#include "imaging/pixels/resampled_rows.h"
 #include "measured.h"
 #include "photograph.h"
 
@@ -11,7 +12,7 @@ void stretch(benchmark::State& state, std::int64_t from, std::int64_t to) {
     const PixelImage source = from == largePhotograph().width ? largePhotograph() : photograph(from);
     PixelBuffer output(pixelCount(to, to) * bytesPerPixel);
     for (auto _ : state) {
-        resample(source, to, to, output);
+        ResampledRows(std::make_unique<ImageRows>(ImageView(source)), to, to).read(to, output.data());
         benchmark::ClobberMemory();
     }
     countBytes(state, output.size());

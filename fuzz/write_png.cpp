@@ -18,21 +18,25 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-QByteArray written(const PngEncoder& png) {
+QByteArray written(const PngEncoder& png, const std::vector<PngStrip>& strips) {
     QByteArray file = png.beginning();
-    for (std::int64_t strip = 0; strip < png.strips().count(); ++strip) {
-        file += png.chunk(strip);
+    std::uint32_t adler = 1;
+    for (const PngStrip& strip : strips) {
+        file += strip.chunk;
+        adler = extendedAdler(adler, strip);
     }
-    return file + png.ending();
+    return file + PngEncoder::ending(adler);
 }
 
 QByteArray encoded(const Drawing& drawing) {
-    PngEncoder png(drawing.width, drawing.height);
-    const RowStrips strips = png.strips();
-    for (std::int64_t strip = 0; strip < strips.count(); ++strip) {
-        png.encodeStrip(strip, drawing.pixels.data() + strips[strip].first * drawing.width * bytesPerPixel);
+    const PngEncoder png(drawing.width, drawing.height);
+    std::vector<PngStrip> strips;
+    for (std::int64_t strip = 0; strip < png.strips().count(); ++strip) {
+        const std::int64_t first = png.strips()[strip].first;
+        strips.push_back(
+            png.encodeStrip(strip, drawing.pixels.data() + first * drawing.width * bytesPerPixel));
     }
-    return written(png);
+    return written(png, strips);
 }
 
 QByteArray encodedAsGray(const Drawing& drawing) {
@@ -40,13 +44,15 @@ QByteArray encodedAsGray(const Drawing& drawing) {
     for (std::size_t index = 0; index < gray.size(); ++index) {
         gray[index] = drawing.pixels[index * 4];
     }
-    PngEncoder png(drawing.width, drawing.height);
-    const RowStrips strips = png.strips();
+    const PngEncoder png(drawing.width, drawing.height);
+    std::vector<PngStrip> strips(static_cast<std::size_t>(png.strips().count()));
     // From the last to the first: the order must not matter.
-    for (std::int64_t strip = strips.count() - 1; strip >= 0; --strip) {
-        png.encodeGrayStrip(strip, gray.data() + strips[strip].first * drawing.width);
+    for (std::int64_t strip = png.strips().count() - 1; strip >= 0; --strip) {
+        const std::int64_t first = png.strips()[strip].first;
+        strips[static_cast<std::size_t>(strip)] =
+            png.encodeGrayStrip(strip, gray.data() + first * drawing.width);
     }
-    return written(png);
+    return written(png, strips);
 }
 
 Bytes straight(const Bytes& premultiplied) {

@@ -101,8 +101,9 @@ QImage CheckedImages::read(const QString& name, ImageUse use, Findings& findings
     }
     image = file.image;
     checkFileName(name, findings);
-    checkFormat(file.content.bytes, name, findings);
-    if (const auto header = readPngHeader(file.content.bytes)) {
+    const QByteArray bytes = file.file->all();
+    checkFormat(bytes, name, findings);
+    if (const auto header = readPngHeader(bytes)) {
         checkHeader(*header, name, use, findings);
     }
     checkSize(image.size(), name, findings);

@@ -6,14 +6,15 @@
 #include "engine/base/output_size.h"
 #include "engine/base/rendered_texture.h"
 #include "engine/base/texture_processor_error.h"
+#include "engine/base/texture_source.h"
 #include "engine/documents/documents.h"
 #include "engine/generator/generated_strips.h"
 #include "engine/generator/generator.h"
 #include "engine/material/material.h"
-#include "imaging/base/parallel.h"
 #include "imaging/files/file_names.h"
+#include "imaging/pixels/image_rows.h"
 #include "imaging/pixels/pixel_image.h"
-#include "imaging/png/png_file.h"
+#include "imaging/png/png_file_set.h"
 #include "model/conversion_settings.h"
 #include "model/export_result.h"
 #include "model/normal_generator_settings.h"
@@ -30,8 +31,17 @@ PixelImage toPixelImage(const QImage& image) {
     return {image.width(), image.height(), {image.constBits(), image.constBits() + image.sizeInBytes()}};
 }
 
-TextureAsset loadedAsset(const QUrl& url, ColorHandling handling) {
-    DecodedFile file = decodeFile(url, handling);
+TextureAsset openedAsset(const QUrl& url, ColorHandling handling) {
+    const OpenedImage image = openFileRows(openInputFile(url), handling);
+    TextureAsset asset(url, lastPathComponent(url), image.rows->width(), image.rows->height(), QImage());
+    asset.convertedFrom = image.convertedFrom;
+    return asset;
+}
+
+}  // namespace
+
+TextureAsset TextureProcessor::loadAsset(const QUrl& url) const {
+    DecodedFile file = decodeFile(url);
     const QSize size = file.image.size();
     TextureAsset asset(url, lastPathComponent(url), size.width(), size.height(), std::move(file.image));
     asset.decodedFrom = file.stamp;
@@ -39,27 +49,29 @@ TextureAsset loadedAsset(const QUrl& url, ColorHandling handling) {
     return asset;
 }
 
-}  // namespace
-
-TextureAsset TextureProcessor::loadAsset(const QUrl& url) const {
-    return loadedAsset(url, ColorHandling::convert);
+TextureAsset TextureProcessor::openAsset(const QUrl& url) const {
+    return openedAsset(url, ColorHandling::convert);
 }
 
-TextureAsset TextureProcessor::loadDataAsset(const QUrl& url) const {
-    TextureAsset asset = loadedAsset(url, ColorHandling::keepSamples);
+TextureAsset TextureProcessor::openDataAsset(const QUrl& url) const {
+    TextureAsset asset = openedAsset(url, ColorHandling::keepSamples);
     asset.keepsSamples = true;
     return asset;
+}
+
+void TextureProcessor::expectReadable(const TextureAsset& asset) const {
+    TextureSource(asset).expectReadable();
 }
 
 QImage TextureProcessor::loadCGImage(const QUrl& url) const { return decodeFile(url).image; }
 
 PixelImage TextureProcessor::renderImage(const QUrl& url, std::int64_t width, std::int64_t height) const {
-    return toPixelImage(renderFile(url, width, height));
+    return toPixelImage(renderFile(url, {width, height}));
 }
 
 PixelImage TextureProcessor::renderImage(const TextureAsset& asset, std::int64_t width,
                                          std::int64_t height) const {
-    return toPixelImage(renderTexture(asset, width, height));
+    return toPixelImage(renderTexture(asset, {width, height}));
 }
 
 QImage TextureProcessor::makeCGImage(const PixelImage& image, const QUrl& urlForError) const {
@@ -72,14 +84,13 @@ void TextureProcessor::writePNG(const PixelImage& image, const QUrl& url) const 
     if (!isImage(image)) {
         throw TextureProcessorError::cannotCreatePNG(url);
     }
-    PngFile file(image.width, image.height, url);
-    const RowStrips strips = file.strips();
-    forEachInParallel(strips.count(), [&](std::int64_t strip) {
-        file.encodeStrip(strip, ImageView(image).row(strips[strip].first));
-    });
-    if (!file.commitDraft()) {
-        reportingEngineErrors(FileKind::image, [&] { file.write(); });
-    }
+    const QUrl folder = url.adjusted(QUrl::RemoveFilename);
+    PngFileSet files(
+        folder, {image.width, image.height},
+        {plainPass(lastPathComponent(url), [&] { return std::make_unique<ImageRows>(ImageView(image)); })});
+    files.encode();
+    QStringList written;
+    reportingEngineErrors(FileKind::image, [&] { files.commit(written); });
 }
 
 PixelSize TextureProcessor::resolvedOutputSize(const TextureAsset& base, const ConversionSettings& settings) {
@@ -96,7 +107,7 @@ PixelImage TextureProcessor::makeORM(const TextureMap& textures, const Conversio
 NormalOutputs TextureProcessor::makeGeneratedNormalOutputs(const QUrl& sourceURL,
                                                            const NormalGeneratorSettings& settings,
                                                            std::int64_t width, std::int64_t height) const {
-    return generateOutputs(ImageView(renderFile(sourceURL, width, height)), settings);
+    return generateOutputs(ImageView(renderFile(sourceURL, {width, height})), settings);
 }
 
 QByteArray TextureProcessor::makeGLTFData(const OutputNames& names, const ConversionSettings& settings,

@@ -54,9 +54,17 @@ public:
     /// Decodes the file at `url` for a texture card. Throws `cannotReadImage`.
     TextureAsset loadAsset(const QUrl& url) const;
 
+    /// The same without the pixels: only the size of the image is read. An export loads such textures itself,
+    /// a few rows at a time. If one of them turns out to be unreadable, the export throws `cannotReadImage`
+    /// and has written nothing, nor created the folder. Throws `cannotReadImage`.
+    TextureAsset openAsset(const QUrl& url) const;
+
     /// The same for a texture of data: its samples stay as they are, without its color profile or gamma.
     /// Throws `cannotReadImage`.
-    TextureAsset loadDataAsset(const QUrl& url) const;
+    TextureAsset openDataAsset(const QUrl& url) const;
+
+    /// Reads the file of a texture that was only opened to its end. Throws `cannotReadImage`.
+    void expectReadable(const TextureAsset& asset) const;
 
     /// Decodes the file at `url` at its own size: PNG, JPEG, TIFF, BMP, GIF, HEIC, WebP or AVIF, the first
     /// image of several, converted to 8-bit sRGB with premultiplied alpha; orientation tags are ignored.

@@ -39,6 +39,9 @@ struct TextureAsset {
     /// if they count as they are.
     QString convertedFrom = {};
 
+    /// Whether `preview` holds an image. An asset that was only opened has none; an export loads it.
+    bool isLoaded() const { return !preview.isNull(); }
+
     /// The size as shown to the user, such as "2048x1024".
     QString sizeLabel() const;
 

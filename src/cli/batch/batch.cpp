@@ -4,7 +4,7 @@
 #include "cli/batch/interruption.h"
 #include "engine/base/texture_processor_error.h"
 #include "imaging/base/parallel.h"
-#include "imaging/files/file_bytes.h"
+#include "imaging/files/file_stamp.h"
 
 #include <mutex>
 #include <new>

@@ -2,47 +2,45 @@
 
 #include "cli/base/local_file.h"
 #include "cli/batch/command_failure.h"
-#include "imaging/base/parallel.h"
+#include "engine/base/texture_processor_error.h"
 #include "model/texture_asset.h"
 #include "model/texture_slot_kind.h"
-
-#include <algorithm>
-#include <iterator>
-#include <optional>
-#include <utility>
-#include <vector>
 
 namespace quarlin {
 
 using namespace Qt::StringLiterals;
 
-TextureAsset loadTexture(const TextureProcessor& processor, const QString& path) {
-    return failingAs(u"Load"_s, [&] { return processor.loadAsset(localFile(path)); });
+TextureAsset openTexture(const TextureProcessor& processor, const QString& path) {
+    return failingAs(u"Load"_s, [&] { return processor.openAsset(localFile(path)); });
 }
 
 namespace {
 
-TextureAsset loadData(const TextureProcessor& processor, const QString& path) {
-    return failingAs(u"Load"_s, [&] { return processor.loadDataAsset(localFile(path)); });
+TextureAsset openData(const TextureProcessor& processor, const QString& path) {
+    return failingAs(u"Load"_s, [&] { return processor.openDataAsset(localFile(path)); });
 }
 
 }  // namespace
 
-TextureMap loadTextures(const TextureProcessor& processor, const std::map<TextureSlotKind, QString>& paths,
+TextureMap openTextures(const TextureProcessor& processor, const std::map<TextureSlotKind, QString>& paths,
                         bool keepsData) {
-    std::vector<std::pair<TextureSlotKind, QString>> files;
-    std::copy_if(paths.begin(), paths.end(), std::back_inserter(files),
-                 [](const auto& path) { return !path.second.isEmpty(); });
-    std::vector<std::optional<TextureAsset>> loaded(files.size());
-    forEachInParallel(static_cast<std::int64_t>(files.size()), [&](std::int64_t index) {
-        const auto place = static_cast<std::size_t>(index);
-        const auto& [slot, path] = files[place];
-        loaded[place] = keepsData && slot != TextureSlotKind::baseColor ? loadData(processor, path)
-                                                                        : loadTexture(processor, path);
-    });
     TextureMap textures;
-    for (std::size_t index = 0; index < files.size(); ++index) {
-        textures.emplace(files[index].first, *std::move(loaded[index]));
+    for (const auto& [slot, path] : paths) {
+        if (path.isEmpty()) {
+            continue;
+        }
+        try {
+            const bool isData = keepsData && slot != TextureSlotKind::baseColor;
+            textures.emplace(slot, isData ? openData(processor, path) : openTexture(processor, path));
+        } catch (const CommandFailure&) {
+            // A texture before this one may be damaged further down.
+            failingAs(u"Load"_s, [&] {
+                for (const auto& [before, texture] : textures) {
+                    processor.expectReadable(texture);
+                }
+            });
+            throw;
+        }
     }
     return textures;
 }
@@ -59,6 +57,19 @@ std::vector<SetNote> conversionNotes(const TextureMap& textures) {
         }
     }
     return notes;
+}
+
+ExportResult exportOpened(const std::function<ExportResult()>& work) {
+    return failingAs(u"Export"_s, [&] {
+        try {
+            return work();
+        } catch (const TextureProcessorError& error) {
+            if (error.kind() == TextureProcessorError::Case::cannotReadImage) {
+                throw CommandFailure(u"Load"_s, error);
+            }
+            throw;
+        }
+    });
 }
 
 }  // namespace quarlin

@@ -112,9 +112,9 @@ SetJob MapsCommand::jobFor(const QString& path) const {
     job.files = plannedFiles(settings);
     job.work = [settings, path, parent = parentDirectory()] {
         const TextureProcessor processor{};
-        const TextureAsset texture = loadTexture(processor, path);
-        return ExportedSet{failingAs(
-            u"Export"_s, [&] { return processor.exportGeneratedNormalSet(texture, settings, parent); })};
+        const TextureAsset texture = openTexture(processor, path);
+        return ExportedSet{
+            exportOpened([&] { return processor.exportGeneratedNormalSet(texture, settings, parent); })};
     };
     return job;
 }

@@ -153,9 +153,9 @@ SetJob MaterialCommand::jobFor(const TextureSet& set) const {
     job.refusal = refusalOf(set);
     job.work = [settings, files = set.files, parent = parentDirectory(), keepsData = m_keepsData] {
         const TextureProcessor processor{};
-        const TextureMap textures = loadTextures(processor, files, keepsData);
+        const TextureMap textures = openTextures(processor, files, keepsData);
         return ExportedSet{
-            failingAs(u"Export"_s, [&] { return processor.exportMaterialSet(textures, settings, parent); }),
+            exportOpened([&] { return processor.exportMaterialSet(textures, settings, parent); }),
             conversionNotes(textures)};
     };
     return job;

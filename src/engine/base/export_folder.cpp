@@ -10,15 +10,29 @@
 
 namespace quarlin {
 
-QUrl createExportFolder(const QUrl& parent, const QString& name) {
-    QUrl folder = fileIn(parent, name);
+ExportFolder::ExportFolder(const QUrl& parent, const QString& name) : m_url(fileIn(parent, name)) {
+    const std::filesystem::path path = localPath(m_url);
     std::error_code failure;
-    std::filesystem::create_directories(localPath(folder), failure);
-    if (failure) {
-        throw FileSystemError(folder, failure.message());
+    for (std::filesystem::path missing = path;
+         missing.has_relative_path() && !std::filesystem::exists(missing, failure) && !failure;
+         missing = missing.parent_path()) {
+        m_created.push_back(missing);
     }
-    removeAbandonedDrafts(folder);
-    return folder;
+    failure.clear();
+    std::filesystem::create_directories(path, failure);
+    if (failure) {
+        throw FileSystemError(m_url, failure.message());
+    }
+    removeAbandonedDrafts(m_url);
+}
+
+void ExportFolder::removeIfNew() {
+    std::error_code failure;
+    for (const std::filesystem::path& folder : m_created) {
+        // Removes empty folders only.
+        std::filesystem::remove(folder, failure);
+    }
+    m_created.clear();
 }
 
 void writeText(const QByteArray& text, const QString& name, ExportResult& result) {

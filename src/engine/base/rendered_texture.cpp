@@ -2,9 +2,8 @@
 
 #include "engine/base/imaging_errors.h"
 #include "engine/base/texture_processor_error.h"
+#include "engine/base/texture_source.h"
 #include "imaging/decode/image_file.h"
-#include "imaging/files/file_bytes.h"
-#include "imaging/pixels/resample.h"
 
 #include <utility>
 
@@ -12,39 +11,32 @@ namespace quarlin {
 
 namespace {
 
-QImage stretched(QImage image, std::int64_t width, std::int64_t height) {
-    if (!isUsableSize(width, height)) {
+QImage imageOf(std::unique_ptr<RowReader> rows, PixelSize size) {
+    rows = scaledRows(std::move(rows), size);
+    QImage image(static_cast<int>(size.width), static_cast<int>(size.height), pixelFormat);
+    if (image.isNull()) {
         throw TextureProcessorError::cannotCreateBitmap();
     }
-    if (image.width() == width && image.height() == height) {
-        return image;
-    }
-    QImage result(static_cast<int>(width), static_cast<int>(height), pixelFormat);
-    if (result.isNull()) {
-        throw TextureProcessorError::cannotCreateBitmap();
-    }
-    resample(ImageView(image), width, height,
-             {result.bits(), static_cast<std::size_t>(result.sizeInBytes())});
-    return result;
+    rows->read(size.height, image.bits());
+    return image;
 }
 
 }  // namespace
 
 DecodedFile decodeFile(const QUrl& url, ColorHandling handling) {
     ImageFile file = reportingEngineErrors(FileKind::image, [&] { return readImageFile(url, handling); });
-    return {std::move(file.image), file.content.stamp, file.convertedFrom};
+    return {std::move(file.image), file.file->stamp(), file.convertedFrom};
 }
 
-QImage renderFile(const QUrl& url, std::int64_t width, std::int64_t height, ColorHandling handling) {
-    return stretched(decodeFile(url, handling).image, width, height);
+QImage renderFile(const QUrl& url, PixelSize size) {
+    return imageOf(openFileRows(openInputFile(url)).rows, size);
 }
 
-QImage renderTexture(const TextureAsset& asset, std::int64_t width, std::int64_t height) {
-    if (asset.decodedFrom && fileStamp(asset.url) == asset.decodedFrom) {
-        return stretched(asset.preview, width, height);
-    }
-    return renderFile(asset.url, width, height,
-                      asset.keepsSamples ? ColorHandling::keepSamples : ColorHandling::convert);
+QImage renderTexture(const TextureAsset& asset, PixelSize size) {
+    const TextureSource source(asset);
+    const QImage& loaded = source.image();
+    const bool hasSize = loaded.width() == size.width && loaded.height() == size.height;
+    return hasSize && !loaded.isNull() ? loaded : imageOf(source.open(size), size);
 }
 
 }  // namespace quarlin

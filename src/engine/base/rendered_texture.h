@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imaging/base/pixel_size.h"
 #include "imaging/decode/opened_image.h"
 #include "imaging/pixels/image_view.h"
 #include "model/texture_asset.h"
@@ -12,11 +13,10 @@ namespace quarlin {
 /// The pixels of a loaded texture are used as long as its file still has the stamp that it had when they were
 /// decoded; a file that has changed is decoded again. Throws `cannotReadImage` and
 /// `cannotCreateBitmap`.
-QImage renderTexture(const TextureAsset& asset, std::int64_t width, std::int64_t height);
+QImage renderTexture(const TextureAsset& asset, PixelSize size);
 
 /// The same from a file.
-QImage renderFile(const QUrl& url, std::int64_t width, std::int64_t height,
-                  ColorHandling handling = ColorHandling::convert);
+QImage renderFile(const QUrl& url, PixelSize size);
 
 /// A file at its own size, and its stamp when it was read.
 struct DecodedFile {

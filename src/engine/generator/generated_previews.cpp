@@ -19,7 +19,7 @@ NormalPreviews buildGeneratedPreviews(const std::optional<TextureAsset>& source,
     }
     const PixelSize size =
         previewSize(resolvedOutputSize(source->pixelWidth, source->pixelHeight, settings.outputResolution));
-    const QImage rendered = renderTexture(*source, size.width, size.height);
+    const QImage rendered = renderTexture(*source, size);
     const NormalOutputs outputs = generateOutputs(ImageView(rendered), settings);
     NormalPreviews previews;
     for (const GeneratedMap map : allCases<GeneratedMap>()) {

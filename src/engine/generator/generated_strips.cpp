@@ -13,6 +13,10 @@ namespace quarlin {
 
 namespace {
 
+std::int64_t smoothingPasses(const NormalGeneratorSettings& settings) {
+    return std::max(0, settings.smoothing);
+}
+
 /// A run of rows of heights, each padded as the row operations require.
 class HeightRows {
 public:
@@ -37,17 +41,11 @@ private:
     std::vector<double, UninitializedAllocator<double>> m_values;
 };
 
-/// `rows` with `margin` rows more on either side, as far as the image has them.
-RowRange widened(RowRange rows, std::int64_t margin, std::int64_t height) {
-    const std::int64_t first = std::max<std::int64_t>(0, rows.first - margin);
-    return {first, std::min(height, rows.end() + margin) - first};
-}
-
 /// Blurs row `y` of `heights`, whose range holds every row of its window.
 void blurOneRow(const HeightRows& heights, std::int64_t y, std::int64_t imageHeight, std::int64_t width,
                 double* blurred) {
     std::array<const double*, 3> window{};
-    const RowRange rows = widened({y, 1}, 1, imageHeight);
+    const RowRange rows = withMargin({y, 1}, 1, imageHeight);
     for (std::int64_t index = 0; index < rows.count; ++index) {
         window[static_cast<std::size_t>(index)] = heights.row(rows.first + index);
     }
@@ -55,16 +53,16 @@ void blurOneRow(const HeightRows& heights, std::int64_t y, std::int64_t imageHei
 }
 
 /// The smoothed heights of `rows`.
-HeightRows smoothedHeights(const ImageView& source, const NormalGeneratorSettings& settings, RowRange rows) {
-    const std::int64_t passes = std::max(0, settings.smoothing);
-    HeightRows heights(widened(rows, passes, source.height), source.width);
+HeightRows smoothedHeights(const RowWindow& source, const NormalGeneratorSettings& settings, RowRange rows) {
+    const std::int64_t passes = smoothingPasses(settings);
+    HeightRows heights(withMargin(rows, passes, source.height()), source.width());
     for (std::int64_t y = heights.range().first; y < heights.range().end(); ++y) {
-        heightRow(source.row(y), source.width, settings.invertHeight, heights.row(y));
+        heightRow(source.row(y), source.width(), settings.invertHeight, heights.row(y));
     }
     for (std::int64_t left = passes - 1; left >= 0; --left) {
-        HeightRows blurred(widened(rows, left, source.height), source.width);
+        HeightRows blurred(withMargin(rows, left, source.height()), source.width());
         for (std::int64_t y = blurred.range().first; y < blurred.range().end(); ++y) {
-            blurOneRow(heights, y, source.height, source.width, blurred.row(y));
+            blurOneRow(heights, y, source.height(), source.width(), blurred.row(y));
         }
         heights = std::move(blurred);
     }
@@ -84,19 +82,21 @@ void spreadGray(const PixelBuffer& gray, std::uint8_t* pixels) {
 
 }  // namespace
 
-GeneratedStrip generateStrip(const ImageView& source, const NormalGeneratorSettings& settings,
+std::int64_t marginRows(const NormalGeneratorSettings& settings) { return smoothingPasses(settings) + 1; }
+
+GeneratedStrip generateStrip(const RowWindow& source, const NormalGeneratorSettings& settings,
                              RowRange rows) {
-    const std::int64_t width = source.width;
+    const std::int64_t width = source.width();
     GeneratedStrip strip{rows, {}};
     for (const GeneratedMap map : computedMaps) {
         strip.maps[map] = PixelBuffer(pixelCount(width * bytesPerPixelOf(map), rows.count));
     }
     const GeneratorFactors factors(settings);
     // Normals, contrast and cavity depend on the row above and the row below.
-    const HeightRows heights = smoothedHeights(source, settings, widened(rows, 1, source.height));
+    const HeightRows heights = smoothedHeights(source, settings, withMargin(rows, 1, source.height()));
     HeightRows blurred({0, 1}, width);
     for (std::int64_t y = rows.first; y < rows.end(); ++y) {
-        blurOneRow(heights, y, source.height, width, blurred.row(0));
+        blurOneRow(heights, y, source.height(), width, blurred.row(0));
         GeneratedRow output;
         for (const GeneratedMap map : computedMaps) {
             output[map] = strip.maps[map].data() + (y - rows.first) * width * bytesPerPixelOf(map);
@@ -104,7 +104,7 @@ GeneratedStrip generateStrip(const ImageView& source, const NormalGeneratorSetti
         mapRow(source.row(y),
                {.above = heights.row(std::max<std::int64_t>(0, y - 1)),
                 .row = heights.row(y),
-                .below = heights.row(std::min(source.height - 1, y + 1)),
+                .below = heights.row(std::min(source.height() - 1, y + 1)),
                 .blurred = blurred.row(0)},
                width, factors, output);
     }
@@ -121,7 +121,7 @@ NormalOutputs generateOutputs(const ImageView& source, const NormalGeneratorSett
     constexpr std::int64_t rowsPerStrip = 64;
     const RowStrips strips(source.height, rowsPerStrip);
     forEachInParallel(strips.count(), [&](std::int64_t index) {
-        const GeneratedStrip strip = generateStrip(source, settings, strips[index]);
+        const GeneratedStrip strip = generateStrip(RowWindow(source), settings, strips[index]);
         for (const GeneratedMap map : computedMaps) {
             const PixelBuffer& made = strip.maps[map];
             std::uint8_t* place = outputs[map].pixels.data() + strip.rows.first * source.bytesPerRow();

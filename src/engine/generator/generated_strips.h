@@ -5,6 +5,7 @@
 #include "imaging/base/row_strips.h"
 #include "imaging/pixels/image_view.h"
 #include "imaging/pixels/pixel_image.h"
+#include "imaging/pixels/row_window.h"
 #include "model/normal_generator_settings.h"
 
 namespace quarlin {
@@ -18,10 +19,14 @@ struct GeneratedStrip {
 
 /// Computes the maps of `rows` of `source`: from heights through smoothing to the bytes while the rows are
 /// still in the processor's cache, so that no field of the whole image is ever held. A strip depends
-/// only on its rows and on those around them that its windows reach: strips can be made in any order and on
-/// any thread. Together they are, to the byte, what the operations of engine/reference make of the whole
-/// image.
-GeneratedStrip generateStrip(const ImageView& source, const NormalGeneratorSettings& settings, RowRange rows);
+/// only on its rows and on `marginRows` rows around them, which `source` must have: strips can be made in any
+/// order and on any thread. Together they are, to the byte, what the operations of engine/reference make of
+/// the whole image.
+GeneratedStrip generateStrip(const RowWindow& source, const NormalGeneratorSettings& settings, RowRange rows);
+
+/// The rows above and below a strip on which its maps depend: one for each smoothing pass, and one for the
+/// neighbors of a pixel.
+std::int64_t marginRows(const NormalGeneratorSettings& settings);
 
 /// The source and all maps of it as whole images, made on all cores.
 NormalOutputs generateOutputs(const ImageView& source, const NormalGeneratorSettings& settings);

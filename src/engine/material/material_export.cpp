@@ -1,47 +1,49 @@
 #include "engine/base/export_folder.h"
-#include "engine/base/imaging_errors.h"
 #include "engine/base/output_size.h"
+#include "engine/base/set_export.h"
 #include "engine/base/texture_processor_error.h"
 #include "engine/documents/documents.h"
 #include "engine/material/material.h"
-#include "engine/material/material_inputs.h"
+#include "engine/material/material_rows.h"
+#include "engine/material/material_sources.h"
 #include "imaging/base/pixel_size.h"
-#include "imaging/png/png_file.h"
+#include "imaging/png/png_file_set.h"
 #include "model/conversion_settings.h"
 #include "model/export_result.h"
 #include "model/output_names.h"
 #include "model/texture_asset.h"
 #include "model/texture_slot_kind.h"
 
-#include <exception>
+#include <algorithm>
+#include <array>
+#include <optional>
 #include <vector>
 
 namespace quarlin {
 
 namespace {
 
-/// Writes the images of the set. An input that can't be read stops it at the image that needs the input:
-/// the images before that one are written.
-void writeImages(const MaterialInputs& inputs, const ConversionSettings& settings, const OutputNames& names,
-                 bool hasNormal, ExportResult& result) {
-    PngFileSet files(result.folderURL, inputs.size().width, inputs.size().height);
-    std::vector<RowSource> images;
-    std::exception_ptr failure;
-    try {
-        for (const MaterialFile file : allCases<MaterialFile>()) {
-            if (const auto image = tableRow(file).image; image && isWritten(file, settings, hasNormal)) {
-                images.push_back(imageRows(*image, inputs, settings));
-                files.add(names[file]);
-            }
+/// The images that an export writes, in writing order.
+std::vector<MaterialFile> writtenImages(const ConversionSettings& settings, bool hasNormal) {
+    std::vector<MaterialFile> files;
+    for (const MaterialFile file : allCases<MaterialFile>()) {
+        if (tableRow(file).image && isWritten(file, settings, hasNormal)) {
+            files.push_back(file);
         }
-    } catch (...) {
-        failure = std::current_exception();
     }
-    files.encode(images);
-    reportingEngineErrors(FileKind::image, [&] { files.commit(result.files); });
-    if (failure) {
-        std::rethrow_exception(failure);
+    return files;
+}
+
+/// The numbers of the files in the order of the slots that they are made from.
+std::vector<std::size_t> inOrderOfSlots(const std::vector<MaterialFile>& files) {
+    constexpr std::array order{MaterialFile::baseColor, MaterialFile::normal, MaterialFile::orm};
+    std::vector<std::size_t> numbers;
+    for (const MaterialFile file : order) {
+        if (const auto place = std::find(files.begin(), files.end(), file); place != files.end()) {
+            numbers.push_back(static_cast<std::size_t>(place - files.begin()));
+        }
     }
+    return numbers;
 }
 
 }  // namespace
@@ -54,15 +56,21 @@ ExportResult exportMaterialSet(const TextureMap& textures, const ConversionSetti
     }
     const PixelSize size = resolvedOutputSize(base->second, settings);
     const OutputNames names{settings.safeMaterialName()};
-    const QUrl folder = createExportFolder(parentDirectory, names.materialName);
-
-    // Every input is read before the first output is written, so that a set can be exported onto itself.
-    const auto slots = allCases<TextureSlotKind>();
-    const MaterialInputs inputs(textures, {slots.begin(), slots.end()}, size);
-
-    ExportResult result{folder, {}};
     const bool hasNormal = textures.contains(TextureSlotKind::normal);
-    writeImages(inputs, settings, names, hasNormal, result);
+    const MaterialSources sources(textures);
+
+    const std::vector<MaterialFile> images = writtenImages(settings, hasNormal);
+    std::vector<PngPass> passes;
+    for (const MaterialFile file : images) {
+        passes.push_back(plainPass(names[file], [&, image = *tableRow(file).image] {
+            return openMaterialImage(image, sources, settings, size);
+        }));
+    }
+    std::optional<LoadingExport> loading;
+    if (sources.areUnloaded()) {
+        loading = {inOrderOfSlots(images), [&] { sources.expectReadable(); }};
+    }
+    ExportResult result = exportImages(parentDirectory, names.materialName, size, std::move(passes), loading);
     if (settings.exportGLTF) {
         writeText(makeGLTFData(names, settings, hasNormal), names.gltf(), result);
     }

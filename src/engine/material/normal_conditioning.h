@@ -1,13 +1,16 @@
 #pragma once
 
-#include "imaging/pixels/pixel_image.h"
+#include <cstdint>
+#include <span>
 
 namespace quarlin {
 
+// Operations on whole RGBA pixels of a normal map.
+
 /// Sets every alpha byte to 255 and leaves the premultiplied color as it is.
-void normalizeAlpha(PixelImage& image);
+void normalizeAlpha(std::span<std::uint8_t> pixels);
 
 /// Replaces every green byte by 255 minus it.
-void flipGreenChannel(PixelImage& image);
+void flipGreenChannel(std::span<std::uint8_t> pixels);
 
 }  // namespace quarlin

@@ -7,6 +7,8 @@
 #include <exception>
 #include <mutex>
 #include <thread>
+#include <utility>
+#include <vector>
 
 namespace quarlin {
 
@@ -40,7 +42,7 @@ void forEachInParallel(std::int64_t count, const std::function<void(std::int64_t
 
 namespace {
 
-/// One of the two functions of `doInStep`: calls it until it fails.
+/// A function that is called for one turn after the other, until it fails.
 class Step {
 public:
     explicit Step(const std::function<bool(std::int64_t)>& work) : m_work(work) {}
@@ -96,6 +98,54 @@ bool doInStep(std::int64_t count, std::int64_t ahead, const std::function<bool(s
     // The second step is called only for turns before the one where the first step failed, so its failure
     // comes first.
     return secondStep.isComplete() && firstStep.isComplete();
+}
+
+void doInThreeSteps(std::int64_t count, std::int64_t ahead, const std::function<void(std::int64_t)>& read,
+                    const std::function<void(std::int64_t)>& work,
+                    const std::function<void(std::int64_t)>& write) {
+    // The failures of `work`, which `write` reports in the order of the turns.
+    std::vector<std::exception_ptr> failures(static_cast<std::size_t>(ahead));
+    const auto failureOf = [&](std::int64_t turn) -> std::exception_ptr& {
+        return failures[static_cast<std::size_t>(turn % ahead)];
+    };
+    const std::function<bool(std::int64_t)> readNext = [&](std::int64_t turn) {
+        read(turn);
+        return true;
+    };
+    const std::function<bool(std::int64_t)> writeNext = [&](std::int64_t turn) {
+        if (const std::exception_ptr failure = std::exchange(failureOf(turn), {})) {
+            std::rethrow_exception(failure);
+        }
+        write(turn);
+        return true;
+    };
+    Step readStep(readNext);
+    Step writeStep(writeNext);
+    // Only saves work: turns that begin after one has failed are not needed.
+    std::atomic<bool> isOver = false;
+    const auto end = [&] { isOver.store(true, std::memory_order_relaxed); };
+    tasks::runInThreeSteps(
+        ahead,
+        [&](std::int64_t turn) {
+            return turn < count && !isOver.load(std::memory_order_relaxed) && readStep.call(turn);
+        },
+        [&](std::int64_t turn) {
+            try {
+                work(turn);
+            } catch (...) {
+                failureOf(turn) = std::current_exception();
+                end();
+            }
+        },
+        [&](std::int64_t turn) {
+            if (!writeStep.call(turn)) {
+                end();
+            }
+        });
+    // The write step is called only for turns before the one where the read step failed, so its failure comes
+    // first.
+    writeStep.isComplete();
+    readStep.isComplete();
 }
 
 }  // namespace quarlin

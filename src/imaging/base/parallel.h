@@ -26,4 +26,15 @@ void forEachInParallel(std::int64_t count, const std::function<void(std::int64_t
 bool doInStep(std::int64_t count, std::int64_t ahead, const std::function<bool(std::int64_t)>& first,
               const std::function<bool(std::int64_t)>& second);
 
+/// Calls `read(turn)`, `work(turn)` and `write(turn)`, one after the other, for the turns 0 to `count - 1`.
+/// `read` and `write` are each called in the order of the turns, `work` in any order and for several turns at
+/// once; less than `ahead` turns are begun before the first of them has ended, so that `ahead` buffers, used
+/// in turn, are enough. A function that throws ends the work.
+///
+/// Throws what the functions would throw if they were called for one turn after the other; but they may have
+/// been called for later turns.
+void doInThreeSteps(std::int64_t count, std::int64_t ahead, const std::function<void(std::int64_t)>& read,
+                    const std::function<void(std::int64_t)>& work,
+                    const std::function<void(std::int64_t)>& write);
+
 }  // namespace quarlin

@@ -13,6 +13,12 @@ struct RowRange {
     std::int64_t end() const { return first + count; }
 };
 
+/// `rows` with `margin` rows more on either side, as far as an image of `height` rows has them.
+inline RowRange withMargin(RowRange rows, std::int64_t margin, std::int64_t height) {
+    const std::int64_t first = std::max<std::int64_t>(0, rows.first - margin);
+    return {first, std::min(height, rows.end() + margin) - first};
+}
+
 /// An image of `height` rows cut into strips of `rowsPerStrip` rows. The last strip is shorter where the
 /// height is not a multiple.
 class RowStrips {

@@ -54,47 +54,98 @@ void runSideBySide(std::int64_t times, const std::function<void()>& work) {
     end.take();
 }
 
-void runInStep(std::int64_t ahead, const std::function<bool(std::int64_t)>& first,
-               const std::function<void(std::int64_t)>& second) {
-    // What a turn leaves to the next one, and what the two functions leave to each other in the buffer of a
-    // turn.
-    HandOver begin;
-    HandOver firstDone;
-    HandOver secondDone;
-    std::vector<HandOver> buffers(static_cast<std::size_t>(ahead));
-    const auto bufferOf = [&](std::int64_t turn) -> HandOver& {
-        return buffers[static_cast<std::size_t>(turn % ahead)];
-    };
+namespace {
 
-    std::int64_t next = 0;
-    const auto runFirst = [&](tbb::flow_control& control) {
-        const std::int64_t turn = next++;
-        begin.take();
-        firstDone.take();
+/// The functions of a pipeline, with the marks for what they leave to each other: a serial one to its next
+/// turn, and those of the same turn in its buffer.
+class MarkedSteps {
+public:
+    using Step = std::function<void(std::int64_t)>;
+
+    MarkedSteps(std::int64_t ahead, const std::function<bool(std::int64_t)>& first, const Step& last)
+        : m_first(first), m_last(last), m_buffers(static_cast<std::size_t>(ahead)) {
+        m_begin.give();
+    }
+
+    std::int64_t runFirst(tbb::flow_control& control) {
+        const std::int64_t turn = m_next++;
+        m_begin.take();
+        m_firstDone.take();
         bufferOf(turn).take();
-        if (!first(turn)) {
+        if (!m_first(turn)) {
             control.stop();
         }
         bufferOf(turn).give();
-        firstDone.give();
+        m_firstDone.give();
         return turn;
-    };
-    const auto runSecond = [&](std::int64_t turn) {
-        secondDone.take();
+    }
+    std::int64_t runMiddle(const Step& middle, std::int64_t turn) {
+        m_begin.take();
         bufferOf(turn).take();
-        second(turn);
+        middle(turn);
         bufferOf(turn).give();
-        secondDone.give();
-    };
-    begin.give();
+        return turn;
+    }
+    void runLast(std::int64_t turn) {
+        m_lastDone.take();
+        bufferOf(turn).take();
+        m_last(turn);
+        bufferOf(turn).give();
+        m_lastDone.give();
+    }
+    void end() {
+        m_firstDone.take();
+        m_lastDone.take();
+    }
+
+private:
+    HandOver& bufferOf(std::int64_t turn) {
+        return m_buffers[static_cast<std::size_t>(turn) % m_buffers.size()];
+    }
+
+    const std::function<bool(std::int64_t)>& m_first;
+    const Step& m_last;
+    std::int64_t m_next = 0;
+    HandOver m_begin;
+    HandOver m_firstDone;
+    HandOver m_lastDone;
+    std::vector<HandOver> m_buffers;
+};
+
+constexpr auto inOrder = tbb::filter_mode::serial_in_order;
+
+}  // namespace
+
+void runInStep(std::int64_t ahead, const std::function<bool(std::int64_t)>& first,
+               const std::function<void(std::int64_t)>& second) {
+    MarkedSteps steps(ahead, first, second);
     runTasks([&] {
-        constexpr auto inOrder = tbb::filter_mode::serial_in_order;
         tbb::parallel_pipeline(static_cast<std::size_t>(ahead),
-                               tbb::make_filter<void, std::int64_t>(inOrder, runFirst) &
-                                   tbb::make_filter<std::int64_t, void>(inOrder, runSecond));
+                               tbb::make_filter<void, std::int64_t>(inOrder, [&](tbb::flow_control& control) {
+                                   return steps.runFirst(control);
+                               }) & tbb::make_filter<std::int64_t, void>(inOrder, [&](std::int64_t turn) {
+                                   steps.runLast(turn);
+                               }));
     });
-    firstDone.take();
-    secondDone.take();
+    steps.end();
+}
+
+void runInThreeSteps(std::int64_t ahead, const std::function<bool(std::int64_t)>& first,
+                     const std::function<void(std::int64_t)>& middle,
+                     const std::function<void(std::int64_t)>& last) {
+    MarkedSteps steps(ahead, first, last);
+    runTasks([&] {
+        tbb::parallel_pipeline(
+            static_cast<std::size_t>(ahead),
+            tbb::make_filter<void, std::int64_t>(
+                inOrder, [&](tbb::flow_control& control) { return steps.runFirst(control); }) &
+                tbb::make_filter<std::int64_t, std::int64_t>(
+                    tbb::filter_mode::parallel,
+                    [&](std::int64_t turn) { return steps.runMiddle(middle, turn); }) &
+                tbb::make_filter<std::int64_t, void>(inOrder,
+                                                     [&](std::int64_t turn) { steps.runLast(turn); }));
+    });
+    steps.end();
 }
 
 }  // namespace quarlin::tasks

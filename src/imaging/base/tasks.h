@@ -18,4 +18,10 @@ void runSideBySide(std::int64_t times, const std::function<void()>& work);
 void runInStep(std::int64_t ahead, const std::function<bool(std::int64_t)>& first,
                const std::function<void(std::int64_t)>& second);
 
+/// The same with `middle(turn)` between the two. It is called for several turns at the same time and in any
+/// order.
+void runInThreeSteps(std::int64_t ahead, const std::function<bool(std::int64_t)>& first,
+                     const std::function<void(std::int64_t)>& middle,
+                     const std::function<void(std::int64_t)>& last);
+
 }  // namespace quarlin::tasks

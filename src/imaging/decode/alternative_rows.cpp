@@ -2,7 +2,6 @@
 
 #include "imaging/decode/decode_error.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace quarlin {
@@ -31,11 +30,7 @@ void AlternativeRows::switchToSecond() {
     if (m_reader->width() != width() || m_reader->height() != height()) {
         throw DecodeError(DecodeProblem::damaged);
     }
-    constexpr std::int64_t rowsAtOnce = 64;
-    PixelBuffer skipped(static_cast<std::size_t>(std::min(rowsAtOnce, height()) * bytesPerRow()));
-    while (m_reader->position() < position()) {
-        m_reader->read(std::min(rowsAtOnce, position() - m_reader->position()), skipped.data());
-    }
+    skipTo(position(), *m_reader);
 }
 
 }  // namespace quarlin

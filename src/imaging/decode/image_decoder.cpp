@@ -20,36 +20,51 @@ namespace {
 
 /// Formats that one reader serves.
 struct FormatFamily {
-    /// Whether the bytes begin as a file of the family does.
-    bool (*matches)(const QByteArray& bytes);
-    OpenedImage (*open)(const QByteArray& bytes, ColorHandling handling);
+    /// Whether a file of the family begins with these bytes.
+    bool (*matches)(const QByteArray& beginning);
+    OpenedImage (*open)(const std::shared_ptr<ByteSource>& source, ColorHandling handling);
 };
 
-/// For formats whose samples always count as sRGB.
-template <std::unique_ptr<RowReader> (*open)(const QByteArray& bytes)>
-OpenedImage openSRGB(const QByteArray& bytes, ColorHandling) {
-    return {open(bytes)};
+/// Opens a file by a reader that needs all of its bytes.
+template <OpenedImage (*openBytes)(const QByteArray& bytes, ColorHandling handling)>
+OpenedImage openWhole(const std::shared_ptr<ByteSource>& source, ColorHandling handling) {
+    return openBytes(source->all(), handling);
 }
 
-constexpr std::array families{FormatFamily{isPng, openPng},           FormatFamily{isJpeg, openJpeg},
-                              FormatFamily{isBmp, openSRGB<openBmp>}, FormatFamily{isHeif, openHeif},
-                              FormatFamily{isTiff, openTiff},         FormatFamily{isGif, openSRGB<openGif>},
-                              FormatFamily{isWebp, openWebp}};
+/// The same for formats whose samples always count as sRGB.
+template <std::unique_ptr<RowReader> (*openBytes)(const QByteArray& bytes)>
+OpenedImage openSRGB(const std::shared_ptr<ByteSource>& source, ColorHandling) {
+    return {openBytes(source->all())};
+}
+
+constexpr std::array families{
+    FormatFamily{isPng, openPng},
+    FormatFamily{isJpeg, openJpeg},
+    FormatFamily{isBmp, openSRGB<openBmp>},
+    FormatFamily{isHeif, openWhole<openHeif>},
+    FormatFamily{isTiff, openWhole<openTiff>},
+    FormatFamily{isGif, openSRGB<openGif>},
+    FormatFamily{isWebp, openWhole<openWebp>},
+};
 
 }  // namespace
 
-OpenedImage openImage(const QByteArray& bytes, ColorHandling handling) {
-    const auto* const family = std::find_if(families.begin(), families.end(),
-                                            [&](const FormatFamily& each) { return each.matches(bytes); });
+OpenedImage openImage(const std::shared_ptr<ByteSource>& source, ColorHandling handling) {
+    constexpr std::int64_t beginningSize = 4096;
+    const QByteArray beginning = source->part(0, beginningSize);
+    const auto* const family = std::find_if(
+        families.begin(), families.end(), [&](const FormatFamily& each) { return each.matches(beginning); });
     if (family == families.end()) {
         throw DecodeError(DecodeProblem::notAnImage);
     }
-    return family->open(bytes, handling);
+    return family->open(source, handling);
 }
 
-std::unique_ptr<RowReader> openImage(const QByteArray& bytes) {
-    return openImage(bytes, ColorHandling::convert).rows;
+std::unique_ptr<RowReader> openImage(const std::shared_ptr<ByteSource>& source) {
+    return openImage(source, ColorHandling::convert).rows;
 }
+
+std::unique_ptr<RowReader> openImage(const QByteArray& bytes) { return openImage(bytesInMemory(bytes)); }
 
 QImage decodeImage(const QByteArray& bytes) { return readImage(*openImage(bytes)); }
 

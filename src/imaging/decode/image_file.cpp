@@ -8,19 +8,54 @@
 
 namespace quarlin {
 
-ImageFile readImageFile(const QUrl& url, ColorHandling handling) {
-    DecodePlace place = DecodePlace::beginning;
+namespace {
+
+/// Returns the result of `work`, and adds the location of the file, and the place in it, to errors of
+/// decoding it.
+template <typename Work>
+auto locatingErrors(const QUrl& url, DecodePlace place, Work&& work) -> decltype(work()) {
     try {
-        FileBytes content = readFile(url);
-        const OpenedImage opened = openImage(content.bytes, handling);
-        place = DecodePlace::pixels;
-        QImage image = readImage(*opened.rows);
-        return {std::move(content), std::move(image), opened.convertedFrom};
+        return work();
     } catch (const DecodeError& error) {
-        throw DecodeError(error.problem(), url, place);
+        throw DecodeError(error.problem(), url, error.file().isEmpty() ? place : error.place());
     } catch (const std::bad_alloc&) {
         throw DecodeError(DecodeProblem::tooLarge, url, place);
     }
+}
+
+class ImageFileRows final : public RowReader {
+public:
+    ImageFileRows(std::shared_ptr<InputFile> file, std::unique_ptr<RowReader> rows)
+        : RowReader(rows->width(), rows->height()), m_file(std::move(file)), m_rows(std::move(rows)) {}
+
+private:
+    void readRows(std::int64_t count, std::uint8_t* rows) override {
+        locatingErrors(m_file->url(), DecodePlace::pixels, [&] { m_rows->read(count, rows); });
+        if (m_rows->position() == height()) {
+            m_file->expectUnchanged();
+        }
+    }
+
+    std::shared_ptr<InputFile> m_file;
+    std::unique_ptr<RowReader> m_rows;
+};
+
+}  // namespace
+
+OpenedImage openImageFile(const std::shared_ptr<InputFile>& file, ColorHandling handling) {
+    return locatingErrors(file->url(), DecodePlace::beginning, [&] {
+        OpenedImage image = openImage(file, handling);
+        image.rows = std::make_unique<ImageFileRows>(file, std::move(image.rows));
+        return image;
+    });
+}
+
+ImageFile readImageFile(const QUrl& url, ColorHandling handling) {
+    const std::shared_ptr<InputFile> file = InputFile::open(url);
+    const OpenedImage image = openImageFile(file, handling);
+    return locatingErrors(url, DecodePlace::pixels, [&] {
+        return ImageFile{file, readImage(*image.rows), image.convertedFrom};
+    });
 }
 
 }  // namespace quarlin

@@ -1,22 +1,29 @@
 #pragma once
 
 #include "imaging/decode/opened_image.h"
-#include "imaging/files/file_bytes.h"
+#include "imaging/files/input_file.h"
 
 #include <QImage>
 
+#include <memory>
+
 namespace quarlin {
 
-/// An image file: its content, and the image that it decodes to.
+/// Opens the image in a file, as `openImage` does. Here and from the rows, all errors have the file's
+/// location: `FileError` if it can't be read or changes meanwhile, `DecodeError` if it can't be decoded or
+/// does not fit into memory.
+OpenedImage openImageFile(const std::shared_ptr<InputFile>& file,
+                          ColorHandling handling = ColorHandling::convert);
+
+/// An image file, still open, and the image that it decodes to.
 struct ImageFile {
-    FileBytes content;
+    std::shared_ptr<InputFile> file;
     QImage image;
     /// See `OpenedImage`.
     QString convertedFrom = {};
 };
 
-/// Reads and decodes the image file at `url`. Throws `FileError` if it can't be read, and `DecodeError` with
-/// its location if it can't be decoded or does not fit into memory.
+/// Reads and decodes the image file at `url`. Throws as `openImageFile` does.
 ImageFile readImageFile(const QUrl& url, ColorHandling handling = ColorHandling::convert);
 
 }  // namespace quarlin

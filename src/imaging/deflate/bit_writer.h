@@ -2,29 +2,30 @@
 
 #include <cstdint>
 #include <cstring>
-#include <span>
 
 namespace quarlin {
 
-/// Packs bits into bytes, lowest bit first, as deflate does. The output must hold all of them and eight bytes
-/// more.
+/// Packs bits into bytes, lowest bit first, as deflate does. The output must hold all of them and `spare`
+/// bytes more. Loops should work on a local copy, which stays in registers.
 class BitWriter {
 public:
-    explicit BitWriter(std::span<std::uint8_t> output) : m_begin(output.data()), m_next(output.data()) {}
+    /// How far beyond the end of its bits the writer may write.
+    static constexpr std::size_t spare = 8;
+
+    explicit BitWriter(std::uint8_t* output) : m_begin(output), m_next(output) {}
 
     /// The most bits of one call. Up to seven earlier bits wait for their byte to fill; together they fit in
     /// 64 bits.
-    static constexpr int mostAtOnce = 56;
+    static constexpr unsigned mostAtOnce = 56;
 
     /// Appends the lowest `count` bits of `bits`, at most `mostAtOnce`. The other bits must be 0.
-    void add(std::uint64_t bits, int count) {
-        m_held |= bits << static_cast<unsigned>(m_heldCount);
+    void add(std::uint64_t bits, unsigned count) {
+        m_held |= bits << m_heldCount;
         m_heldCount += count;
         std::memcpy(m_next, &m_held, sizeof m_held);
-        const int bytes = m_heldCount / 8;
-        m_next += bytes;
-        m_held >>= static_cast<unsigned>(bytes * 8);
-        m_heldCount -= bytes * 8;
+        m_next += m_heldCount / 8;
+        m_held >>= m_heldCount & 56U;
+        m_heldCount &= 7U;
     }
 
     /// Fills the last byte with zeros.
@@ -37,7 +38,7 @@ private:
     std::uint8_t* m_begin;
     std::uint8_t* m_next;
     std::uint64_t m_held = 0;
-    int m_heldCount = 0;
+    unsigned m_heldCount = 0;
 };
 
 }  // namespace quarlin

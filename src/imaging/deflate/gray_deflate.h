@@ -3,6 +3,8 @@
 #include "imaging/deflate/deflate_block.h"
 #include "imaging/pixels/pixel_image.h"
 
+#include <QByteArray>
+
 #include <cstdint>
 #include <span>
 
@@ -23,10 +25,11 @@ struct GrayResiduals {
     std::int64_t bytes() const { return rows * (width * bytesPerPixel + 1); }
 };
 
-/// Deflates the `bytes()` bytes of the rows that the residuals describe, to one `DeflateBlock`, the last of
-/// the stream when `isLast`. A general compressor looks for matches at every byte. This one does so at every
-/// pixel only, a quarter as many places, and spends the time on longer matches.
-PixelBuffer deflateGray(const GrayResiduals& residuals, bool isLast);
+/// Deflates the `bytes()` bytes of the rows that the residuals describe, and appends them to `output` as one
+/// `DeflateBlock`, the last of the stream when `isLast`. A general compressor looks for matches at every
+/// byte. This one does so at every pixel only, a quarter as many places, and spends the time on longer
+/// matches.
+void deflateGray(const GrayResiduals& residuals, bool isLast, QByteArray& output);
 
 /// The Adler-32 checksum of the same bytes.
 std::uint32_t grayAdler(const GrayResiduals& residuals);

@@ -2,14 +2,13 @@
 
 #include <isa-l/igzip_lib.h>
 
-#include <algorithm>
 #include <tuple>
 #include <utility>
 
 namespace quarlin {
 
-InflateStream::InflateStream(Pieces pieces)
-    : m_pieces(std::move(pieces)), m_next(m_pieces.cbegin()), m_state(std::make_unique<inflate_state>()) {
+InflateStream::InflateStream(NextPiece nextPiece)
+    : m_nextPiece(std::move(nextPiece)), m_state(std::make_unique<inflate_state>()) {
     isal_inflate_init(m_state.get());
     m_state->crc_flag = ISAL_ZLIB;
 }
@@ -18,11 +17,11 @@ InflateStream::~InflateStream() = default;
 
 /// Inflates as far as the current piece and the output allow. False for an error or no progress.
 bool InflateStream::advance() {
-    while (m_state->avail_in == 0 && m_next != m_pieces.cend()) {
+    if (m_state->avail_in == 0) {
+        const QByteArrayView piece = m_nextPiece();
         // The library reads through this pointer only.
-        m_state->next_in = reinterpret_cast<std::uint8_t*>(const_cast<char*>(m_next->data()));
-        m_state->avail_in = static_cast<std::uint32_t>(m_next->size());
-        ++m_next;
+        m_state->next_in = reinterpret_cast<std::uint8_t*>(const_cast<char*>(piece.data()));
+        m_state->avail_in = static_cast<std::uint32_t>(piece.size());
     }
     // The library buffers bits, so progress may show in neither input nor output.
     const auto place = [this] {
@@ -57,7 +56,7 @@ bool InflateStream::hasEnded() {
     }
     // The library may have buffered the bits that pad the last byte of the stream, but no whole byte.
     return m_state->avail_out == 1 && m_state->avail_in == 0 && m_state->read_in_length < 8 &&
-           std::all_of(m_next, m_pieces.cend(), [](QByteArrayView piece) { return piece.isEmpty(); });
+           m_nextPiece().isEmpty();
 }
 
 }  // namespace quarlin

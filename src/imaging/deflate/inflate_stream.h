@@ -3,21 +3,23 @@
 #include <QByteArrayView>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
-#include <vector>
 
 struct inflate_state;
 
 namespace quarlin {
 
-/// Inflates a zlib stream that is cut into several pieces, as many bytes at a time as the caller asks for.
+/// Inflates a zlib stream that comes in pieces, as many bytes at a time as the caller asks for.
 class InflateStream {
 public:
-    using Pieces = std::vector<QByteArrayView>;
+    /// Returns the next piece of the stream, which must stay valid until the next call; an empty one at its
+    /// end.
+    using NextPiece = std::function<QByteArrayView()>;
 
-    /// The bytes of `pieces` must outlive the stream.
-    explicit InflateStream(Pieces pieces);
+    /// What `nextPiece` throws is thrown by the functions below.
+    explicit InflateStream(NextPiece nextPiece);
     ~InflateStream();
     InflateStream(const InflateStream&) = delete;
     InflateStream& operator=(const InflateStream&) = delete;
@@ -34,8 +36,7 @@ public:
 private:
     bool advance();
 
-    Pieces m_pieces;
-    Pieces::const_iterator m_next;
+    NextPiece m_nextPiece;
     std::unique_ptr<inflate_state> m_state;
     bool m_hasWrongChecksum = false;
 };

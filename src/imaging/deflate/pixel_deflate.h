@@ -3,6 +3,8 @@
 #include "imaging/deflate/deflate_block.h"
 #include "imaging/pixels/pixel_image.h"
 
+#include <QByteArray>
+
 #include <cstdint>
 
 namespace quarlin {
@@ -18,9 +20,9 @@ struct FilteredRows {
     std::int64_t bytes() const { return rows * (width * bytesPerPixel + 1); }
 };
 
-/// Deflates filtered rows to one `DeflateBlock`, the last of the stream when `isLast`. Matches begin at a
-/// pixel and are at least three whole pixels long: in pictures, other matches are not worth the time to look
-/// for them.
-PixelBuffer deflatePixels(const FilteredRows& filtered, bool isLast);
+/// Deflates filtered rows and appends them to `output` as one `DeflateBlock`, the last of the stream when
+/// `isLast`. Matches begin at a pixel and are at least three whole pixels long: in pictures, other matches
+/// are not worth the time to look for them.
+void deflatePixels(const FilteredRows& filtered, bool isLast, QByteArray& output);
 
 }  // namespace quarlin

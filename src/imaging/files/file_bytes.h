@@ -5,8 +5,6 @@
 #include <QByteArray>
 #include <QUrl>
 
-#include <optional>
-
 namespace quarlin {
 
 /// The content of a file, and the file's stamp when it was read.
@@ -14,9 +12,6 @@ struct FileBytes {
     QByteArray bytes;
     FileStamp stamp;
 };
-
-/// The stamp of the regular file at `url`, symbolic links followed; nothing if there is no such file.
-std::optional<FileStamp> fileStamp(const QUrl& url);
 
 /// Reads the whole regular file at `url`. Throws `FileError` if it is not one (a folder, a pipe, a device),
 /// if it can't be read, and if it changes while it is read.

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <QFileDevice>
+#include <QUrl>
+
 #include <cstdint>
+#include <optional>
 
 namespace quarlin {
 
@@ -15,5 +19,11 @@ struct FileStamp {
 
     bool operator==(const FileStamp&) const = default;
 };
+
+/// The stamp of the regular file at `url`, symbolic links followed; nothing if there is no such file.
+std::optional<FileStamp> fileStamp(const QUrl& url);
+
+/// The stamp of an open file; nothing if it is not a regular one.
+std::optional<FileStamp> fileStamp(const QFileDevice& file);
 
 }  // namespace quarlin

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "imaging/pixels/resample.h"
+#include "imaging/pixels/lanczos_taps.h"
 
 #include <cstdint>
 #include <span>

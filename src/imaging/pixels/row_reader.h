@@ -51,4 +51,14 @@ private:
     std::int64_t m_position = 0;
 };
 
+/// Reads rows without using them, up to row `position`. Throws what the reader throws.
+void skipTo(std::int64_t position, RowReader& reader);
+
+/// The same up to the end; does nothing for a null pointer.
+inline void skipRest(RowReader* reader) {
+    if (reader != nullptr) {
+        skipTo(reader->height(), *reader);
+    }
+}
+
 }  // namespace quarlin

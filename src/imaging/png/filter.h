@@ -16,9 +16,9 @@ void applyPngFilter(PngFilter filter, std::size_t pixelSize, std::span<const std
                     std::span<const std::uint8_t> above, std::span<std::uint8_t> residuals);
 
 /// The filter whose residuals of this row have the smallest sum of magnitudes: the usual estimate of how well
-/// they compress. `scratch` is as long as the row.
+/// they compress.
 PngFilter choosePngFilter(std::size_t pixelSize, std::span<const std::uint8_t> row,
-                          std::span<const std::uint8_t> above, std::span<std::uint8_t> scratch);
+                          std::span<const std::uint8_t> above);
 
 namespace plain {
 

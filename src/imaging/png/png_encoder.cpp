@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
 
 namespace quarlin {
@@ -24,16 +25,30 @@ namespace {
 /// enough to keep every core busy.
 constexpr std::int64_t bytesPerStrip = std::int64_t{1} << 20;
 
-/// A chunk of the PNG standard: length, type, data, checksum of type and data.
-QByteArray makeChunk(const char* type, QByteArrayView data) {
-    constexpr qsizetype dataOffset = 8;
-    QByteArray chunk(dataOffset + data.size() + 4, Qt::Uninitialized);
-    qToBigEndian(static_cast<quint32>(data.size()), chunk.data());
+/// The bytes of a chunk (PNG standard, 5.3) before its data: the length and the type.
+constexpr qsizetype dataOffset = 8;
+
+/// The beginning of a chunk. Its data is to be appended; `closeChunk` adds the rest.
+QByteArray openChunk(const char* type) {
+    QByteArray chunk(dataOffset, Qt::Uninitialized);
     std::memcpy(chunk.data() + 4, type, 4);
-    std::copy(data.begin(), data.end(), chunk.begin() + dataOffset);
+    return chunk;
+}
+
+/// Enters the length of the data, and appends the checksum of type and data.
+void closeChunk(QByteArray& chunk) {
+    const qsizetype dataSize = chunk.size() - dataOffset;
+    qToBigEndian(static_cast<quint32>(dataSize), chunk.data());
     const auto* checked = reinterpret_cast<const unsigned char*>(chunk.constData() + 4);
-    const quint32 checksum = crc32_gzip_refl(0, checked, static_cast<std::uint64_t>(data.size()) + 4);
-    qToBigEndian(checksum, chunk.data() + dataOffset + data.size());
+    const quint32 checksum = crc32_gzip_refl(0, checked, static_cast<std::uint64_t>(dataSize) + 4);
+    chunk.resize(chunk.size() + 4);
+    qToBigEndian(checksum, chunk.data() + dataOffset + dataSize);
+}
+
+QByteArray makeChunk(const char* type, QByteArrayView data) {
+    QByteArray chunk = openChunk(type);
+    chunk.append(data);
+    closeChunk(chunk);
     return chunk;
 }
 
@@ -52,11 +67,13 @@ PixelBuffer withSpare(std::size_t size) {
 }
 
 bool isOpaque(std::span<const std::uint8_t> row) {
-    std::uint8_t all = 255;
-    for (std::size_t index = 3; index < row.size(); index += bytesPerPixel) {
-        all = static_cast<std::uint8_t>(all & row[index]);
+    std::uint32_t all = ~std::uint32_t{0};
+    for (std::size_t index = 0; index < row.size(); index += bytesPerPixel) {
+        std::uint32_t pixel = 0;
+        std::memcpy(&pixel, row.data() + index, sizeof pixel);
+        all &= pixel;
     }
-    return all == 255;
+    return std::bit_cast<std::array<std::uint8_t, 4>>(all)[3] == 255;
 }
 
 /// `unpremultiplied` of every color and alpha: a row of 256 colors per alpha.
@@ -113,13 +130,13 @@ private:
 /// for several rows. The first row of a strip cannot refer to a row above.
 class RowFilter {
 public:
-    RowFilter(std::size_t pixelSize, std::size_t rowSize) : m_pixelSize(pixelSize), m_scratch(rowSize) {}
+    explicit RowFilter(std::size_t pixelSize) : m_pixelSize(pixelSize) {}
 
     /// Writes the residuals of the next row. `row` must stay valid until the row after it is filtered.
     PngFilter apply(std::span<const std::uint8_t> row, std::span<std::uint8_t> residuals) {
         constexpr std::int64_t rowsPerChoice = 8;
         if (m_count++ % rowsPerChoice == 1) {
-            m_filter = choosePngFilter(m_pixelSize, row, m_above, m_scratch);
+            m_filter = choosePngFilter(m_pixelSize, row, m_above);
         }
         const std::span above = m_above.empty() ? row : m_above;
         applyPngFilter(m_filter, m_pixelSize, row, above, residuals);
@@ -129,7 +146,6 @@ public:
 
 private:
     std::size_t m_pixelSize;
-    PixelBuffer m_scratch;
     std::span<const std::uint8_t> m_above;
     PngFilter m_filter = PngFilter::sub;
     std::int64_t m_count = 0;
@@ -173,41 +189,40 @@ std::uint8_t firstAlphaResidual(PngFilter filter) {
 PngEncoder::PngEncoder(std::int64_t width, std::int64_t height)
     : m_width(width),
       m_height(height),
-      m_strips(stripsOf(width, height)),
-      m_encoded(static_cast<std::size_t>(m_strips.count())) {}
+      m_strips(height, std::clamp<std::int64_t>(bytesPerStrip / (width * bytesPerPixel), 1, height)) {}
 
-RowStrips PngEncoder::stripsOf(std::int64_t width, std::int64_t height) {
-    return {height, std::clamp<std::int64_t>(bytesPerStrip / (width * bytesPerPixel), 1, height)};
-}
-
-void PngEncoder::encodeStrip(std::int64_t strip, const std::uint8_t* rows) {
+PngStrip PngEncoder::encodeStrip(std::int64_t strip, const std::uint8_t* rows) const {
     const std::int64_t rowCount = m_strips[strip].count;
     const auto rowSize = static_cast<std::size_t>(m_width * bytesPerPixel);
     const std::span pixels(rows, static_cast<std::size_t>(rowCount) * rowSize);
     if (isOpaqueGray(pixels)) {
-        encodeGrayStrip(strip, grayOf(pixels).data());
-        return;
+        return encodeGrayStrip(strip, grayOf(pixels).data());
     }
 
     PixelBuffer filtered = withSpare(static_cast<std::size_t>(rowCount) * (rowSize + 1));
     StraightRows straight(rows, rowSize);
-    RowFilter filter(bytesPerPixel, rowSize);
+    RowFilter filter(bytesPerPixel);
     for (std::int64_t index = 0; index < rowCount; ++index) {
         std::uint8_t* place = filtered.data() + static_cast<std::size_t>(index) * (rowSize + 1);
         *place = static_cast<std::uint8_t>(filter.apply(straight.row(index), {place + 1, rowSize}));
     }
     const FilteredRows filteredRows{m_width, rowCount, filtered.data()};
-    keep(strip, deflatePixels(filteredRows, isLast(strip)),
-         isal_adler32(1, filtered.data(), static_cast<std::uint64_t>(filteredRows.bytes())));
+    PngStrip encoded{
+        .chunk = openChunk("IDAT"),
+        .inflatedSize = filteredRows.bytes(),
+        .adler = isal_adler32(1, filtered.data(), static_cast<std::uint64_t>(filteredRows.bytes()))};
+    deflatePixels(filteredRows, isLast(strip), encoded.chunk);
+    closeChunk(encoded.chunk);
+    return encoded;
 }
 
-void PngEncoder::encodeGrayStrip(std::int64_t strip, const std::uint8_t* gray) {
+PngStrip PngEncoder::encodeGrayStrip(std::int64_t strip, const std::uint8_t* gray) const {
     const std::int64_t rowCount = m_strips[strip].count;
     const auto width = static_cast<std::size_t>(m_width);
     PixelBuffer values = withSpare(static_cast<std::size_t>(rowCount) * width);
     PixelBuffer filters(static_cast<std::size_t>(rowCount));
     PixelBuffer firstAlphas(filters.size());
-    RowFilter filter(1, width);
+    RowFilter filter(1);
     for (std::size_t index = 0; index < filters.size(); ++index) {
         const PngFilter chosen =
             filter.apply({gray + index * width, width}, {values.data() + index * width, width});
@@ -215,12 +230,12 @@ void PngEncoder::encodeGrayStrip(std::int64_t strip, const std::uint8_t* gray) {
         firstAlphas[index] = firstAlphaResidual(chosen);
     }
     const GrayResiduals residuals{m_width, rowCount, filters, firstAlphas, values.data()};
-    keep(strip, deflateGray(residuals, isLast(strip)), grayAdler(residuals));
-}
-
-void PngEncoder::keep(std::int64_t strip, const PixelBuffer& deflated, std::uint32_t adler) {
-    const QByteArrayView data(deflated.data(), static_cast<qsizetype>(deflated.size()));
-    m_encoded[static_cast<std::size_t>(strip)] = {.chunk = makeChunk("IDAT", data), .adler = adler};
+    PngStrip encoded{.chunk = openChunk("IDAT"),
+                     .inflatedSize = rowCount * (m_width * bytesPerPixel + 1),
+                     .adler = grayAdler(residuals)};
+    deflateGray(residuals, isLast(strip), encoded.chunk);
+    closeChunk(encoded.chunk);
+    return encoded;
 }
 
 QByteArray PngEncoder::beginning() const {
@@ -237,14 +252,13 @@ QByteArray PngEncoder::beginning() const {
            makeChunk("IDAT", {zlibHeader.data(), static_cast<qsizetype>(zlibHeader.size())});
 }
 
-QByteArray PngEncoder::ending() const {
-    uLong adler = adler32(0, nullptr, 0);
-    for (std::int64_t strip = 0; strip < m_strips.count(); ++strip) {
-        const std::int64_t size = m_strips[strip].count * (m_width * bytesPerPixel + 1);
-        adler = adler32_combine(adler, m_encoded[static_cast<std::size_t>(strip)].adler,
-                                static_cast<z_off_t>(size));
-    }
+QByteArray PngEncoder::ending(std::uint32_t adler) {
     return makeChunk("IDAT", bigEndian(static_cast<quint32>(adler))) + makeChunk("IEND", {});
+}
+
+std::uint32_t extendedAdler(std::uint32_t before, const PngStrip& strip) {
+    return static_cast<std::uint32_t>(
+        adler32_combine(before, strip.adler, static_cast<z_off_t>(strip.inflatedSize)));
 }
 
 }  // namespace quarlin

@@ -58,7 +58,7 @@ TEST(GeneratedStrips, StripsOfAnyHeightOnAnyNumberOfThreadsAreTheSame) {
     RandomSettings random(13);
     const PixelImage source = sourceImage(45, 61, 3);
     const NormalGeneratorSettings settings = random.next();
-    const GeneratedStrip whole = generateStrip(source, settings, {0, source.height});
+    const GeneratedStrip whole = generateStrip(RowWindow(source), settings, {0, source.height});
     for (const unsigned threads : {1U, 2U, 3U, 8U}) {
         for (std::int64_t rowsPerStrip = 1; rowsPerStrip <= source.height; rowsPerStrip += 4) {
             const RowStrips strips(source.height, rowsPerStrip);
@@ -66,7 +66,7 @@ TEST(GeneratedStrips, StripsOfAnyHeightOnAnyNumberOfThreadsAreTheSame) {
             forEachInParallel(
                 strips.count(),
                 [&](std::int64_t index) {
-                    made[static_cast<std::size_t>(index)] = generateStrip(source, settings, strips[index]);
+                    made[static_cast<std::size_t>(index)] = generateStrip(RowWindow(source), settings, strips[index]);
                 },
                 threads);
             for (const GeneratedMap map : computedMaps) {

@@ -278,4 +278,109 @@ TEST(DoInStep, TheFirstStepStaysWithinTheBuffers) {
     EXPECT_LE(farthest, 3);
 }
 
+/// Which step of `doInThreeSteps` fails at a turn.
+struct FailingSteps {
+    std::int64_t read = -1;
+    std::int64_t work = -1;
+    std::int64_t write = -1;
+};
+
+/// The name of the step that is reported; "none" if there is no failure.
+std::string reportedStep(std::int64_t turns, const FailingSteps& failing) {
+    const auto failAt = [](std::int64_t failingTurn, const char* name) {
+        return [=](std::int64_t turn) {
+            if (turn == failingTurn) {
+                throw std::runtime_error(name);
+            }
+        };
+    };
+    try {
+        doInThreeSteps(turns, 4, failAt(failing.read, "read"), failAt(failing.work, "work"),
+                       failAt(failing.write, "write"));
+    } catch (const std::runtime_error& error) {
+        return error.what();
+    }
+    return "none";
+}
+
+TEST(DoInThreeSteps, DataGoesThroughInOrderInTheBuffers) {
+    constexpr std::int64_t turns = 500;
+    constexpr std::int64_t ahead = 3;
+    std::array<std::int64_t, ahead> buffers{};
+    const auto bufferOf = [&](std::int64_t turn) -> std::int64_t& {
+        return buffers[static_cast<std::size_t>(turn % ahead)];
+    };
+    std::vector<std::int64_t> seen;
+    doInThreeSteps(
+        turns, ahead, [&](std::int64_t turn) { bufferOf(turn) = turn; },
+        [&](std::int64_t turn) { bufferOf(turn) = bufferOf(turn) * 2 + 1; },
+        [&](std::int64_t turn) { seen.push_back(bufferOf(turn)); });
+    ASSERT_EQ(seen.size(), static_cast<std::size_t>(turns));
+    for (std::int64_t turn = 0; turn < turns; ++turn) {
+        EXPECT_EQ(seen[static_cast<std::size_t>(turn)], turn * 2 + 1);
+    }
+}
+
+TEST(DoInThreeSteps, StaysWithinTheBuffers) {
+    std::atomic<std::int64_t> begun = 0;
+    std::atomic<std::int64_t> ended = 0;
+    std::atomic<std::int64_t> farthest = 0;
+    doInThreeSteps(
+        300, 3, [&](std::int64_t) { farthest = std::max<std::int64_t>(farthest, ++begun - ended); },
+        [](std::int64_t) { spendTime(); }, [&](std::int64_t) { ++ended; });
+    EXPECT_LE(farthest, 3);
+    EXPECT_EQ(ended, 300);
+}
+
+TEST(DoInThreeSteps, NoTurnsAndOneTurnAreDone) {
+    EXPECT_EQ(reportedStep(0, {.read = 0, .work = 0, .write = 0}), "none");
+    EXPECT_EQ(reportedStep(1, {}), "none");
+    EXPECT_EQ(reportedStep(1, {.read = 0}), "read");
+    EXPECT_EQ(reportedStep(1, {.work = 0}), "work");
+    EXPECT_EQ(reportedStep(1, {.write = 0}), "write");
+}
+
+TEST(DoInThreeSteps, TheFailureIsTheOneThatAlternationWouldMeetFirst) {
+    for (int times = 0; times < 50; ++times) {
+        EXPECT_EQ(reportedStep(20, {.read = 5, .work = 5, .write = 5}), "read");
+        EXPECT_EQ(reportedStep(20, {.read = 5, .work = 4, .write = 5}), "work");
+        EXPECT_EQ(reportedStep(20, {.read = 5, .work = 5, .write = 4}), "write");
+        EXPECT_EQ(reportedStep(20, {.work = 7, .write = 6}), "write");
+        EXPECT_EQ(reportedStep(20, {.work = 7, .write = 7}), "work");
+        EXPECT_EQ(reportedStep(20, {.read = 19}), "read");
+    }
+}
+
+TEST(DoInThreeSteps, NothingIsWrittenFromTheFailingTurnOn) {
+    for (const bool failsInWork : {false, true}) {
+        std::int64_t written = 0;
+        const auto fail = [](std::int64_t turn) {
+            if (turn == 5) {
+                throw std::runtime_error("fails");
+            }
+        };
+        const auto succeed = [](std::int64_t) {};
+        EXPECT_THROW(doInThreeSteps(20, 4, failsInWork ? std::function<void(std::int64_t)>(succeed) : fail,
+                                    failsInWork ? std::function<void(std::int64_t)>(fail) : succeed,
+                                    [&](std::int64_t) { ++written; }),
+                     std::runtime_error);
+        EXPECT_EQ(written, 5);
+    }
+}
+
+TEST(DoInThreeSteps, MayBeNested) {
+    std::atomic<int> done = 0;
+    const auto nothing = [](std::int64_t) {};
+    forEachInParallel(4, [&](std::int64_t) {
+        doInThreeSteps(
+            6, 3, [&](std::int64_t) { forEachInParallel(3, [&](std::int64_t) { ++done; }); },
+            [&](std::int64_t) {
+                doInThreeSteps(
+                    5, 2, nothing, [&](std::int64_t) { ++done; }, nothing);
+            },
+            nothing);
+    });
+    EXPECT_EQ(done, 4 * 6 * (3 + 5));
+}
+
 }  // namespace

@@ -34,7 +34,7 @@ protected:
 /// The image of a plain PNG file; a null image if the file is of another kind or damaged.
 QImage decodePlainPng(const QByteArray& png) {
     try {
-        const std::unique_ptr<RowReader> reader = openPlainPng(png);
+        const std::unique_ptr<RowReader> reader = openPlainPng(bytesInMemory(png));
         return reader ? readImage(*reader) : QImage();
     } catch (const DecodeError&) {
         return {};

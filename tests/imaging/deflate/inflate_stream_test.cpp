@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <random>
+#include <stdexcept>
+#include <vector>
 
 using namespace quarlin;
 
@@ -30,19 +32,26 @@ Bytes deflated(const Bytes& text) {
     return stream;
 }
 
-InflateStream::Pieces cut(const Bytes& stream, std::size_t pieceSize) {
-    InflateStream::Pieces pieces;
+using Pieces = std::vector<QByteArrayView>;
+
+Pieces cut(const Bytes& stream, std::size_t pieceSize) {
+    Pieces pieces;
     for (std::size_t begin = 0; begin < stream.size(); begin += pieceSize) {
         const std::size_t size = std::min(pieceSize, stream.size() - begin);
         pieces.emplace_back(stream.data() + begin, static_cast<qsizetype>(size));
-        pieces.emplace_back();
     }
     return pieces;
 }
 
+InflateStream::NextPiece eachOf(const Pieces& pieces) {
+    return [pieces, next = std::size_t{0}]() mutable {
+        return next < pieces.size() ? pieces[next++] : QByteArrayView();
+    };
+}
+
 /// Whether the stream in these pieces holds exactly `size` bytes and then its end.
-bool isWhole(const InflateStream::Pieces& pieces, std::size_t size) {
-    InflateStream stream(pieces);
+bool isWhole(const Pieces& pieces, std::size_t size) {
+    InflateStream stream(eachOf(pieces));
     Bytes output(size);
     return stream.read(output) && stream.hasEnded();
 }
@@ -53,7 +62,7 @@ TEST(InflateStream, TheTextIsTheSameForAllPiecesAndReads) {
     for (const std::size_t pieceSize : {std::size_t{1}, std::size_t{7}, std::size_t{8192}, whole.size()}) {
         for (const std::size_t readSize : {std::size_t{1}, std::size_t{333}, std::size_t{70'000}}) {
             SCOPED_TRACE(testing::Message() << "pieces of " << pieceSize << ", read by " << readSize);
-            InflateStream stream(cut(whole, pieceSize));
+            InflateStream stream(eachOf(cut(whole, pieceSize)));
             Bytes output(text.size());
             for (std::size_t begin = 0; begin < output.size(); begin += readSize) {
                 const std::size_t size = std::min(readSize, output.size() - begin);
@@ -86,6 +95,19 @@ TEST(InflateStream, BytesAfterTheEndAreNoticed) {
     for (const std::size_t pieceSize : {std::size_t{1}, std::size_t{1000}, whole.size()}) {
         EXPECT_FALSE(isWhole(cut(whole, pieceSize), text.size())) << pieceSize;
     }
+}
+
+TEST(InflateStream, AFailureOfTheSourceIsPassedOn) {
+    const Bytes whole = deflated(someText());
+    InflateStream stream([&, isFirst = true]() mutable -> QByteArrayView {
+        if (!isFirst) {
+            throw std::runtime_error("the source has failed");
+        }
+        isFirst = false;
+        return {whole.data(), 100};
+    });
+    Bytes output(100'000);
+    EXPECT_THROW(stream.read(output), std::runtime_error);
 }
 
 TEST(InflateStream, AMissingEndIsNoticed) {

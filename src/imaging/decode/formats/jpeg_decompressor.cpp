@@ -7,6 +7,7 @@
 #include <array>
 #include <csetjmp>
 #include <cstdio>
+#include <exception>
 // The library's header needs FILE before it.
 #include <jpeglib.h>
 // This one needs the library's header.
@@ -20,16 +21,27 @@ namespace quarlin {
 struct JpegDecompressor::Library {
     jpeg_decompress_struct jpeg{};
     jpeg_error_mgr errors{};
+    jpeg_source_mgr input{};
+    BlockReader blocks;
+    /// What reading the input threw: exceptions can't pass through the library.
+    std::exception_ptr inputFailure;
     std::jmp_buf failure{};
     bool hasDamage = false;
     bool hasNoEnd = false;
 
-    Library() {
+    explicit Library(BlockReader input_) : blocks(std::move(input_)) {
         jpeg.err = jpeg_std_error(&errors);
         errors.emit_message = noteWarning;
         errors.error_exit = leave;
         jpeg.client_data = this;
+        input.init_source = [](j_decompress_ptr) {};
+        input.fill_input_buffer = readBlock;
+        input.skip_input_data = skip;
+        input.resync_to_restart = jpeg_resync_to_restart;
+        input.term_source = [](j_decompress_ptr) {};
     }
+
+    static Library& of(void* clientData) { return *static_cast<Library*>(clientData); }
 
     static void noteWarning(j_common_ptr common, int level) {
         if (level >= 0) {
@@ -51,8 +63,45 @@ struct JpegDecompressor::Library {
                 library->hasDamage = true;
         }
     }
-    [[noreturn]] static void leave(j_common_ptr common) {
-        std::longjmp(static_cast<Library*>(common->client_data)->failure, 1);
+    [[noreturn]] static void leave(j_common_ptr common) { std::longjmp(of(common->client_data).failure, 1); }
+
+    static boolean readBlock(j_decompress_ptr jpeg) {
+        if (!of(jpeg->client_data).fillInput()) {
+            leave(reinterpret_cast<j_common_ptr>(jpeg));
+        }
+        return TRUE;
+    }
+
+    static void skip(j_decompress_ptr jpeg, long count) {
+        jpeg_source_mgr& input = *jpeg->src;
+        while (count > static_cast<long>(input.bytes_in_buffer)) {
+            count -= static_cast<long>(input.bytes_in_buffer);
+            readBlock(jpeg);
+        }
+        if (count > 0) {
+            input.next_input_byte += count;
+            input.bytes_in_buffer -= static_cast<std::size_t>(count);
+        }
+    }
+
+    /// False if reading has failed.
+    bool fillInput() {
+        static constexpr std::array<JOCTET, 2> endMarker{0xff, JPEG_EOI};
+        try {
+            const QByteArrayView block = blocks.next();
+            input.next_input_byte = reinterpret_cast<const JOCTET*>(block.data());
+            input.bytes_in_buffer = static_cast<std::size_t>(block.size());
+        } catch (...) {
+            inputFailure = std::current_exception();
+            return false;
+        }
+        if (input.bytes_in_buffer == 0) {
+            // The file ends too soon: the library needs an end to stop at.
+            hasNoEnd = true;
+            input.next_input_byte = endMarker.data();
+            input.bytes_in_buffer = endMarker.size();
+        }
+        return true;
     }
 
     /// Calls functions of the library; false if one of them fails. A failure jumps out of `work`, so nothing
@@ -67,20 +116,22 @@ struct JpegDecompressor::Library {
     }
 };
 
-JpegDecompressor::JpegDecompressor(QByteArray bytes, JpegExtent extent)
-    : m_bytes(std::move(bytes)), m_extent(extent), m_library(std::make_unique<Library>()) {
+JpegDecompressor::JpegDecompressor(std::shared_ptr<ByteSource> source, std::vector<ByteRange> parts,
+                                   JpegExtent extent)
+    : m_extent(extent) {
+    const std::int64_t fileSize = source->size();
+    m_library = std::make_unique<Library>(BlockReader(std::move(source), std::move(parts)));
     jpeg_decompress_struct& jpeg = m_library->jpeg;
     const bool isOpen = m_library->succeeds([&] {
         constexpr int profileMarker = JPEG_APP0 + 2;
         constexpr unsigned wholeMarker = 0xffff;
         jpeg_create_decompress(&jpeg);
-        jpeg_mem_src(&jpeg, reinterpret_cast<const unsigned char*>(m_bytes.constData()),
-                     static_cast<unsigned long>(m_bytes.size()));
+        jpeg.src = &m_library->input;
         jpeg_save_markers(&jpeg, profileMarker, wholeMarker);
         jpeg_read_header(&jpeg, TRUE);
         jpeg_calc_output_dimensions(&jpeg);
     });
-    if (!isOpen || !isPlausibleSize(jpeg.image_width, jpeg.image_height, m_bytes.size())) {
+    if (!isOpen || !isPlausibleSize(jpeg.image_width, jpeg.image_height, fileSize)) {
         jpeg_destroy_decompress(&jpeg);
         fail();
     }
@@ -116,6 +167,9 @@ QByteArray JpegDecompressor::colorProfile() const {
 }
 
 void JpegDecompressor::fail() const {
+    if (m_library->inputFailure) {
+        std::rethrow_exception(m_library->inputFailure);
+    }
     const bool lacksMemory = m_library->errors.msg_code == JERR_OUT_OF_MEMORY;
     throw DecodeError(lacksMemory ? DecodeProblem::tooLarge : DecodeProblem::damaged);
 }
@@ -151,6 +205,9 @@ void JpegDecompressor::expectNoDamage() const {
 void JpegDecompressor::readEnd() {
     const bool isRead = m_library->succeeds([&] { jpeg_finish_decompress(&m_library->jpeg); });
     // The coefficients are gone, and have been checked.
+    if (m_library->inputFailure) {
+        fail();
+    }
     if (!isRead || m_library->hasDamage || (m_extent == JpegExtent::wholeFile && m_library->hasNoEnd)) {
         throw DecodeError(DecodeProblem::damaged);
     }

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "imaging/files/byte_source.h"
+
 #include <QByteArray>
 
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace quarlin {
 
@@ -18,12 +21,12 @@ enum class JpegExtent {
 };
 
 /// Decodes one JPEG file row by row. Throws `DecodeError` if it is damaged, which nearly any warning of the
-/// library means. Unusual parameters are no damage, and neither is a missing end marker if the picture is
-/// complete.
+/// library means, and what the source throws. Unusual parameters are no damage, and neither is a missing end
+/// marker if the picture is complete.
 class JpegDecompressor {
 public:
-    /// Reads the header.
-    JpegDecompressor(QByteArray bytes, JpegExtent extent);
+    /// Reads the header. The file consists of `parts` of the source.
+    JpegDecompressor(std::shared_ptr<ByteSource> source, std::vector<ByteRange> parts, JpegExtent extent);
     ~JpegDecompressor();
     JpegDecompressor(const JpegDecompressor&) = delete;
     JpegDecompressor& operator=(const JpegDecompressor&) = delete;
@@ -48,7 +51,6 @@ private:
     bool hasEveryCoefficient() const;
     void readEnd();
 
-    QByteArray m_bytes;
     JpegExtent m_extent;
     std::unique_ptr<Library> m_library;
     bool m_isStarted = false;

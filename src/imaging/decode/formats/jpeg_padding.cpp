@@ -1,7 +1,5 @@
 #include "imaging/decode/formats/jpeg_padding.h"
 
-#include <QtEndian>
-
 #include <algorithm>
 #include <cstdint>
 
@@ -14,74 +12,80 @@ constexpr std::uint8_t startOfImage = 0xd8;
 constexpr std::uint8_t endOfImage = 0xd9;
 constexpr std::uint8_t startOfScan = 0xda;
 
-std::uint8_t byteAt(const QByteArray& bytes, qsizetype position) {
-    return static_cast<std::uint8_t>(bytes[position]);
-}
-
 /// Whether a marker of a segment starts at `position`: neither a stuffed byte of a scan nor a restart in it.
-bool isMarker(const QByteArray& bytes, qsizetype position) {
+bool isMarker(ByteFinder& bytes, std::int64_t position) {
     constexpr std::uint8_t firstRestart = 0xd0;
-    if (position + 1 >= bytes.size() || byteAt(bytes, position) != markerPrefix) {
+    if (position + 1 >= bytes.size() || bytes.at(position) != markerPrefix) {
         return false;
     }
-    const std::uint8_t code = byteAt(bytes, position + 1);
+    const std::uint8_t code = bytes.at(position + 1);
     return code >= startOfImage ? code != markerPrefix : code > 0 && code < firstRestart;
 }
 
 /// The first marker at or after `position`; the end of the bytes if there is none.
-qsizetype nextMarker(const QByteArray& bytes, qsizetype position) {
-    constexpr auto prefix = static_cast<char>(markerPrefix);
-    position = bytes.indexOf(prefix, position);
+std::int64_t nextMarker(ByteFinder& bytes, std::int64_t position) {
+    position = bytes.find(markerPrefix, position);
     while (position >= 0 && !isMarker(bytes, position)) {
-        position = bytes.indexOf(prefix, position + 1);
+        position = bytes.find(markerPrefix, position + 1);
     }
     return position >= 0 ? position : bytes.size();
 }
 
 /// `scan` without the zeros at its end. A zero after 0xff is part of a code.
-QByteArrayView withoutZeros(QByteArrayView scan) {
-    qsizetype length = scan.size();
-    while (length > 0 && scan[length - 1] == '\0') {
+ByteRange withoutZeros(ByteFinder& bytes, ByteRange scan) {
+    std::int64_t length = scan.count;
+    while (length > 0 && bytes.at(scan.offset + length - 1) == 0) {
         --length;
     }
-    const bool endsInPrefix = length > 0 && scan[length - 1] == static_cast<char>(markerPrefix);
-    return scan.first(endsInPrefix ? std::min(scan.size(), length + 1) : length);
+    const bool endsInPrefix = length > 0 && bytes.at(scan.offset + length - 1) == markerPrefix;
+    return {scan.offset, endsInPrefix ? std::min(scan.count, length + 1) : length};
+}
+
+/// Adds a range after the others. Ranges that meet become one, so that equal bytes are equal ranges.
+void append(std::vector<ByteRange>& ranges, ByteRange range) {
+    if (!ranges.empty() && ranges.back().offset + ranges.back().count == range.offset) {
+        ranges.back().count += range.count;
+    } else if (range.count > 0) {
+        ranges.push_back(range);
+    }
 }
 
 }  // namespace
 
-JpegParts jpegParts(const QByteArray& bytes) {
-    constexpr qsizetype markerSize = 2;
-    constexpr qsizetype lengthSize = 2;
-    if (!isMarker(bytes, 0) || byteAt(bytes, 1) != startOfImage) {
-        return {bytes, bytes};
+JpegParts jpegParts(ByteSource& source) {
+    constexpr std::int64_t markerSize = 2;
+    constexpr std::int64_t lengthSize = 2;
+    ByteFinder bytes(source);
+    const std::int64_t size = bytes.size();
+    if (!isMarker(bytes, 0) || bytes.at(1) != startOfImage) {
+        return {{{0, size}}, {{0, size}}};
     }
-    const QByteArrayView all(bytes);
-    JpegParts parts{bytes.first(markerSize), bytes.first(markerSize)};
-    const auto add = [&](QByteArrayView segment) {
-        parts.clean += segment;
-        parts.withoutZeros += segment;
+    JpegParts parts;
+    const auto add = [&](ByteRange segment) {
+        append(parts.clean, segment);
+        append(parts.withoutZeros, segment);
     };
-    qsizetype position = markerSize;
-    while (position < bytes.size()) {
-        const qsizetype marker = nextMarker(bytes, position);
-        if (marker + markerSize + lengthSize > bytes.size() || byteAt(bytes, marker + 1) == endOfImage) {
-            add(all.sliced(marker));
+    add({0, markerSize});
+    std::int64_t position = markerSize;
+    while (position < size) {
+        const std::int64_t marker = nextMarker(bytes, position);
+        if (marker + markerSize + lengthSize > size || bytes.at(marker + 1) == endOfImage) {
+            add({marker, size - marker});
             break;
         }
-        const qsizetype end =
-            marker + markerSize + qFromBigEndian<std::uint16_t>(bytes.constData() + marker + markerSize);
-        if (end > bytes.size()) {
-            add(all.sliced(marker));
+        const int length = bytes.at(marker + markerSize) << 8 | bytes.at(marker + markerSize + 1);
+        const std::int64_t end = marker + markerSize + length;
+        if (end > size) {
+            add({marker, size - marker});
             break;
         }
-        add(all.sliced(marker, end - marker));
+        add({marker, end - marker});
         position = end;
-        if (byteAt(bytes, marker + 1) == startOfScan) {
+        if (bytes.at(marker + 1) == startOfScan) {
             position = nextMarker(bytes, end);
-            const QByteArrayView scan = all.sliced(end, position - end);
-            parts.clean += scan;
-            parts.withoutZeros += withoutZeros(scan);
+            const ByteRange scan{end, position - end};
+            append(parts.clean, scan);
+            append(parts.withoutZeros, withoutZeros(bytes, scan));
         }
     }
     return parts;

@@ -9,6 +9,7 @@
 #include "imaging/decode/vips_library.h"
 
 #include <utility>
+#include <vector>
 
 namespace quarlin {
 
@@ -43,8 +44,9 @@ private:
     RowConversion m_conversion;
 };
 
-OpenedImage openCleaned(const QByteArray& bytes, JpegExtent extent, ColorHandling handling) {
-    auto jpeg = std::make_unique<JpegDecompressor>(bytes, extent);
+OpenedImage openCleaned(const std::shared_ptr<ByteSource>& source, const std::vector<ByteRange>& parts,
+                        JpegExtent extent, ColorHandling handling) {
+    auto jpeg = std::make_unique<JpegDecompressor>(source, parts, extent);
     FileColors colors{jpeg->colorProfile(), {}, handling};
     if (jpeg->isCmyk()) {
         colors.otherwise = defaultCmykProfile;
@@ -61,17 +63,17 @@ OpenedImage openCleaned(const QByteArray& bytes, JpegExtent extent, ColorHandlin
 
 bool isJpeg(const QByteArray& bytes) { return bytes.startsWith("\xff\xd8\xff"); }
 
-OpenedImage openJpeg(const QByteArray& bytes, ColorHandling handling) {
-    const JpegParts parts = jpegParts(bytes);
+OpenedImage openJpeg(const std::shared_ptr<ByteSource>& source, ColorHandling handling) {
+    JpegParts parts = jpegParts(*source);
     if (parts.withoutZeros == parts.clean) {
-        return openCleaned(parts.clean, JpegExtent::rows, handling);
+        return openCleaned(source, parts.clean, JpegExtent::rows, handling);
     }
     // If the picture needs all of the zeros, the file is without flaw with them; otherwise it must be so
     // without them, and the rows are the same.
-    OpenedImage image = openCleaned(parts.clean, JpegExtent::wholeFile, handling);
-    image.rows =
-        std::make_unique<AlternativeRows>(std::move(image.rows), [bytes = parts.withoutZeros, handling] {
-            return openCleaned(bytes, JpegExtent::wholeScans, handling).rows;
+    OpenedImage image = openCleaned(source, parts.clean, JpegExtent::wholeFile, handling);
+    image.rows = std::make_unique<AlternativeRows>(
+        std::move(image.rows), [source, handling, withoutZeros = std::move(parts.withoutZeros)] {
+            return openCleaned(source, withoutZeros, JpegExtent::wholeScans, handling).rows;
         });
     return image;
 }

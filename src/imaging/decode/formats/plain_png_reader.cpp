@@ -3,14 +3,14 @@
 #include "imaging/base/pixel_size.h"
 #include "imaging/decode/convert_pixels.h"
 #include "imaging/decode/decode_error.h"
+#include "imaging/decode/formats/png_chunk_reader.h"
+#include "imaging/decode/formats/png_reader.h"
 #include "imaging/decode/two_step_reader.h"
 #include "imaging/deflate/inflate_stream.h"
 #include "imaging/png/png_signature.h"
 #include "imaging/png/unfilter.h"
 
 #include <QtEndian>
-
-#include <isa-l/crc.h>
 
 #include <algorithm>
 #include <array>
@@ -22,41 +22,23 @@ namespace quarlin {
 
 namespace {
 
-/// One chunk of the file, whose checksum is right.
-struct Chunk {
-    std::string_view type;
-    QByteArrayView data;
-};
-
-/// Takes the next chunk off `rest`, which starts after the signature; nothing if no whole, intact one
-/// follows.
-std::optional<Chunk> takeChunk(QByteArrayView& rest) {
-    constexpr qsizetype overhead = 12;
-    if (rest.size() < overhead) {
-        return std::nullopt;
-    }
-    const auto length = static_cast<qsizetype>(qFromBigEndian<quint32>(rest.data()));
-    if (length > rest.size() - overhead) {
-        return std::nullopt;
-    }
-    const QByteArrayView checked = rest.sliced(4, length + 4);
-    const quint32 checksum = crc32_gzip_refl(0, reinterpret_cast<const unsigned char*>(checked.data()),
-                                             static_cast<std::uint64_t>(checked.size()));
-    if (checksum != qFromBigEndian<quint32>(rest.data() + length + 8)) {
-        return std::nullopt;
-    }
-    rest = rest.sliced(length + overhead);
-    return Chunk{{checked.data(), 4}, checked.sliced(4)};
-}
-
 /// Whether a chunk has no effect on the pixels. Any other, known or not, is left to the general decoder.
-bool isWithoutEffect(const Chunk& chunk) {
+/// Reads the data of the chunk.
+bool isWithoutEffect(PngChunkReader& chunks) {
     constexpr std::array<std::string_view, 9> types{"sRGB", "cHRM", "pHYs", "tEXt", "zTXt",
                                                     "iTXt", "tIME", "bKGD", "eXIf"};
-    constexpr quint32 gammaOfSRGB = 45455;
-    return std::find(types.begin(), types.end(), chunk.type) != types.end() ||
-           (chunk.type == "gAMA" && chunk.data.size() == 4 &&
-            qFromBigEndian<quint32>(chunk.data.data()) == gammaOfSRGB);
+    constexpr std::uint32_t gammaOfSRGB = 45455;
+    if (chunks.type() == "gAMA") {
+        const QByteArray data = chunks.data(4);
+        return data.size() == 4 && qFromBigEndian<std::uint32_t>(data.constData()) == gammaOfSRGB;
+    }
+    const bool isKnown = std::any_of(types.begin(), types.end(), [&](std::string_view type) {
+        return chunks.type() == QByteArrayView(type);
+    });
+    if (isKnown) {
+        chunks.skipData();
+    }
+    return isKnown;
 }
 
 struct Header {
@@ -65,17 +47,24 @@ struct Header {
     int channels = 0;
 
     std::size_t rowSize() const { return static_cast<std::size_t>(width * channels); }
-    /// The size of the inflated pixels: rows, each after the number of its filter.
-    std::size_t filteredSize() const { return (rowSize() + 1) * static_cast<std::size_t>(height); }
+    /// Whether a file of so many bytes can hold the pixels: deflate compresses by no more than this ratio.
+    /// The pixels are rows, each after the number of its filter.
+    bool fitsFile(std::int64_t fileSize) const {
+        constexpr std::int64_t largestRatio = 1032;
+        return (static_cast<std::int64_t>(rowSize()) + 1) * height / largestRatio <= fileSize;
+    }
 };
 
-std::optional<Header> readHeader(const Chunk& chunk) {
-    if (chunk.type != "IHDR" || chunk.data.size() != 13) {
+/// The header in the first chunk, if it is that of a plain PNG file.
+std::optional<Header> readHeader(PngChunkReader& chunks) {
+    constexpr std::int64_t headerSize = 13;
+    if (!chunks.advance() || chunks.type() != "IHDR" || chunks.dataLeft() != headerSize) {
         return std::nullopt;
     }
-    const auto byteAt = [&](qsizetype index) { return static_cast<std::uint8_t>(chunk.data[index]); };
-    Header header{qFromBigEndian<quint32>(chunk.data.data()), qFromBigEndian<quint32>(chunk.data.data() + 4),
-                  0};
+    const QByteArray data = chunks.data(headerSize);
+    const auto byteAt = [&](qsizetype index) { return static_cast<std::uint8_t>(data[index]); };
+    Header header{qFromBigEndian<std::uint32_t>(data.constData()),
+                  qFromBigEndian<std::uint32_t>(data.constData() + 4), 0};
     constexpr std::uint8_t bitDepth = 8;
     constexpr std::array<int, 7> channelsOfColorType{1, 0, 3, 0, 2, 0, 4};
     const std::uint8_t colorType = byteAt(9);
@@ -88,63 +77,62 @@ std::optional<Header> readHeader(const Chunk& chunk) {
     return header.channels > 0 ? std::optional(header) : std::nullopt;
 }
 
-struct PlainPng {
-    Header header;
-    /// The zlib stream, in the pieces that the chunks hold.
-    InflateStream::Pieces stream;
-
-    bool mayHoldItsPixels() const {
-        // Deflate compresses by no more than this: a header that claims more is wrong.
-        constexpr std::size_t largestRatio = 1032;
-        std::size_t streamSize = 0;
-        for (const QByteArrayView piece : stream) {
-            streamSize += static_cast<std::size_t>(piece.size());
+/// Goes to the first chunk of pixels. False if there is none, or if the pixels depend on a chunk before it.
+bool findPixels(PngChunkReader& chunks) {
+    while (chunks.advance()) {
+        if (chunks.type() == "IDAT") {
+            return true;
         }
-        return header.filteredSize() / largestRatio <= streamSize;
-    }
-};
-
-std::optional<PlainPng> readPlainPng(QByteArrayView bytes) {
-    if (!bytes.startsWith(QByteArrayView(pngSignature))) {
-        return std::nullopt;
-    }
-    QByteArrayView rest = bytes.sliced(pngSignature.size());
-    const std::optional<Chunk> first = takeChunk(rest);
-    const std::optional<Header> header = first ? readHeader(*first) : std::nullopt;
-    if (!header) {
-        return std::nullopt;
-    }
-    PlainPng png{*header, {}};
-    bool pixelsHaveEnded = false;
-    while (const std::optional<Chunk> chunk = takeChunk(rest)) {
-        if (chunk->type == "IEND") {
-            return png;
-        }
-        if (chunk->type == "IDAT") {
-            if (pixelsHaveEnded) {
-                return std::nullopt;
-            }
-            png.stream.push_back(chunk->data);
-        } else {
-            pixelsHaveEnded = !png.stream.empty();
-            if (!isWithoutEffect(*chunk)) {
-                return std::nullopt;
-            }
+        if (!isWithoutEffect(chunks)) {
+            return false;
         }
     }
-    return std::nullopt;
+    return false;
 }
+
+/// The zlib stream of the pixels, which is cut into consecutive chunks. Throws `DecodeError` for a wrong
+/// checksum.
+class PixelStream {
+public:
+    /// `chunks` is at the first chunk of pixels.
+    explicit PixelStream(PngChunkReader chunks) : m_chunks(std::move(chunks)) {}
+
+    /// The next piece of the stream; empty at its end.
+    QByteArrayView next() {
+        while (!m_hasEnded) {
+            if (const QByteArrayView block = m_chunks.nextBlock(); !block.isEmpty()) {
+                return block;
+            }
+            m_isFileCut = !m_chunks.advance();
+            m_hasEnded = m_isFileCut || m_chunks.type() != "IDAT";
+        }
+        return {};
+    }
+
+    /// Once the stream has ended: whether only chunks without effect follow, up to the end of the file.
+    bool isFileComplete() {
+        while (!m_isFileCut && m_chunks.type() != "IEND") {
+            m_isFileCut = !isWithoutEffect(m_chunks) || !m_chunks.advance();
+        }
+        return !m_isFileCut;
+    }
+
+private:
+    PngChunkReader m_chunks;
+    bool m_hasEnded = false;
+    bool m_isFileCut = false;
+};
 
 /// Inflates filtered rows, each after the number of its filter, and then turns them into pixels.
 template <int channels>
 class PlainPngReader final : public TwoStepReader {
 public:
-    PlainPngReader(QByteArray bytes, const PlainPng& png)
-        : TwoStepReader(png.header.width, png.header.height,
-                        static_cast<std::int64_t>(png.header.rowSize()) + 1),
-          m_bytes(std::move(bytes)),
-          m_stream(png.stream),
-          m_rowSize(png.header.rowSize()),
+    /// `chunks` is at the first chunk of pixels.
+    PlainPngReader(const Header& header, PngChunkReader chunks)
+        : TwoStepReader(header.width, header.height, static_cast<std::int64_t>(header.rowSize()) + 1),
+          m_pixels(std::move(chunks)),
+          m_stream([this] { return m_pixels.next(); }),
+          m_rowSize(header.rowSize()),
           m_above(m_rowSize + unfilterSpare, 0) {}
 
 private:
@@ -153,7 +141,7 @@ private:
     void decodeRows(std::int64_t count, std::uint8_t* samples) override {
         m_inflatedRows += count;
         if (!m_stream.read({samples, static_cast<std::size_t>(count * samplesPerRow())}) ||
-            (m_inflatedRows == height() && !m_stream.hasEnded())) {
+            (m_inflatedRows == height() && !(m_stream.hasEnded() && m_pixels.isFileComplete()))) {
             throw DecodeError(DecodeProblem::damaged);
         }
     }
@@ -172,8 +160,7 @@ private:
         std::copy_n(above, m_rowSize, m_above.begin());
     }
 
-    /// The stream views these.
-    QByteArray m_bytes;
+    PixelStream m_pixels;
     InflateStream m_stream;
     std::int64_t m_inflatedRows = 0;
     std::size_t m_rowSize;
@@ -183,20 +170,28 @@ private:
 
 }  // namespace
 
-std::unique_ptr<RowReader> openPlainPng(const QByteArray& bytes) {
-    const std::optional<PlainPng> png = readPlainPng(bytes);
-    if (!png || !png->mayHoldItsPixels()) {
+std::unique_ptr<RowReader> openPlainPng(const std::shared_ptr<ByteSource>& source) {
+    if (!isPng(source->part(0, static_cast<std::int64_t>(pngSignature.size())))) {
         return nullptr;
     }
-    switch (png->header.channels) {
-        case 1:
-            return std::make_unique<PlainPngReader<1>>(bytes, *png);
-        case 2:
-            return std::make_unique<PlainPngReader<2>>(bytes, *png);
-        case 3:
-            return std::make_unique<PlainPngReader<3>>(bytes, *png);
-        default:
-            return std::make_unique<PlainPngReader<4>>(bytes, *png);
+    PngChunkReader chunks(source);
+    try {
+        const std::optional<Header> header = readHeader(chunks);
+        if (!header || !header->fitsFile(source->size()) || !findPixels(chunks)) {
+            return nullptr;
+        }
+        switch (header->channels) {
+            case 1:
+                return std::make_unique<PlainPngReader<1>>(*header, std::move(chunks));
+            case 2:
+                return std::make_unique<PlainPngReader<2>>(*header, std::move(chunks));
+            case 3:
+                return std::make_unique<PlainPngReader<3>>(*header, std::move(chunks));
+            default:
+                return std::make_unique<PlainPngReader<4>>(*header, std::move(chunks));
+        }
+    } catch (const DecodeError&) {
+        return nullptr;
     }
 }
 

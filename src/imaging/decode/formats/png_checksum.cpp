@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <utility>
 
 namespace quarlin {
 
@@ -18,20 +17,21 @@ namespace {
 constexpr qsizetype chunkOverhead = 12;
 constexpr qsizetype headerSize = 13;
 
-/// The pieces of the pixels' stream, whatever else is wrong with the file.
-InflateStream::Pieces pixelPieces(QByteArrayView rest) {
-    InflateStream::Pieces pieces;
+/// Takes the data of the next chunk of pixels that has any off the front of `rest`, whatever else is wrong
+/// with the file; empty if there is none.
+QByteArrayView takePixels(QByteArrayView& rest) {
     while (rest.size() >= chunkOverhead) {
         const auto length = static_cast<qsizetype>(qFromBigEndian<std::uint32_t>(rest.data()));
         if (length > rest.size() - chunkOverhead) {
             break;
         }
-        if (rest.sliced(4, 4) == "IDAT") {
-            pieces.push_back(rest.sliced(8, length));
-        }
+        const QByteArrayView chunk = rest;
         rest = rest.sliced(length + chunkOverhead);
+        if (chunk.sliced(4, 4) == "IDAT" && length > 0) {
+            return chunk.sliced(8, length);
+        }
     }
-    return pieces;
+    return {};
 }
 
 /// No file of this size has more bytes of filtered rows: 16 bits of four channels, and the filters of all
@@ -54,7 +54,8 @@ bool hasWrongPixelChecksum(const QByteArray& png) {
     if (!isUsableSize(width, height)) {
         return false;
     }
-    InflateStream stream(pixelPieces(QByteArrayView(png).sliced(pngSignature.size())));
+    QByteArrayView rest = QByteArrayView(png).sliced(pngSignature.size());
+    InflateStream stream([&rest] { return takePixels(rest); });
     std::int64_t left = mostFilteredBytes(width, height);
     PixelBuffer part(std::size_t{1} << 16);
     while (left > 0 && stream.read(part)) {

@@ -45,12 +45,12 @@ std::optional<double> onlyGamma(const QByteArray& png) {
 
 bool isPng(const QByteArray& bytes) { return bytes.startsWith(QByteArrayView(pngSignature)); }
 
-OpenedImage openPng(const QByteArray& bytes, ColorHandling handling) {
-    if (auto plain = openPlainPng(bytes)) {
-        return {
-            std::make_unique<AlternativeRows>(std::move(plain), [bytes] { return openAnyPng(bytes).rows; })};
+OpenedImage openPng(const std::shared_ptr<ByteSource>& source, ColorHandling handling) {
+    if (auto plain = openPlainPng(source)) {
+        return {std::make_unique<AlternativeRows>(std::move(plain),
+                                                  [source] { return openAnyPng(source->all()).rows; })};
     }
-    return openAnyPng(bytes, handling);
+    return openAnyPng(source->all(), handling);
 }
 
 OpenedImage openAnyPng(const QByteArray& bytes, ColorHandling handling) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "imaging/decode/opened_image.h"
+#include "imaging/files/byte_source.h"
 
 #include <QByteArray>
 
@@ -12,7 +13,7 @@ namespace quarlin {
 bool isPng(const QByteArray& bytes);
 
 /// Opens a PNG file of any kind; throws `DecodeError`.
-OpenedImage openPng(const QByteArray& bytes, ColorHandling handling);
+OpenedImage openPng(const std::shared_ptr<ByteSource>& source, ColorHandling handling);
 
 /// Opens a PNG file by the general decoder, which knows every kind of PNG file and forgives some flaws that
 /// harm no pixel.

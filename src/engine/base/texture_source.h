@@ -1,0 +1,53 @@
+#pragma once
+
+#include "imaging/base/outcome.h"
+#include "imaging/base/pixel_size.h"
+#include "imaging/decode/opened_image.h"
+#include "imaging/files/input_file.h"
+#include "imaging/pixels/row_reader.h"
+#include "model/texture_asset.h"
+
+#include <QImage>
+
+#include <memory>
+
+namespace quarlin {
+
+/// What a texture is read from: the pixels that were loaded, as long as the file still has the stamp that it
+/// had then, else the file. The file stays open, so that it can be read again even when an export has given
+/// its name to another file.
+class TextureSource {
+public:
+    /// Opens the file if it is needed. A failure is thrown when the texture is read, so that the caller
+    /// decides which one comes first.
+    explicit TextureSource(const TextureAsset& asset);
+
+    /// The pixels in memory; a null image if the file is read.
+    const QImage& image() const { return m_image; }
+
+    /// The rows of the texture at `size`, from the first on. Throws `cannotReadImage` and
+    /// `cannotCreateBitmap`; the rows throw `cannotReadImage`.
+    std::unique_ptr<RowReader> open(PixelSize size) const;
+
+    /// Reads the file to its end, if it is read at all. Throws `cannotReadImage`.
+    void expectReadable() const;
+
+private:
+    QImage m_image;
+    ColorHandling m_handling;
+    /// A null pointer if the file is not needed.
+    Outcome<std::shared_ptr<InputFile>> m_file;
+};
+
+/// The rows of an image file at its own size. It and the rows throw `cannotReadImage`.
+OpenedImage openFileRows(const std::shared_ptr<InputFile>& file,
+                         ColorHandling handling = ColorHandling::convert);
+
+/// Opens a file for `openFileRows`. Throws `cannotReadImage`.
+std::shared_ptr<InputFile> openInputFile(const QUrl& url);
+
+/// Rows at another size; the same reader if they have it already. Throws `cannotCreateBitmap` for a size that
+/// no image can have.
+std::unique_ptr<RowReader> scaledRows(std::unique_ptr<RowReader> rows, PixelSize size);
+
+}  // namespace quarlin

@@ -1,0 +1,23 @@
+#include "engine/material/material_sources.h"
+
+namespace quarlin {
+
+MaterialSources::MaterialSources(const TextureMap& textures) {
+    for (const auto& [slot, texture] : textures) {
+        m_sources.emplace(slot, texture);
+        m_areUnloaded = m_areUnloaded || !texture.isLoaded();
+    }
+}
+
+std::unique_ptr<RowReader> MaterialSources::open(TextureSlotKind slot, PixelSize size) const {
+    const auto source = m_sources.find(slot);
+    return source != m_sources.end() ? source->second.open(size) : nullptr;
+}
+
+void MaterialSources::expectReadable() const {
+    for (const auto& [slot, source] : m_sources) {
+        source.expectReadable();
+    }
+}
+
+}  // namespace quarlin
