@@ -1,9 +1,11 @@
 #include "cli/base/standard_streams.h"
 #include "cli/batch/interruption.h"
 #include "cli/program.h"
+#include "engine/base/texture_processor_error.h"
 #include "imaging/decode/start_imaging.h"
 
 #include <exception>
+#include <new>
 
 using namespace Qt::StringLiterals;
 
@@ -21,8 +23,10 @@ int main(int argumentCount, char* rawArguments[]) {
         const ExitStatus status = runProgram(arguments);
         endIfInterrupted();
         return number(status);
+    } catch (const std::bad_alloc&) {
+        writeToStandardError(u"Export failed: "_s + outOfMemoryDescription() + u'\n');
+        return number(ExitStatus::failed);
     } catch (const std::exception& error) {
-        // Unexpected; most likely memory ran out.
         writeToStandardError(u"quarlin-cli: "_s + QString::fromLocal8Bit(error.what()) + u'\n');
         return number(ExitStatus::failed);
     }

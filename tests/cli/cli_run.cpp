@@ -36,4 +36,11 @@ Outcome runCliThroughShell(const QString& command, const QStringList& arguments)
     return run(u"sh"_s, QStringList{u"-c"_s, command, u"sh"_s, cliPath()} + arguments);
 }
 
+std::string firstLine(const std::string& text) { return text.substr(0, text.find('\n')); }
+
+std::string secondLine(const std::string& text) {
+    const std::size_t begin = text.find_first_not_of(' ', text.find('\n') + 1);
+    return begin == std::string::npos ? std::string() : text.substr(begin, text.find('\n', begin) - begin);
+}
+
 }  // namespace quarlin::tests

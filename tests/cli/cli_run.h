@@ -22,6 +22,10 @@ Outcome run(const QString& program, const QStringList& arguments, const QString&
 /// The program under test.
 QString cliPath();
 
+/// The text up to its first line feed, and that of the second line without its indentation.
+std::string firstLine(const std::string& text);
+std::string secondLine(const std::string& text);
+
 /// Runs the program under test.
 Outcome runCli(const QStringList& arguments, const QString& workingDirectory = {});
 

@@ -16,6 +16,7 @@ complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l name -x -d 
 complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l size -x -a 'base 512 1024 2048 4096' -d 'width and height of the maps in pixels: base, 512, 1024, 2048 or 4096; base keeps the size of the first texture (default 2048)'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l gloss -d 'the roughness file is a gloss map: invert it'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l flip-normal-green -d 'the normal map was made for DirectX: invert its green'
+complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l raw-data -d 'take the samples of all maps but the base color as they are, without color profile or gamma'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l default-occlusion -x -d 'occlusion without a file, 0 to 1 (default 1)'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l default-roughness -x -d 'roughness without a file, 0 to 1 (default 0.65)'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l default-metallic -x -d 'metallic without a file, 0 to 1 (default 0)'

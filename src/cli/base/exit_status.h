@@ -13,6 +13,10 @@ enum class ExitStatus : int {
     someSetsFailed = 3,
     /// The check found warnings, but no errors.
     onlyWarnings = 3,
+    /// The work was done, but the report on it could not be printed.
+    notReported = 4,
+    /// Interrupted by Ctrl-C; a shell reports this number for a program that is ended by that signal.
+    interrupted = 130,
 };
 
 /// The number that the shell gets.

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 ExitStatus print(const QString& text) {
     if (!writeToStandardOutput(text)) {
         writeToStandardError(programName() + u": Could not write to the standard output\n"_s);
-        return ExitStatus::failed;
+        return ExitStatus::notReported;
     }
     return ExitStatus::done;
 }

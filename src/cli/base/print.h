@@ -7,7 +7,7 @@
 namespace quarlin {
 
 /// Writes the result of a command to the standard output. Reports on the standard error if that fails, and
-/// returns `ExitStatus::failed`.
+/// returns `ExitStatus::notReported`.
 ExitStatus print(const QString& text);
 
 }  // namespace quarlin

@@ -41,9 +41,14 @@ SetOutcome outcomeOf(const SetJob& job) {
     try {
         return exportOf(job);
     } catch (const CommandFailure& failure) {
-        return SetOutcome::failed(failure.message());
+        return SetOutcome::failed(failure);
     } catch (const std::bad_alloc&) {
-        return SetOutcome::failed(u"Export failed: "_s + outOfMemoryDescription());
+        return SetOutcome::failed(u"Export failed: "_s + outOfMemoryDescription(),
+                                  {u"outOfMemory"_s, {}, {}});
+    } catch (const std::exception& error) {
+        // Such as a thread that the system refuses to start. The other sets have nothing to do with it.
+        return SetOutcome::failed(u"Export failed: "_s + QString::fromLocal8Bit(error.what()),
+                                  {u"systemError"_s, {}, {}});
     }
 }
 
@@ -56,7 +61,9 @@ SetOutcome dryRunOf(const SetJob& job) {
         const QUrl file = QUrl::fromLocalFile(input.path);
         if (!fileStamp(file)) {
             const auto error = TextureProcessorError::cannotReadImage(file);
-            return SetOutcome::failed(CommandFailure(u"Load"_s, error).message());
+            return SetOutcome::failed(
+                CommandFailure(u"Load"_s, error.errorDescription(),
+                               {u"notFound"_s, input.path, u"not found, or not a regular file"_s}));
         }
     }
     if (job.skipsIfUpToDate && isUpToDate(job)) {

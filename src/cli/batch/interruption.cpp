@@ -4,6 +4,11 @@
 
 #include <atomic>
 #include <csignal>
+#include <string_view>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
 
 namespace quarlin {
 
@@ -13,7 +18,15 @@ namespace {
 std::atomic<int> interruptingSignal = 0;
 static_assert(std::atomic<int>::is_always_lock_free);
 
-void remember(int signal) { interruptingSignal = signal; }
+void remember(int signal) {
+    interruptingSignal = signal;
+#ifdef Q_OS_UNIX
+    // Only functions of the system may be called in a signal handler.
+    constexpr std::string_view text =
+        "\nInterrupted: the sets in progress are being finished. Interrupt again to end at once.\n";
+    [[maybe_unused]] const auto written = write(STDERR_FILENO, text.data(), text.size());
+#endif
+}
 
 }  // namespace
 

@@ -24,6 +24,23 @@ struct SetInput {
     QString channel = {};
 };
 
+/// What the user should know about an exported set.
+struct SetNote {
+    /// For scripts.
+    QString code;
+    /// A clause.
+    QString text;
+    /// The identifier of the input that it is about; empty if it is about the set.
+    QString input = {};
+    /// The color profile that the input was converted from; empty for another note.
+    QString profile = {};
+};
+
+struct ExportedSet {
+    ExportResult result;
+    std::vector<SetNote> notes = {};
+};
+
 /// One set to export.
 struct SetJob {
     /// The safe name, which is also that of the folder.
@@ -41,7 +58,7 @@ struct SetJob {
     /// Why the set can't be exported, as far as that is known beforehand; empty if it can.
     QString refusal;
     /// Loads the inputs and exports the set. Throws `CommandFailure`.
-    std::function<ExportResult()> work;
+    std::function<ExportedSet()> work;
 };
 
 /// The sets of one run, in the order in which they are reported.

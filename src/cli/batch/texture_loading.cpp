@@ -17,11 +17,16 @@ TextureAsset openTexture(const TextureProcessor& processor, const MaterialInput&
     });
 }
 
-TextureMap openTextures(const TextureProcessor& processor, const MaterialInputPaths& inputs) {
+TextureMap openTextures(const TextureProcessor& processor, const MaterialInputPaths& inputs, bool keepsData) {
     TextureMap textures;
     for (const auto& [slot, input] : inputs) {
         try {
-            textures.emplace(slot, openTexture(processor, input));
+            // The samples of a channel always stay as they are.
+            const bool isData = keepsData && slot != TextureSlotKind::baseColor && !input.channel;
+            const QUrl file = localFile(input.path);
+            textures.emplace(slot, isData
+                                       ? failingAs(u"Load"_s, [&] { return processor.openDataAsset(file); })
+                                       : openTexture(processor, input));
         } catch (const CommandFailure&) {
             // A texture before this one may be damaged further down.
             failingAs(u"Load"_s, [&] {
@@ -33,6 +38,20 @@ TextureMap openTextures(const TextureProcessor& processor, const MaterialInputPa
         }
     }
     return textures;
+}
+
+std::vector<SetNote> conversionNotes(const TextureMap& textures) {
+    std::vector<SetNote> notes;
+    for (const auto& [slot, texture] : textures) {
+        if (slot != TextureSlotKind::baseColor && !texture.convertedFrom.isEmpty()) {
+            notes.push_back({u"converted"_s,
+                             u"the values of "_s + texture.fileName + u" ("_s + title(slot) +
+                                 u") were converted from \""_s + texture.convertedFrom +
+                                 u"\" to sRGB; --raw-data keeps them"_s,
+                             rawValue(slot), texture.convertedFrom});
+        }
+    }
+    return notes;
 }
 
 ExportResult exportOpened(const std::function<ExportResult()>& work) {

@@ -49,7 +49,8 @@ std::vector<ExitMeaning> CheckCommand::exitMeanings() const {
     return {{ExitStatus::done, u"nothing worse than a note was found"_s},
             {ExitStatus::failed, u"there are errors"_s},
             {ExitStatus::usageError, u"usage error; nothing was checked"_s},
-            {ExitStatus::onlyWarnings, u"there are warnings, but no errors"_s}};
+            {ExitStatus::onlyWarnings, u"there are warnings, but no errors"_s},
+            {ExitStatus::notReported, u"the report could not be printed"_s}};
 }
 
 std::vector<QUrl> CheckCommand::setsAt(const QUrl& location) const {
@@ -77,7 +78,7 @@ ExitStatus CheckCommand::run() const {
             }
             ++folders;
             if (print(m_reportsAsJSON ? folderLine(folder) : folderText(folder)) != ExitStatus::done) {
-                return ExitStatus::failed;
+                return ExitStatus::notReported;
             }
         }
     }

@@ -40,9 +40,10 @@ QStringList ExportCommand::remarks() const {
         "finished "
         "and no more are started; a second interruption ends the program at once."_s;
     remarks +=
-        u"With --json, a single set is reported as one object with \"folder\" and \"files\". Several "
-        "sets are reported as one object per line, whose \"type\" is \"leftOut\" for a picture that "
-        "no set uses, \"set\", and at the end \"summary\"."_s;
+        u"With --json, each line of the report is one object, whose \"type\" is \"leftOut\" for a file that "
+        "no set uses, \"set\", and at the end \"summary\". A set has \"status\", \"name\", \"folder\", "
+        "\"files\", \"inputs\", \"notes\" and \"error\", however it ended, and \"version\" is the number "
+        "of this contract."_s;
     remarks +=
         u"With --update, a set is skipped if all its files are there, newer than its textures, and were made "
         "from them with the same settings by the same version, also with --update. What a set was made from "
@@ -77,7 +78,9 @@ std::vector<ExitMeaning> ExportCommand::exitMeanings() const {
     return {{ExitStatus::done, u"every set was exported"_s},
             {ExitStatus::failed, u"no set was exported"_s},
             {ExitStatus::usageError, u"usage error; nothing was done"_s},
-            {ExitStatus::someSetsFailed, u"some sets were exported, others failed"_s}};
+            {ExitStatus::someSetsFailed, u"some sets were exported, others failed"_s},
+            {ExitStatus::notReported, u"sets were exported, but the report could not be printed"_s},
+            {ExitStatus::interrupted, u"interrupted by Ctrl-C; the sets in progress were finished"_s}};
 }
 
 ExitStatus ExportCommand::run() const {
@@ -89,9 +92,10 @@ ExitStatus ExportCommand::run() const {
         SetWatch([this] { return plan(); }, m_setsAtOnce, m_reportsAsJSON).run();
         return ExitStatus::done;
     }
-    if (const std::optional<SetJob> single = singleSet(); single && !m_isDryRun && !m_isUpdate) {
-        const ExportResult result = single->work();
-        return print(m_reportsAsJSON ? jsonReport(result) : textReport(result));
+    if (const std::optional<SetJob> single = singleSet();
+        single && !m_isDryRun && !m_isUpdate && !m_reportsAsJSON) {
+        const ExportedSet set = single->work();
+        return print(textReport(set.result) + noteLines(set.notes));
     }
     return exportPlan(plan());
 }

@@ -123,7 +123,8 @@ SetJob MapsCommand::jobFor(const QString& path, const QUrl& parent) const {
     job.work = [settings, path, parent] {
         const TextureProcessor processor{};
         const TextureAsset texture = openTexture(processor, {path, {}});
-        return exportOpened([&] { return processor.exportGeneratedNormalSet(texture, settings, parent); });
+        return ExportedSet{
+            exportOpened([&] { return processor.exportGeneratedNormalSet(texture, settings, parent); })};
     };
     return job;
 }

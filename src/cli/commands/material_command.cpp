@@ -87,6 +87,10 @@ CommandOptions MaterialCommand::ownOptions() {
                      m_settings.roughnessInputIsGloss, true),
         switchOption(u"flip-normal-green"_s, u"the normal map was made for DirectX: invert its green"_s,
                      m_settings.flipNormalGreen, true),
+        switchOption(u"raw-data"_s,
+                     u"take the samples of all maps but the base color as they are, without color profile "
+                     "or gamma"_s,
+                     m_keepsData, true),
         numberOption(u"default-occlusion"_s, u"occlusion without a file"_s, m_settings.defaultOcclusion,
                      fractionRange),
         numberOption(u"default-roughness"_s, u"roughness without a file"_s, m_settings.defaultRoughness,
@@ -176,10 +180,12 @@ SetJob MaterialCommand::jobFor(const TextureSet& set, const QUrl& parent) const 
     job.files = plannedFiles(settings, set.files.contains(TextureSlotKind::normal));
     job.refusal = refusalOf(set);
     job.settings = settingsRecord(settings);
-    job.work = [settings, files = set.files, parent] {
+    job.work = [settings, files = set.files, parent, keepsData = m_keepsData] {
         const TextureProcessor processor{};
-        const TextureMap textures = openTextures(processor, files);
-        return exportOpened([&] { return processor.exportMaterialSet(textures, settings, parent); });
+        const TextureMap textures = openTextures(processor, files, keepsData);
+        return ExportedSet{
+            exportOpened([&] { return processor.exportMaterialSet(textures, settings, parent); }),
+            conversionNotes(textures)};
     };
     return job;
 }

@@ -28,6 +28,7 @@ private:
     MaterialInputPaths m_inputs;
     /// Folders whose files are matched to slots; paths may be relative.
     QStringList m_folders;
+    bool m_keepsData = false;
     /// All settings but the material's name.
     ConversionSettings m_settings;
 };

@@ -1,5 +1,6 @@
 #include "cli/options/option_parser.h"
 
+#include "cli/options/nearest_name.h"
 #include "cli/options/usage_error.h"
 
 #include <QCommandLineOption>
@@ -24,7 +25,7 @@ QString withoutFullStop(QString sentence) {
 }
 
 void declare(QCommandLineParser& parser, const CommandOptions& options) {
-    parser.addOption(QCommandLineOption(helpName));
+    parser.addOption(QCommandLineOption(QStringList{u"h"_s, helpName}));
     for (const CommandOption& option : options) {
         if (!option.name.isEmpty()) {
             QCommandLineOption declared(option.name);
@@ -32,6 +33,16 @@ void declare(QCommandLineParser& parser, const CommandOptions& options) {
             parser.addOption(declared);
         }
     }
+}
+
+/// The option that the first unknown one may be meant for.
+QString suggestionFor(const QCommandLineParser& parser, const CommandOptions& options) {
+    const QStringList unknown = parser.unknownOptionNames();
+    QStringList names{helpName};
+    for (const CommandOption& option : options) {
+        names += option.name;
+    }
+    return unknown.isEmpty() ? QString() : suggestion(unknown.first(), names);
 }
 
 bool isGiven(const QCommandLineParser& parser, const QString& name) {
@@ -53,7 +64,8 @@ void apply(const QCommandLineParser& parser, const CommandOption& option) {
     const QStringList values = valuesOf(parser, option);
     const QString usage = option.name.isEmpty() ? option.valueName : u"--"_s + option.name;
     if (values.isEmpty() && option.required && !isGiven(parser, option.alternative)) {
-        throw UsageError(usage + u" is required"_s);
+        const QString other = option.alternative.isEmpty() ? QString() : u" or --"_s + option.alternative;
+        throw UsageError(usage + other + u" is required"_s);
     }
     if (values.size() > 1 && !option.repeatable) {
         throw UsageError(usage + u" is given more than once"_s);
@@ -75,7 +87,7 @@ Request parseOptions(const QStringList& arguments, const CommandOptions& options
     declare(parser, options);
     // The parser skips the first argument, the name of the program.
     if (!parser.parse(QStringList{QString()} + arguments)) {
-        throw UsageError(withoutFullStop(parser.errorText()));
+        throw UsageError(withoutFullStop(parser.errorText()) + suggestionFor(parser, options));
     }
     if (parser.isSet(helpName)) {
         return Request::help;

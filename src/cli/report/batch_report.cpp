@@ -36,13 +36,13 @@ ExitStatus BatchReport::end() {
     m_progress.reset();
     const ExitStatus printed =
         print(m_form.isJSON ? summaryLine(m_counts) : summaryText(m_counts, m_form.isDryRun));
-    if (printed != ExitStatus::done || !m_isWritten) {
-        return ExitStatus::failed;
-    }
     const int good =
         m_counts.of(SetStatus::exported) + m_counts.of(SetStatus::planned) + m_counts.of(SetStatus::upToDate);
     if (good == 0) {
         return ExitStatus::failed;
+    }
+    if (printed != ExitStatus::done || !m_isWritten) {
+        return ExitStatus::notReported;
     }
     return good == m_counts.all() ? ExitStatus::done : ExitStatus::someSetsFailed;
 }

@@ -24,8 +24,8 @@ public:
 
     void begin(const BatchPlan& plan);
     void addSet(const SetJob& job, const SetOutcome& outcome);
-    /// Prints the summary. Returns `done` if every set succeeded, `someSetsFailed` if some did, and `failed`
-    /// if none did or the report could not be written.
+    /// Prints the summary. Returns `done` if every set succeeded, `someSetsFailed` if some did, `failed` if
+    /// none did, and `notReported` if some did but the report could not be written.
     ExitStatus end();
 
 private:

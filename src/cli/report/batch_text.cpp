@@ -1,5 +1,6 @@
 #include "cli/report/batch_text.h"
 
+#include "cli/base/printable.h"
 #include "cli/report/counted.h"
 #include "cli/report/json_line.h"
 #include "cli/report/report.h"
@@ -14,6 +15,9 @@ namespace quarlin {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// The number of the contract in docs/report.md. It changes with every change that a script may stumble over.
+constexpr std::int64_t reportVersion = 1;
 
 QString statusName(SetStatus status) {
     switch (status) {
@@ -42,16 +46,34 @@ QStringList replacedFiles(const ExportResult& result) {
     return files;
 }
 
+/// What was decided beforehand, and what became known while the set was exported.
+std::vector<JsonLine> noteObjects(const SetJob& job, const SetOutcome& outcome) {
+    std::vector<SetNote> notes;
+    for (const QString& decision : job.decisions) {
+        notes.push_back({u"decided"_s, decision});
+    }
+    notes.insert(notes.end(), outcome.notes.begin(), outcome.notes.end());
+    std::vector<JsonLine> objects;
+    for (const SetNote& note : notes) {
+        objects.push_back(JsonLine()
+                              .add(u"code"_s, note.code)
+                              .add(u"text"_s, note.text)
+                              .add(u"input"_s, note.input)
+                              .add(u"profile"_s, note.profile));
+    }
+    return objects;
+}
+
 QString plannedText(const SetJob& job, const ExportResult& result) {
-    QString text = u"Would export: "_s + folderPath(result) + u'\n';
+    QString text = u"Would export: "_s + printable(folderPath(result)) + u'\n';
     for (const SetInput& input : job.inputs) {
         const auto channel = fromRawValue<TextureChannel>(input.channel);
-        text += u"Would read "_s + input.path + u" ("_s + input.title +
+        text += u"Would read "_s + printable(input.path) + u" ("_s + input.title +
                 (channel ? u", "_s + title(*channel) : QString()) + u")\n"_s;
     }
     const QStringList replaced = replacedFiles(result);
     for (const QString& file : result.files) {
-        text += (replaced.contains(file) ? u"Would replace "_s : u"Would write "_s) + file + u'\n';
+        text += (replaced.contains(file) ? u"Would replace "_s : u"Would write "_s) + printable(file) + u'\n';
     }
     return text;
 }
@@ -70,13 +92,15 @@ QString setText(const SetJob& job, const SetOutcome& outcome) {
         return {};
     }
     for (const QString& decision : job.decisions) {
-        text += u"Note: "_s + decision + u'\n';
+        text += u"Note: "_s + printable(decision) + u'\n';
     }
-    return text;
+    return text + noteLines(outcome.notes);
 }
 
 QString failureText(const SetJob& job, const SetOutcome& outcome) {
-    return outcome.status == SetStatus::failed ? job.name + u": "_s + outcome.failure + u'\n' : QString();
+    return outcome.status == SetStatus::failed
+               ? printable(job.name + u": "_s + outcome.failure) + u'\n' + reasonLine(outcome.details)
+               : QString();
 }
 
 QString setLine(const SetJob& job, const SetOutcome& outcome) {
@@ -90,33 +114,34 @@ QString setLine(const SetJob& job, const SetOutcome& outcome) {
     }
     JsonLine line;
     line.add(u"type"_s, u"set"_s)
-        .add(u"name"_s, job.name)
+        .add(u"version"_s, reportVersion)
         .add(u"status"_s, statusName(outcome.status))
-        .add(u"inputs"_s, inputs);
-    if (!channels.isEmpty()) {
-        line.add(u"channels"_s, channels);
-    }
-    if (!job.decisions.isEmpty()) {
-        line.add(u"decisions"_s, job.decisions);
-    }
+        .add(u"name"_s, job.name)
+        .add(u"folder"_s, job.folder.adjusted(QUrl::StripTrailingSlash).toLocalFile())
+        .add(u"files"_s, outcome.result.files)
+        .add(u"replaced"_s,
+             outcome.status == SetStatus::planned ? replacedFiles(outcome.result) : QStringList())
+        .add(u"inputs"_s, inputs)
+        .add(u"channels"_s, channels)
+        .add(u"notes"_s, noteObjects(job, outcome));
+    JsonLine error;
     if (outcome.status == SetStatus::failed) {
-        line.add(u"error"_s, outcome.failure);
-    } else if (outcome.status != SetStatus::notStarted) {
-        line.add(u"folder"_s, folderPath(outcome.result)).add(u"files"_s, outcome.result.files);
+        error.add(u"code"_s, outcome.details.code)
+            .add(u"message"_s, outcome.failure)
+            .add(u"path"_s, outcome.details.path)
+            .add(u"reason"_s, outcome.details.reason);
     }
-    if (outcome.status == SetStatus::planned) {
-        line.add(u"replaced"_s, replacedFiles(outcome.result));
-    }
-    return line.text() + u'\n';
+    return line.add(u"error"_s, error).text() + u'\n';
 }
 
 QString leftOutText(const UnusedFile& file) {
-    return u"Left out: "_s + file.path + u" ("_s + file.text + u")\n"_s;
+    return printable(u"Left out: "_s + file.path + u" ("_s + file.text + u')') + u'\n';
 }
 
 QString leftOutLine(const UnusedFile& file) {
     return JsonLine()
                .add(u"type"_s, u"leftOut"_s)
+               .add(u"version"_s, reportVersion)
                .add(u"file"_s, file.path)
                .add(u"identifier"_s, rawValue(file.reason))
                .add(u"reason"_s, file.text)
@@ -157,7 +182,9 @@ QString summaryText(const BatchCounts& counts, bool isDryRun) {
 
 QString summaryLine(const BatchCounts& counts) {
     JsonLine line;
-    line.add(u"type"_s, u"summary"_s).add(u"sets"_s, static_cast<std::int64_t>(counts.all()));
+    line.add(u"type"_s, u"summary"_s)
+        .add(u"version"_s, reportVersion)
+        .add(u"sets"_s, static_cast<std::int64_t>(counts.all()));
     for (const SetStatus status : {SetStatus::exported, SetStatus::planned, SetStatus::upToDate,
                                    SetStatus::failed, SetStatus::notStarted}) {
         line.add(statusName(status), static_cast<std::int64_t>(counts.of(status)));

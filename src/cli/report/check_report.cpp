@@ -1,5 +1,6 @@
 #include "cli/report/check_report.h"
 
+#include "cli/base/printable.h"
 #include "cli/report/counted.h"
 #include "cli/report/json_line.h"
 
@@ -31,11 +32,12 @@ SeverityCounts countSeverities(const Findings& findings) {
 }
 
 QString folderText(const CheckedFolder& folder) {
-    QString text = folder.path + u'\n';
+    QString text = printable(folder.path) + u'\n';
     for (const Finding& finding : folder.findings) {
-        text += u"  "_s + title(severity(finding.kind)) + u": "_s +
-                (finding.file.isEmpty() ? QString() : finding.file + u": "_s) + finding.text + u" ["_s +
-                rawValue(finding.kind) + u"]\n"_s;
+        text += printable(u"  "_s + title(severity(finding.kind)) + u": "_s +
+                          (finding.file.isEmpty() ? QString() : finding.file + u": "_s) + finding.text +
+                          u" ["_s + rawValue(finding.kind) + u']') +
+                u'\n';
     }
     return text;
 }

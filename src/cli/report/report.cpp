@@ -1,6 +1,6 @@
 #include "cli/report/report.h"
 
-#include "cli/report/json_line.h"
+#include "cli/base/printable.h"
 
 namespace quarlin {
 
@@ -11,15 +11,27 @@ QString folderPath(const ExportResult& result) {
 }
 
 QString textReport(const ExportResult& result) {
-    QString report = u"Export complete: "_s + folderPath(result) + u'\n';
+    QString report = u"Export complete: "_s + printable(folderPath(result)) + u'\n';
     for (const QString& file : result.files) {
-        report += u"Wrote "_s + file + u'\n';
+        report += u"Wrote "_s + printable(file) + u'\n';
     }
     return report;
 }
 
-QString jsonReport(const ExportResult& result) {
-    return JsonLine().add(u"folder"_s, folderPath(result)).add(u"files"_s, result.files).text() + u'\n';
+QString noteLines(const std::vector<SetNote>& notes) {
+    QString lines;
+    for (const SetNote& note : notes) {
+        lines += u"Note: "_s + printable(note.text) + u'\n';
+    }
+    return lines;
+}
+
+QString reasonLine(const FailureDetails& details) {
+    if (details.path.isEmpty() && details.reason.isEmpty()) {
+        return {};
+    }
+    const QString separator = details.path.isEmpty() || details.reason.isEmpty() ? QString() : u": "_s;
+    return u"  "_s + printable(details.path + separator + details.reason) + u'\n';
 }
 
 }  // namespace quarlin

@@ -27,26 +27,28 @@ struct FormatFamily {
 };
 
 /// Opens a file by a reader that needs all of its bytes.
-template <OpenedImage (*open)(const QByteArray& bytes, ColorHandling handling)>
+template <OpenedImage (*openBytes)(const QByteArray& bytes, ColorHandling handling)>
 OpenedImage openWhole(const std::shared_ptr<ByteSource>& source, ColorHandling handling) {
-    return open(source->all(), handling);
+    return openBytes(source->all(), handling);
 }
 
 /// The same for formats whose samples always count as sRGB.
-template <std::unique_ptr<RowReader> (*open)(const QByteArray& bytes)>
-OpenedImage openWholeSRGB(const std::shared_ptr<ByteSource>& source, ColorHandling) {
-    return {open(source->all())};
+template <std::unique_ptr<RowReader> (*openBytes)(const QByteArray& bytes)>
+OpenedImage openSRGB(const std::shared_ptr<ByteSource>& source, ColorHandling) {
+    return {openBytes(source->all())};
 }
 
-constexpr std::array families{FormatFamily{isPng, openPng},
-                              FormatFamily{isJpeg, openJpeg},
-                              FormatFamily{isBmp, openWholeSRGB<openBmp>},
-                              FormatFamily{isHeif, openWhole<openHeif>},
-                              FormatFamily{isTiff, openWhole<openTiff>},
-                              FormatFamily{isGif, openWholeSRGB<openGif>},
-                              FormatFamily{isWebp, openWhole<openWebp>},
-                              // Without a signature, so it comes last.
-                              FormatFamily{isTga, openWholeSRGB<openTga>}};
+constexpr std::array families{
+    FormatFamily{isPng, openPng},
+    FormatFamily{isJpeg, openJpeg},
+    FormatFamily{isBmp, openSRGB<openBmp>},
+    FormatFamily{isHeif, openWhole<openHeif>},
+    FormatFamily{isTiff, openWhole<openTiff>},
+    FormatFamily{isGif, openSRGB<openGif>},
+    FormatFamily{isWebp, openWhole<openWebp>},
+    // Without a signature, so it comes last.
+    FormatFamily{isTga, openSRGB<openTga>},
+};
 
 }  // namespace
 
@@ -61,9 +63,11 @@ OpenedImage openImage(const std::shared_ptr<ByteSource>& source, ColorHandling h
     return family->open(source, handling);
 }
 
-std::unique_ptr<RowReader> openImage(const QByteArray& bytes) {
-    return openImage(bytesInMemory(bytes), ColorHandling::convert).rows;
+std::unique_ptr<RowReader> openImage(const std::shared_ptr<ByteSource>& source) {
+    return openImage(source, ColorHandling::convert).rows;
 }
+
+std::unique_ptr<RowReader> openImage(const QByteArray& bytes) { return openImage(bytesInMemory(bytes)); }
 
 QImage decodeImage(const QByteArray& bytes) { return readImage(*openImage(bytes)); }
 

@@ -11,15 +11,16 @@ namespace quarlin {
 
 namespace {
 
-/// Returns the result of `work`, and adds the location of the file to errors of decoding it.
+/// Returns the result of `work`, and adds the location of the file, and the place in it, to errors of
+/// decoding it.
 template <typename Work>
-auto locatingErrors(const QUrl& url, Work&& work) -> decltype(work()) {
+auto locatingErrors(const QUrl& url, DecodePlace place, Work&& work) -> decltype(work()) {
     try {
         return work();
     } catch (const DecodeError& error) {
-        throw DecodeError(error.problem(), url);
+        throw DecodeError(error.problem(), url, error.file().isEmpty() ? place : error.place());
     } catch (const std::bad_alloc&) {
-        throw DecodeError(DecodeProblem::tooLarge, url);
+        throw DecodeError(DecodeProblem::tooLarge, url, place);
     }
 }
 
@@ -30,7 +31,7 @@ public:
 
 private:
     void readRows(std::int64_t count, std::uint8_t* rows) override {
-        locatingErrors(m_file->url(), [&] { m_rows->read(count, rows); });
+        locatingErrors(m_file->url(), DecodePlace::pixels, [&] { m_rows->read(count, rows); });
         if (m_rows->position() == height()) {
             m_file->expectUnchanged();
         }
@@ -44,7 +45,7 @@ private:
 
 OpenedImage openImageFile(const std::shared_ptr<InputFile>& file, ColorHandling handling,
                           std::optional<int> channel) {
-    return locatingErrors(file->url(), [&] {
+    return locatingErrors(file->url(), DecodePlace::beginning, [&] {
         OpenedImage image = openImage(file, handling);
         if (channel) {
             image.rows = channelRows(std::move(image.rows), *channel);
@@ -56,9 +57,9 @@ OpenedImage openImageFile(const std::shared_ptr<InputFile>& file, ColorHandling 
 
 ImageFile readImageFile(const QUrl& url, ColorHandling handling) {
     const std::shared_ptr<InputFile> file = InputFile::open(url);
-    return locatingErrors(url, [&] {
-        const OpenedImage opened = openImageFile(file, handling);
-        return ImageFile{file, readImage(*opened.rows), opened.convertedFrom};
+    const OpenedImage image = openImageFile(file, handling);
+    return locatingErrors(url, DecodePlace::pixels, [&] {
+        return ImageFile{file, readImage(*image.rows), image.convertedFrom};
     });
 }
 

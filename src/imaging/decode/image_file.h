@@ -2,7 +2,6 @@
 
 #include "imaging/decode/opened_image.h"
 #include "imaging/files/input_file.h"
-#include "imaging/pixels/row_reader.h"
 
 #include <QImage>
 
@@ -15,8 +14,8 @@ namespace quarlin {
 /// location: `FileError` if it can't be read or changes meanwhile, `DecodeError` if it can't be decoded or
 /// does not fit into memory. With `channel`, 0 (red) to 3 (alpha), the rows are those of that channel in
 /// gray: see `channelRows`.
-OpenedImage openImageFile(const std::shared_ptr<InputFile>& file, ColorHandling handling,
-                          std::optional<int> channel = {});
+OpenedImage openImageFile(const std::shared_ptr<InputFile>& file,
+                          ColorHandling handling = ColorHandling::convert, std::optional<int> channel = {});
 
 /// An image file, still open, and the image that it decodes to.
 struct ImageFile {

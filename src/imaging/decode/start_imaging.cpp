@@ -1,6 +1,7 @@
 #include "imaging/decode/start_imaging.h"
 
 #include "imaging/base/strip_memory.h"
+#include "imaging/files/file_size_limit.h"
 
 #include <QImageReader>
 
@@ -12,6 +13,7 @@ void startImaging() {
     static std::once_flag once;
     std::call_once(once, [] {
         keepStripMemory();
+        reportFileSizeLimit();
         // Large textures exceed the limit of Qt's readers; sizes are checked before.
         QImageReader::setAllocationLimit(0);
     });

@@ -9,8 +9,13 @@
 #include <QRandomGenerator>
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
 
 namespace quarlin {
 
@@ -18,20 +23,44 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString draftPrefix() { return u".quarlin-"_s; }
+constexpr int draftDigits = 16;
 
+QString draftPrefix() { return u".quarlin-draft-"_s; }
+
+/// A name that no draft has had before.
+QString newDraftName() {
+    const QString digits = QString::number(QRandomGenerator::system()->generate64(), 16);
+    return draftPrefix() + digits.rightJustified(draftDigits, u'0');
+}
+
+/// Whether it is the name of a draft to the letter: other hidden files are not ours.
 bool isDraftName(const QString& name) {
-    constexpr qsizetype mostDigits = 16;
     const QStringView digits = QStringView(name).sliced(draftPrefix().size());
-    return !digits.isEmpty() && digits.size() <= mostDigits &&
-           std::all_of(digits.begin(), digits.end(), [](QChar digit) {
+    return digits.size() == draftDigits && std::all_of(digits.begin(), digits.end(), [](QChar digit) {
                return (digit >= u'0' && digit <= u'9') || (digit >= u'a' && digit <= u'f');
            });
 }
 
+/// The error of a write that has just failed.
 FileError writeError(const QFile& file, const QUrl& url) {
+    const int errorNumber = errno;
     const bool isFull = file.error() == QFileDevice::ResourceError;
-    return {FileError::Action::write, isFull ? FileProblem::noSpace : FileProblem::other, url};
+    return {FileError::Action::write, isFull ? FileProblem::noSpace : fileProblem(errorNumber), url};
+}
+
+/// Why no file can be made in a folder.
+FileProblem problemOfFolder(const QDir& folder) {
+    if (!folder.exists()) {
+        return FileProblem::notFound;
+    }
+#ifdef Q_OS_UNIX
+    if (access(QFile::encodeName(folder.path()).constData(), W_OK | X_OK) != 0) {
+        return fileProblem(errno);
+    }
+    return FileProblem::other;
+#else
+    return QFileInfo(folder.path()).isWritable() ? FileProblem::other : FileProblem::noPermission;
+#endif
 }
 
 }  // namespace
@@ -58,13 +87,9 @@ AtomicFile::AtomicFile(const QUrl& url) : m_url(url), m_target(url.toLocalFile()
     }
     // A short name of its own: the target's name may already be as long as the file system allows.
     const QDir folder = QFileInfo(m_target).dir();
-    const QString name = draftPrefix() + QString::number(QRandomGenerator::system()->generate64(), 16);
-    m_file.setFileName(folder.filePath(name));
+    m_file.setFileName(folder.filePath(newDraftName()));
     if (!m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
-        refuse(!folder.exists()                               ? FileProblem::notFound
-               : m_file.error() == QFileDevice::ResourceError ? FileProblem::noSpace
-               : !QFileInfo(folder.path()).isWritable()       ? FileProblem::noPermission
-                                                              : FileProblem::other);
+        refuse(m_file.error() == QFileDevice::ResourceError ? FileProblem::noSpace : problemOfFolder(folder));
     }
     if (old.exists()) {
         m_file.setPermissions(old.permissions());
@@ -79,12 +104,14 @@ AtomicFile::~AtomicFile() {
 }
 
 void AtomicFile::write(QByteArrayView bytes) {
+    errno = 0;
     if (m_file.write(bytes.data(), bytes.size()) != bytes.size()) {
         throw writeError(m_file, m_url);
     }
 }
 
 void AtomicFile::commit() {
+    errno = 0;
     m_file.close();
     if (m_file.error() != QFileDevice::NoError) {
         const FileError error = writeError(m_file, m_url);

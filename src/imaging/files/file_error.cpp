@@ -15,12 +15,16 @@ FileProblem fileProblem(int errorNumber) {
             return FileProblem::notFound;
         case EACCES:
         case EPERM:
-        case EROFS:
             return FileProblem::noPermission;
+        case EROFS:
+            return FileProblem::readOnly;
+        case ENAMETOOLONG:
+            return FileProblem::nameTooLong;
         case EISDIR:
             return FileProblem::isFolder;
         case ENOSPC:
         case EDQUOT:
+        case EFBIG:
             return FileProblem::noSpace;
         default:
             return FileProblem::other;

@@ -16,7 +16,10 @@ enum class FileProblem {
     notAFile,
     /// The file was written to while it was read.
     changed,
+    /// The disk is full, or a limit on the size of files or on the space of a user is reached.
     noSpace,
+    readOnly,
+    nameTooLong,
     other,
 };
 

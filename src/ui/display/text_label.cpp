@@ -44,10 +44,14 @@ bool TextLabel::event(QEvent* event) {
     if (event->type() == QEvent::ApplicationFontChange) {
         applyFont();
     }
-    if (event->type() == QEvent::ToolTip && toolTip().isEmpty() &&
-        fontMetrics().horizontalAdvance(text()) > contentsRect().width()) {
-        showPlainToolTip(*this, *static_cast<QHelpEvent*>(event), text());
-        return true;
+    if (event->type() == QEvent::ToolTip) {
+        const bool isShortened = fontMetrics().horizontalAdvance(text()) > contentsRect().width();
+        // A tooltip may contain text of a file, which is no markup.
+        const QString shown = toolTip().isEmpty() && isShortened ? text() : toolTip();
+        if (!shown.isEmpty()) {
+            showPlainToolTip(*this, *static_cast<QHelpEvent*>(event), shown);
+            return true;
+        }
     }
     return QLabel::event(event);
 }

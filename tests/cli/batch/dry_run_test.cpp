@@ -64,7 +64,8 @@ TEST_F(DryRun, FailsWhereAFileIsMissing) {
     const Outcome outcome =
         runMaps({u"--source"_s, color, u"--source"_s, path(u"none.png"_s), u"--dry-run"_s});
     EXPECT_EQ(outcome.status, 3);
-    EXPECT_EQ(outcome.errors, "none: Load failed: Could not read image: none.png\n");
+    EXPECT_EQ(outcome.errors, "none: Load failed: Could not read image: none.png\n  " +
+                                  path(u"none.png"_s).toStdString() + ": not found, or not a regular file\n");
 }
 
 TEST_F(DryRun, ReportsEverySetInJson) {
@@ -73,13 +74,15 @@ TEST_F(DryRun, ReportsEverySetInJson) {
     const Outcome outcome = runMaterial({u"--folder"_s, folder, u"--dry-run"_s, u"--json"_s});
     EXPECT_EQ(
         outcome.output,
-        "{\"type\": \"set\", \"name\": \"brick\", \"status\": \"planned\", \"inputs\": {\"baseColor\": \"" +
-            color.toStdString() + "\"}, \"folder\": \"" + output().toStdString() +
+        "{\"type\": \"set\", \"version\": 1, \"status\": \"planned\", \"name\": \"brick\", \"folder\": \"" +
+            output().toStdString() +
             "/brick\", \"files\": [\"brick_BaseColor.png\", \"brick_ORM.png\", \"brick.gltf\", "
-            "\"brick_SL_PBR_notes.txt\"], \"replaced\": []}\n"
-            "{\"type\": \"summary\", \"sets\": 1, \"exported\": 0, \"planned\": 1, \"upToDate\": 0, "
-            "\"failed\": 0, "
-            "\"notStarted\": 0, \"leftOut\": 0}\n");
+            "\"brick_SL_PBR_notes.txt\"], \"replaced\": [], \"inputs\": {\"baseColor\": \"" +
+            color.toStdString() +
+            "\"}, \"channels\": {}, \"notes\": [], \"error\": {}}\n"
+            "{\"type\": \"summary\", \"version\": 1, \"sets\": 1, \"exported\": 0, \"planned\": 1, "
+            "\"upToDate\": 0, "
+            "\"failed\": 0, \"notStarted\": 0, \"leftOut\": 0}\n");
 }
 
 class PlannedFiles : public BatchTest {

@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <gmock/gmock.h>
+
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -23,7 +25,9 @@ protected:
             runCli(arguments + QStringList{u"--output"_s, output(), u"--name"_s, u"Brick"_s});
         EXPECT_EQ(outcome.status, 1);
         EXPECT_EQ(outcome.output, "");
-        EXPECT_EQ(outcome.errors, "Load failed: Could not read image: " + fileName + "\n");
+        EXPECT_EQ(firstLine(outcome.errors), "Load failed: Could not read image: " + fileName);
+        // The whole path and the reason: see `GivesTheWholePathAndTheReason`.
+        EXPECT_THAT(secondLine(outcome.errors), testing::MatchesRegex("/.*: .+"));
         EXPECT_FALSE(QDir(output()).exists());
     }
 
@@ -33,6 +37,59 @@ protected:
         expectLoadFailure({u"material"_s, u"--base-color"_s, good, u"--metallic"_s, file}, fileName);
     }
 };
+
+TEST_F(BadInput, GivesTheWholePathAndTheReason) {
+    ASSERT_TRUE(QDir(path({})).mkdir(u"folder.png"_s));
+    const QByteArray whole = bytesOf(good);
+    const std::vector<std::pair<QString, std::string>> reasons{
+        {path(u"none.png"_s), "not found"},
+        {path(u"folder.png"_s), "is a folder"},
+        {u"/dev/null"_s, "is not a regular file"},
+        {writeFile(u"notes.txt"_s, "no picture at all"), "is not an image that Quarlin reads"},
+        {writeFile(u"head.png"_s, whole.first(20)),
+         "damaged or incomplete, or of an unknown kind (found when it was opened)"},
+        {writeFile(u"half.jpg"_s,
+                   truncatedImage(bytesOf(writeImage(u"whole.jpg"_s, patternedImage(64, 64, 1))))),
+         "damaged or incomplete, or of an unknown kind (found in its pixels)"},
+    };
+    for (const auto& [file, reason] : reasons) {
+        const Outcome outcome = runCli({u"material"_s, u"--base-color"_s, file, u"--output"_s, output()});
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(secondLine(outcome.errors), file.toStdString() + ": " + reason);
+    }
+}
+
+TEST_F(BadInput, NamesAreShownWithoutControlCharacters) {
+    const QString file = writeFile(u"a\n\x1b[2J\u202e.png"_s, "no picture");
+    const Outcome outcome = runCli({u"material"_s, u"--base-color"_s, file, u"--output"_s, output()});
+    EXPECT_EQ(firstLine(outcome.errors), "Load failed: Could not read image: a\\n\\x1b[2J\\u202e.png");
+    EXPECT_EQ(outcome.errors.find('\x1b'), std::string::npos);
+}
+
+TEST_F(BadInput, ParentsOfLinksAreThoseOfTheFileSystem) {
+    const QDir root(path({}));
+    ASSERT_TRUE(root.mkpath(u"real/inner"_s));
+    ASSERT_TRUE(QFile::link(path(u"real/inner"_s), path(u"link"_s)));
+    ASSERT_TRUE(QFile::copy(good, path(u"real/texture.png"_s)));
+    const Outcome outcome = runCli({u"material"_s, u"--base-color"_s, path(u"link/../texture.png"_s),
+                                    u"--output"_s, path(u"link/../made"_s), u"--size"_s, u"base"_s});
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    EXPECT_TRUE(QFile::exists(path(u"real/made/texture/texture_BaseColor.png"_s)));
+    EXPECT_FALSE(QFile::exists(path(u"made"_s)));
+}
+
+TEST_F(BadInput, AShortageOfMemoryIsReportedAsOne) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer needs more address space than any such limit";
+#endif
+    // The program takes some 200 MB of address space for its libraries, and the picture 256 MB.
+    const QString large = writeImage(u"large.bmp"_s, patternedImage(8192, 8192, 1));
+    const Outcome outcome =
+        runCliThroughShell(u"ulimit -v 400000; exec \"$@\""_s,
+                           {u"material"_s, u"--base-color"_s, large, u"--output"_s, output()});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.errors, testing::HasSubstr("large.bmp: too large for the memory"));
+}
 
 TEST_F(BadInput, MissingFile) { expectUnreadable(path(u"none.png"_s), "none.png"); }
 

@@ -28,7 +28,7 @@ protected:
     static void expectExportFailure(const Outcome& outcome, const std::string& description) {
         EXPECT_EQ(outcome.status, 1);
         EXPECT_EQ(outcome.output, "");
-        EXPECT_EQ(outcome.errors, "Export failed: " + description + "\n");
+        EXPECT_EQ(firstLine(outcome.errors), "Export failed: " + description);
     }
 };
 
@@ -52,9 +52,8 @@ TEST_F(BadOutput, FolderInPlaceOfAnImage) {
     const Outcome outcome = runCli(material(output()));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, "");
-    EXPECT_THAT(
-        outcome.errors,
-        testing::MatchesRegex("Export failed: Could not (create PNG image|write PNG): Brick_ORM.png\n"));
+    EXPECT_EQ(outcome.errors, "Export failed: Could not create PNG image: Brick_ORM.png\n  " +
+                                  output().toStdString() + "/Brick/Brick_ORM.png: is a folder\n");
     // The files before it stay, and no partial file does.
     EXPECT_EQ(contentsOf(output() + u"/Brick"_s).keys(), QStringList{u"Brick_BaseColor.png"_s});
 }
@@ -82,7 +81,7 @@ TEST_F(BadOutput, FullDiskLeavesTheEarlierImage) {
 
 TEST_F(BadOutput, ClosedStandardOutputIsAFailure) {
     const Outcome outcome = runCliThroughShell(u"exec \"$@\" >&-"_s, material(output()));
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 4);
     EXPECT_EQ(outcome.errors, "quarlin-cli: Could not write to the standard output\n");
     // The set itself is complete, and the report did not end up in one of its files.
     const FolderContents contents = contentsOf(output() + u"/Brick"_s);
@@ -94,7 +93,7 @@ TEST_F(BadOutput, ClosedStandardOutputIsAFailure) {
 
 TEST_F(BadOutput, FullStandardOutputIsAFailure) {
     const Outcome outcome = runCliThroughShell(u"exec \"$@\" >/dev/full"_s, {u"--version"_s});
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 4);
     EXPECT_EQ(outcome.errors, "quarlin-cli: Could not write to the standard output\n");
 }
 

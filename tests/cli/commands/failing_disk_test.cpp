@@ -54,9 +54,7 @@ protected:
     const QString good = writeImage(u"good.png"_s, patternedImage(512, 512, 1));
 };
 
-std::string failed(const QString& description) {
-    return "Export failed: " + description.toStdString() + "\n";
-}
+std::string failed(const QString& description) { return "Export failed: " + description.toStdString(); }
 
 TEST_P(FailingDisk, WithoutSpaceForTheSecondFileKeepsTheFirst) {
     if (!canMount()) {
@@ -71,7 +69,7 @@ TEST_P(FailingDisk, WithoutSpaceForTheSecondFileKeepsTheFirst) {
     const Outcome outcome =
         runOnMounted(u"mount -t tmpfs -o size=%1 none \"$folder\""_s.arg((pages + 1) * page));
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.errors, failed(u"Could not write PNG: "_s + second()));
+    EXPECT_EQ(firstLine(outcome.errors), failed(u"Could not write PNG: "_s + second()));
     EXPECT_EQ(outcome.output, first().toStdString() + "\n");
 }
 
@@ -81,7 +79,7 @@ TEST_P(FailingDisk, WithoutAnySpaceLeavesAnEmptyFolder) {
     }
     const Outcome outcome = runOnMounted(u"mount -t tmpfs -o size=4096 none \"$folder\""_s);
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.errors, failed(u"Could not write PNG: "_s + first()));
+    EXPECT_EQ(firstLine(outcome.errors), failed(u"Could not write PNG: "_s + first()));
     EXPECT_EQ(outcome.output, "");
 }
 
@@ -94,7 +92,7 @@ TEST_P(FailingDisk, MountedReadOnlyKeepsItsSet) {
     const Outcome outcome =
         runOnMounted(u"mount --bind \"$folder\" \"$folder\" && mount -o remount,bind,ro \"$folder\""_s);
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.errors, failed(u"Could not create PNG image: "_s + first()));
+    EXPECT_EQ(firstLine(outcome.errors), failed(u"Could not create PNG image: "_s + first()));
     EXPECT_EQ(outcome.output, before.keys().join(u'\n').toStdString() + "\n");
     expectSame(contentsOf(set()), before);
     EXPECT_EQ(runCli(arguments()).status, 0);
@@ -106,14 +104,14 @@ TEST_P(FailingDisk, MountedReadOnlyAcceptsNoNewSet) {
     }
     const Outcome outcome = runOnMounted(u"mount -t tmpfs -o ro none \"$folder\""_s);
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.errors, failed(u"Could not create folder: Brick (Read-only file system)"_s));
+    EXPECT_EQ(firstLine(outcome.errors), failed(u"Could not create folder: Brick (Read-only file system)"_s));
 }
 
 TEST_P(FailingDisk, WithALimitOnFileSizesLeavesAnEmptyFolder) {
-    const Outcome outcome = runCliThroughShell(u"trap '' XFSZ; ulimit -f 1; exec \"$@\""_s, arguments());
+    const Outcome outcome = runCliThroughShell(u"ulimit -c 0; ulimit -f 1; exec \"$@\""_s, arguments());
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, "");
-    EXPECT_EQ(outcome.errors, failed(u"Could not write PNG: "_s + first()));
+    EXPECT_EQ(firstLine(outcome.errors), failed(u"Could not write PNG: "_s + first()));
     EXPECT_EQ(contentsOf(set()).size(), 0);
     EXPECT_EQ(runCli(arguments()).status, 0);
 }
@@ -123,7 +121,8 @@ TEST_P(FailingDisk, RefusesANameThatIsTooLong) {
     const Outcome outcome = runCli(arguments(name));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, "");
-    EXPECT_EQ(outcome.errors, failed(u"Could not create folder: %1 (File name too long)"_s.arg(name)));
+    EXPECT_EQ(firstLine(outcome.errors),
+              failed(u"Could not create folder: %1 (File name too long)"_s.arg(name)));
     EXPECT_TRUE(QDir(output()).isEmpty());
 }
 
@@ -132,24 +131,20 @@ TEST_P(FailingDisk, StopsAtTheFileWhoseNameIsTooLong) {
     const QString name(250, u'n');
     const Outcome outcome = runCli(arguments(name));
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.errors,
+    EXPECT_EQ(firstLine(outcome.errors),
               failed(u"Could not create PNG image: "_s + name + first().sliced(u"Brick"_s.size())));
     EXPECT_EQ(contentsOf(output() + u'/' + name).size(), 0);
 }
 
-TEST_P(FailingDisk, ThatEndsTheProgramInTheMiddleOfAFileKeepsTheOldSet) {
+TEST_P(FailingDisk, WithALimitInTheMiddleOfAFileKeepsTheOldSet) {
     ASSERT_EQ(runCli(arguments()).status, 0);
     const FolderContents before = contentsOf(set());
     writeImage(u"good.png"_s, patternedImage(512, 512, 2));
-    // The signal for a file that grows too large ends the program unless it is ignored.
-    EXPECT_EQ(runCliThroughShell(u"ulimit -c 0; ulimit -f 2; exec \"$@\""_s, arguments()).status, -1);
-    FolderContents after = contentsOf(set());
-    const QStringList names = after.keys();
-    EXPECT_GE(names.filter(u".quarlin-"_s).size(), 1);
-    for (const QString& name : names.filter(u".quarlin-"_s)) {
-        after.remove(name);
-    }
-    expectSame(after, before);
+    // The system would end a program that does not ignore its signal.
+    const Outcome outcome = runCliThroughShell(u"ulimit -c 0; ulimit -f 2; exec \"$@\""_s, arguments());
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(firstLine(outcome.errors), failed(u"Could not write PNG: "_s + first()));
+    expectSame(contentsOf(set()), before);
     EXPECT_EQ(runCli(arguments()).status, 0);
     EXPECT_NE(contentsOf(set())[first()], before[first()]);
 }

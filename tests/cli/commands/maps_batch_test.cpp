@@ -66,7 +66,9 @@ TEST_F(MapsBatch, ContinuesAfterABrokenTexture) {
     writeSource(u"c.png"_s);
     const Outcome outcome = runMaps(fromFolder());
     EXPECT_EQ(outcome.status, 3);
-    EXPECT_EQ(outcome.errors, "b: Load failed: Could not read image: b.png\n");
+    EXPECT_EQ(outcome.errors, "b: Load failed: Could not read image: b.png\n  " +
+                                  sourcePath(u"b.png"_s).toStdString() +
+                                  ": is not an image that Quarlin reads\n");
     EXPECT_EQ(outcome.output, mapsReport("a") + mapsReport("c") + "2 sets exported, 1 failed\n");
     EXPECT_EQ(exportedSets(), (QStringList{u"a"_s, u"c"_s}));
 }
@@ -92,7 +94,7 @@ TEST_F(MapsBatch, ContinuesAfterAMissingSource) {
     const QString wood = writeSource(u"wood.png"_s);
     const Outcome outcome = runMaps({u"--source"_s, path(u"none"_s), u"--source"_s, wood});
     EXPECT_EQ(outcome.status, 3);
-    EXPECT_EQ(outcome.errors, "none: Load failed: Could not read image: none\n");
+    EXPECT_EQ(firstLine(outcome.errors), "none: Load failed: Could not read image: none");
     EXPECT_EQ(outcome.output, mapsReport("wood") + "1 set exported, 1 failed\n");
 }
 
@@ -175,7 +177,7 @@ TEST_F(MapsBatch, FollowsLinksToFilesButNotToFolders) {
     ASSERT_TRUE(QFile::link(path(u"linked"_s), path(u"linked/round"_s)));
     const Outcome outcome = runMaps({u"--source"_s, path(u"linked"_s), u"--recursive"_s});
     EXPECT_EQ(outcome.status, 3);
-    EXPECT_EQ(outcome.errors, "lost: Load failed: Could not read image: lost.png\n");
+    EXPECT_EQ(firstLine(outcome.errors), "lost: Load failed: Could not read image: lost.png");
     EXPECT_EQ(outcome.output, mapsReport("oak") + "1 set exported, 1 failed\n");
 }
 
@@ -220,16 +222,24 @@ TEST_F(MapsBatch, ReportsLinesOfJson) {
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.errors, "");
     const std::string folder = path({}).toStdString() + "/";
-    EXPECT_EQ(outcome.output,
-              "{\"type\": \"set\", \"name\": \"a\", \"status\": \"exported\", \"inputs\": {\"source\": \"" +
-                  folder + "sources/a.png\"}, \"folder\": \"" + folder +
-                  "output/a\", \"files\": [\"a_basecolor.png\", \"a_normal.png\"]}\n"
-                  "{\"type\": \"set\", \"name\": \"b\", \"status\": \"failed\", \"inputs\": {\"source\": \"" +
-                  folder +
-                  "sources/b.png\"}, \"error\": \"Load failed: Could not read image: b.png\"}\n"
-                  "{\"type\": \"summary\", \"sets\": 2, \"exported\": 1, \"planned\": 0, \"upToDate\": 0, "
-                  "\"failed\": 1, "
-                  "\"notStarted\": 0, \"leftOut\": 0}\n");
+    EXPECT_EQ(
+        outcome.output,
+        "{\"type\": \"set\", \"version\": 1, \"status\": \"exported\", \"name\": \"a\", \"folder\": \"" +
+            folder +
+            "output/a\", \"files\": [\"a_basecolor.png\", \"a_normal.png\"], \"replaced\": [], "
+            "\"inputs\": {\"source\": \"" +
+            folder +
+            "sources/a.png\"}, \"channels\": {}, \"notes\": [], \"error\": {}}\n"
+            "{\"type\": \"set\", \"version\": 1, \"status\": \"failed\", \"name\": \"b\", \"folder\": \"" +
+            folder + "output/b\", \"files\": [], \"replaced\": [], \"inputs\": {\"source\": \"" + folder +
+            "sources/b.png\"}, \"channels\": {}, \"notes\": [], \"error\": {\"code\": \"notAnImage\", "
+            "\"message\": \"Load "
+            "failed: Could not read image: b.png\", \"path\": \"" +
+            folder +
+            "sources/b.png\", \"reason\": \"is not an image that Quarlin reads\"}}\n"
+            "{\"type\": \"summary\", \"version\": 1, \"sets\": 2, \"exported\": 1, \"planned\": 0, "
+            "\"upToDate\": 0, "
+            "\"failed\": 1, \"notStarted\": 0, \"leftOut\": 0}\n");
     EXPECT_EQ(jsonLines(outcome.output).size(), 3U);
 }
 
@@ -238,7 +248,7 @@ TEST_F(MapsBatch, FailsWhenItsReportCannotBeWritten) {
     const Outcome outcome = runCliThroughShell(
         u"exec \"$@\" >/dev/full"_s,
         {u"maps"_s, u"--source"_s, sources(), u"--size"_s, u"base"_s, u"--output"_s, output()});
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 4);
     EXPECT_EQ(outcome.errors, "quarlin-cli: Could not write to the standard output\n");
     EXPECT_EQ(exportedSets(), QStringList{u"a"_s});
 }

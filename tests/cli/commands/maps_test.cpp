@@ -1,4 +1,4 @@
-#include "cli_test.h"
+#include "batch_test.h"
 #include "engine/texture_processor.h"
 #include "model/export_result.h"
 #include "model/normal_generator_settings.h"
@@ -7,6 +7,7 @@
 #include "set_files.h"
 
 #include <QDir>
+#include <QJsonArray>
 
 #include <functional>
 
@@ -59,9 +60,11 @@ TEST_F(MapsCommand, WritesTwoMapsWhenEverythingElseIsOff) {
     const Outcome outcome =
         runCli(leastArguments() + leavingOut(generatedFiles()) + QStringList{u"--json"_s});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.output,
-              "{\"folder\": \"" + output().toStdString() +
-                  "/Old_Wood\", \"files\": [\"Old_Wood_basecolor.png\", \"Old_Wood_normal.png\"]}\n");
+    const std::vector<QJsonObject> lines = jsonLines(outcome.output);
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_EQ(lines[0][u"folder"_s].toString(), output() + u"/Old_Wood"_s);
+    EXPECT_EQ(lines[0][u"files"_s].toArray(),
+              (QJsonArray{u"Old_Wood_basecolor.png"_s, u"Old_Wood_normal.png"_s}));
     EXPECT_EQ(contentsOf(output() + u"/Old_Wood"_s).keys(),
               (QStringList{u"Old_Wood_basecolor.png"_s, u"Old_Wood_normal.png"_s}));
 }

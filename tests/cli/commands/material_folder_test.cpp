@@ -268,22 +268,24 @@ TEST_F(MaterialFolder, ReportsEverythingInLinesOfJson) {
     const Outcome outcome = runMaterial(folder() + QStringList{u"--json"_s});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
-    EXPECT_EQ(
-        outcome.output,
-        "{\"type\": \"leftOut\", \"file\": \"" + height.toStdString() +
-            "\", \"identifier\": \"other-map\", \"reason\": \"it is a height map, which a material has no "
-            "slot for\"}\n"
-            "{\"type\": \"set\", \"name\": \"brick\", \"status\": \"exported\", \"inputs\": "
-            "{\"baseColor\": \"" +
-            color.toStdString() + "\", \"roughness\": \"" + gloss.toStdString() +
-            "\"}, \"decisions\": [\"the roughness texture is a gloss map by its name, so it is inverted\"], "
-            "\"folder\": \"" +
-            output().toStdString() +
-            "/brick\", \"files\": [\"brick_BaseColor.png\", \"brick_ORM.png\", \"brick.gltf\", "
-            "\"brick_SL_PBR_notes.txt\"]}\n"
-            "{\"type\": \"summary\", \"sets\": 1, \"exported\": 1, \"planned\": 0, \"upToDate\": 0, "
-            "\"failed\": 0, "
-            "\"notStarted\": 0, \"leftOut\": 1}\n");
+    EXPECT_EQ(outcome.output,
+              "{\"type\": \"leftOut\", \"version\": 1, \"file\": \"" + height.toStdString() +
+                  "\", \"identifier\": \"other-map\", \"reason\": \"it is a height map, which a material has "
+                  "no slot for\"}\n"
+                  "{\"type\": \"set\", \"version\": 1, \"status\": \"exported\", \"name\": \"brick\", "
+                  "\"folder\": \"" +
+                  output().toStdString() +
+                  "/brick\", \"files\": [\"brick_BaseColor.png\", \"brick_ORM.png\", \"brick.gltf\", "
+                  "\"brick_SL_PBR_notes.txt\"], \"replaced\": [], \"inputs\": {\"baseColor\": \"" +
+                  color.toStdString() + "\", \"roughness\": \"" + gloss.toStdString() +
+                  "\"}, \"channels\": {}, \"notes\": [{\"code\": \"decided\", \"text\": \"the roughness "
+                  "texture is a gloss map "
+                  "by its name, "
+                  "so it is inverted\", \"input\": \"\", \"profile\": \"\"}], \"error\": {}}\n"
+                  "{\"type\": \"summary\", \"version\": 1, \"sets\": 1, \"exported\": 1, \"planned\": 0, "
+                  "\"upToDate\": 0, "
+                  "\"failed\": 0, "
+                  "\"notStarted\": 0, \"leftOut\": 1}\n");
 }
 
 TEST_F(MaterialFolder, CannotBeCombinedWithTheFileOfASlot) {

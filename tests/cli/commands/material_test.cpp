@@ -1,4 +1,4 @@
-#include "cli_test.h"
+#include "batch_test.h"
 #include "engine/texture_processor.h"
 #include "model/conversion_settings.h"
 #include "model/export_result.h"
@@ -6,7 +6,9 @@
 #include "model/texture_asset.h"
 #include "model/texture_slot_kind.h"
 
+#include <QColorSpace>
 #include <QDir>
+#include <QJsonArray>
 
 #include <gmock/gmock.h>
 
@@ -70,10 +72,55 @@ TEST_F(MaterialCommand, ReportsAsJson) {
         runCli(leastArguments() + QStringList{u"--json"_s, u"--name"_s, u"Größe \"1\""_s});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
-    EXPECT_EQ(outcome.output,
-              "{\"folder\": \"" + output().toStdString() +
+    EXPECT_EQ(firstLine(outcome.output),
+              "{\"type\": \"set\", \"version\": 1, \"status\": \"exported\", \"name\": \"Größe__1_\", "
+              "\"folder\": \"" +
+                  output().toStdString() +
                   "/Größe__1_\", \"files\": [\"Größe__1__BaseColor.png\", \"Größe__1__ORM.png\", "
-                  "\"Größe__1_.gltf\", \"Größe__1__SL_PBR_notes.txt\"]}\n");
+                  "\"Größe__1_.gltf\", \"Größe__1__SL_PBR_notes.txt\"], \"replaced\": [], \"inputs\": "
+                  "{\"baseColor\": \"" +
+                  leastArguments()[2].toStdString() + "\"}, \"notes\": [], \"error\": {}}");
+}
+
+/// A roughness map of 97, with a profile of linear light.
+QImage linearGray() {
+    QImage image(24, 16, QImage::Format_RGB32);
+    image.fill(qRgb(97, 97, 97));
+    image.setColorSpace(QColorSpace::SRgbLinear);
+    return image;
+}
+
+TEST_F(MaterialCommand, ReportsDataMapsThatAProfileHasChanged) {
+    const QString map = writeImage(u"rough.png"_s, linearGray());
+    const QStringList arguments = leastArguments() + QStringList{u"--roughness"_s, map};
+    const Outcome outcome = runCli(arguments);
+    EXPECT_THAT(
+        outcome.output,
+        testing::HasSubstr("Note: the values of rough.png (Roughness / Gloss) were converted from \""));
+    const QString orm = output() + u"/Brick_Wall/Brick_Wall_ORM.png"_s;
+    // 97/255 of linear light is 165.8 in sRGB; the luminance of such a gray may be one less.
+    EXPECT_NEAR(qGreen(QImage(orm).pixel(3, 3)), 166, 1);
+
+    const std::vector<QJsonObject> lines = jsonLines(runCli(arguments + QStringList{u"--json"_s}).output);
+    ASSERT_EQ(lines.size(), 2U);
+    const QJsonArray notes = lines[0][u"notes"_s].toArray();
+    ASSERT_EQ(notes.size(), 1);
+    EXPECT_EQ(notes[0][u"code"_s].toString(), u"converted"_s);
+    EXPECT_EQ(notes[0][u"input"_s].toString(), u"roughness"_s);
+    EXPECT_NE(notes[0][u"profile"_s].toString(), QString());
+}
+
+TEST_F(MaterialCommand, KeepsTheSamplesOfRawData) {
+    const QString map = writeImage(u"rough.png"_s, linearGray());
+    const Outcome outcome = runCli(leastArguments() + QStringList{u"--roughness"_s, map, u"--raw-data"_s});
+    EXPECT_THAT(outcome.output, testing::Not(testing::HasSubstr("Note:")));
+    EXPECT_EQ(qGreen(QImage(output() + u"/Brick_Wall/Brick_Wall_ORM.png"_s).pixel(3, 3)), 97);
+    // The base color is a color all the same.
+    ASSERT_EQ(runCli({u"material"_s, u"--base-color"_s, map, u"--raw-data"_s, u"--output"_s, output(),
+                      u"--size"_s, u"base"_s})
+                  .status,
+              0);
+    EXPECT_EQ(qGreen(QImage(output() + u"/rough/rough_BaseColor.png"_s).pixel(3, 3)), 166);
 }
 
 TEST_F(MaterialCommand, WritesTheFilesItReportsAndNoOthers) {

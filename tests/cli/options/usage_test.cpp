@@ -33,6 +33,18 @@ TEST_F(Usage, HelpNamesTheCommands) {
     EXPECT_THAT(outcome.output, HasSubstr("\n  check "));
 }
 
+TEST_F(Usage, HelpHasThreeNames) {
+    const std::string help = runCli({u"--help"_s}).output;
+    EXPECT_EQ(runCli({u"-h"_s}).output, help);
+    EXPECT_EQ(runCli({u"help"_s}).output, help);
+    for (const QString& command : {u"material"_s, u"maps"_s, u"check"_s}) {
+        const std::string own = runCli({command, u"--help"_s}).output;
+        EXPECT_EQ(runCli({command, u"-h"_s}).output, own);
+        EXPECT_EQ(runCli({u"help"_s, command}).output, own);
+    }
+    EXPECT_EQ(runCli({u"help"_s, u"bake"_s}).status, 2);
+}
+
 struct CommandOptionNames {
     const char* name;
     std::vector<const char*> options;
@@ -63,6 +75,7 @@ INSTANTIATE_TEST_SUITE_P(
                                         "size SIZE",
                                         "gloss",
                                         "flip-normal-green",
+                                        "raw-data",
                                         "default-occlusion F",
                                         "default-roughness F",
                                         "default-metallic F",
@@ -129,8 +142,13 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         InvalidArgument{"None", "", "A command is missing", ""},
         InvalidArgument{"UnknownCommand", "bake", "Unknown command 'bake'", ""},
+        InvalidArgument{"MistypedCommand", "materiel", "Unknown command 'materiel'; did you mean 'material'?",
+                        ""},
+        InvalidArgument{"MistypedOption", "maps --source in.png --ouput out",
+                        "Unknown option 'ouput'; did you mean 'output'?", "maps "},
         InvalidArgument{"OptionsWithoutCommand", "--json", "Unknown command '--json'", ""},
-        InvalidArgument{"NoBaseColor", "material --output out", "--base-color is required", "material "},
+        InvalidArgument{"NoBaseColor", "material --output out", "--base-color or --folder is required",
+                        "material "},
         InvalidArgument{"NoMaterialOutput", "material --base-color in.png", "--output is required",
                         "material "},
         InvalidArgument{"NoSource", "maps --output out", "--source is required", "maps "},

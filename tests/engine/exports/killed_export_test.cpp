@@ -54,7 +54,7 @@ protected:
         expectKilledBy(child, SIGXFSZ);
     }
 
-    QStringList drafts() const { return folder.names(u"out/Brick"_s).filter(u".quarlin-"_s); }
+    QStringList drafts() const { return folder.names(u"out/Brick"_s).filter(u".quarlin-draft-"_s); }
     /// Removes the hidden drafts that a killed export left, and returns their sizes.
     std::vector<qsizetype> takeDrafts() const {
         std::vector<qsizetype> sizes;
@@ -123,8 +123,10 @@ TEST_P(KilledExport, IsTidiedUpAfterByTheFirstOneADayLater) {
     for (const QString& file : left) {
         makeOld(file, 25);
     }
-    const QStringList kept{u".quarlin-0"_s, u".quarlin-notes"_s, u".quarlin-00112233445566778"_s,
-                           u"quarlin-00"_s};
+    // A recent draft, and names that are nearly those of drafts.
+    const QStringList kept{u".quarlin-draft-0011223344556677"_s, u".quarlin-draft-notes"_s,
+                           u".quarlin-draft-001122334455667"_s,  u".quarlin-draft-00112233445566778"_s,
+                           u".quarlin-draft-001122334455667G"_s, u".quarlin-0011223344556677"_s};
     for (const QString& file : kept) {
         writeFile(QUrl::fromLocalFile(setPath() + u'/' + file), "somebody's");
         makeOld(file, file == kept.constFirst() ? 23 : 1000);

@@ -80,6 +80,7 @@ TEST_F(FileErrors, OfCreatingGiveTheReason) {
     expectNotCreated(folder.url(u"folder"_s), FileProblem::isFolder);
     expectNotCreated(QUrl::fromLocalFile(u"/dev/null"_s), FileProblem::notAFile);
     expectNotCreated(folder.url(u"no/where"_s), FileProblem::notFound);
+    expectNotCreated(folder.url(QString(300, u'n')), FileProblem::nameTooLong);
 }
 
 TEST_F(FileErrors, OfWritingAreThoseOfAFileThatWasCreated) {
@@ -91,7 +92,7 @@ TEST_F(FileErrors, OfWritingAreThoseOfAFileThatWasCreated) {
             atomic.write(QByteArray(5000, 'x'));
             atomic.commit();
         },
-        FileError::Action::write, FileProblem::other, file);
+        FileError::Action::write, FileProblem::noSpace, file);
 }
 
 TEST_F(FileErrors, OfDecodingTellDamageFromOtherFiles) {

@@ -133,7 +133,7 @@ JpegDecompressor::JpegDecompressor(std::shared_ptr<ByteSource> source, std::vect
     });
     if (!isOpen || !isPlausibleSize(jpeg.image_width, jpeg.image_height, fileSize)) {
         jpeg_destroy_decompress(&jpeg);
-        refuse();
+        fail();
     }
 }
 
@@ -166,11 +166,12 @@ QByteArray JpegDecompressor::colorProfile() const {
     return profile;
 }
 
-void JpegDecompressor::refuse() const {
+void JpegDecompressor::fail() const {
     if (m_library->inputFailure) {
         std::rethrow_exception(m_library->inputFailure);
     }
-    throw DecodeError(DecodeProblem::damaged);
+    const bool lacksMemory = m_library->errors.msg_code == JERR_OUT_OF_MEMORY;
+    throw DecodeError(lacksMemory ? DecodeProblem::tooLarge : DecodeProblem::damaged);
 }
 
 /// Whether the scans that have been read give each coefficient all of its bits. Codes that are missing inside
@@ -196,7 +197,7 @@ void JpegDecompressor::expectNoDamage() const {
     const bool isIncomplete =
         m_library->hasNoEnd && (m_extent == JpegExtent::wholeFile || !hasEveryCoefficient());
     if (m_library->hasDamage || isIncomplete) {
-        refuse();
+        throw DecodeError(DecodeProblem::damaged);
     }
 }
 
@@ -204,8 +205,11 @@ void JpegDecompressor::expectNoDamage() const {
 void JpegDecompressor::readEnd() {
     const bool isRead = m_library->succeeds([&] { jpeg_finish_decompress(&m_library->jpeg); });
     // The coefficients are gone, and have been checked.
+    if (m_library->inputFailure) {
+        fail();
+    }
     if (!isRead || m_library->hasDamage || (m_extent == JpegExtent::wholeFile && m_library->hasNoEnd)) {
-        refuse();
+        throw DecodeError(DecodeProblem::damaged);
     }
 }
 
@@ -221,7 +225,7 @@ void JpegDecompressor::readRow(std::uint8_t* samples) {
         jpeg_read_scanlines(&jpeg, &row, 1);
     });
     if (!isRead) {
-        refuse();
+        fail();
     }
     expectNoDamage();
     if (m_extent != JpegExtent::rows && jpeg.output_scanline == jpeg.output_height) {

@@ -20,9 +20,9 @@ enum class JpegExtent {
     wholeFile,
 };
 
-/// Decodes one JPEG file row by row. Throws what the source throws, and `DecodeError` if the file is damaged,
-/// which nearly any warning of the library means. Unusual parameters are no damage, and neither is a missing
-/// end marker if the picture is complete.
+/// Decodes one JPEG file row by row. Throws `DecodeError` if it is damaged, which nearly any warning of the
+/// library means, and what the source throws. Unusual parameters are no damage, and neither is a missing end
+/// marker if the picture is complete.
 class JpegDecompressor {
 public:
     /// Reads the header. The file consists of `parts` of the source.
@@ -45,7 +45,8 @@ public:
 private:
     struct Library;
 
-    [[noreturn]] void refuse() const;
+    /// Throws the error after which a function of the library has given up.
+    [[noreturn]] void fail() const;
     void expectNoDamage() const;
     bool hasEveryCoefficient() const;
     void readEnd();

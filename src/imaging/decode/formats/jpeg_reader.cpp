@@ -72,7 +72,7 @@ OpenedImage openJpeg(const std::shared_ptr<ByteSource>& source, ColorHandling ha
     // without them, and the rows are the same.
     OpenedImage image = openCleaned(source, parts.clean, JpegExtent::wholeFile, handling);
     image.rows = std::make_unique<AlternativeRows>(
-        std::move(image.rows), [source, withoutZeros = std::move(parts.withoutZeros), handling] {
+        std::move(image.rows), [source, handling, withoutZeros = std::move(parts.withoutZeros)] {
             return openCleaned(source, withoutZeros, JpegExtent::wholeScans, handling).rows;
         });
     return image;

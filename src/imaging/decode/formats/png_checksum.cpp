@@ -1,5 +1,6 @@
 #include "imaging/decode/formats/png_checksum.h"
 
+#include "imaging/base/pixel_size.h"
 #include "imaging/deflate/inflate_stream.h"
 #include "imaging/pixels/pixel_image.h"
 #include "imaging/png/png_signature.h"
@@ -8,7 +9,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <utility>
 
 namespace quarlin {
 
@@ -17,16 +17,16 @@ namespace {
 constexpr qsizetype chunkOverhead = 12;
 constexpr qsizetype headerSize = 13;
 
-/// Takes the next piece of the pixels' stream off the chunks, whatever else is wrong with the file; an empty
-/// one at the end.
-QByteArrayView takePixelPiece(QByteArrayView& chunks) {
-    while (chunks.size() >= chunkOverhead) {
-        const auto length = static_cast<qsizetype>(qFromBigEndian<std::uint32_t>(chunks.data()));
-        if (length > chunks.size() - chunkOverhead) {
+/// Takes the data of the next chunk of pixels that has any off the front of `rest`, whatever else is wrong
+/// with the file; empty if there is none.
+QByteArrayView takePixels(QByteArrayView& rest) {
+    while (rest.size() >= chunkOverhead) {
+        const auto length = static_cast<qsizetype>(qFromBigEndian<std::uint32_t>(rest.data()));
+        if (length > rest.size() - chunkOverhead) {
             break;
         }
-        const QByteArrayView chunk = chunks.first(length + chunkOverhead);
-        chunks = chunks.sliced(chunk.size());
+        const QByteArrayView chunk = rest;
+        rest = rest.sliced(length + chunkOverhead);
         if (chunk.sliced(4, 4) == "IDAT" && length > 0) {
             return chunk.sliced(8, length);
         }
@@ -36,11 +36,10 @@ QByteArrayView takePixelPiece(QByteArrayView& chunks) {
 
 /// No file of this size has more bytes of filtered rows: 16 bits of four channels, and the filters of all
 /// passes of an interlaced picture.
-std::int64_t mostFilteredBytes(std::uint32_t width, std::uint32_t height) {
+std::int64_t mostFilteredBytes(std::int64_t width, std::int64_t height) {
     constexpr std::int64_t bytesPerPixel16 = 8;
     constexpr std::int64_t filtersPerRow = 3;
-    return std::int64_t{width} * height * bytesPerPixel16 + std::int64_t{height} * filtersPerRow +
-           filtersPerRow;
+    return width * height * bytesPerPixel16 + height * filtersPerRow + filtersPerRow;
 }
 
 }  // namespace
@@ -50,11 +49,14 @@ bool hasWrongPixelChecksum(const QByteArray& png) {
     if (png.size() < header + headerSize) {
         return false;
     }
-    InflateStream stream([chunks = QByteArrayView(png).sliced(pngSignature.size())]() mutable {
-        return takePixelPiece(chunks);
-    });
-    std::int64_t left = mostFilteredBytes(qFromBigEndian<std::uint32_t>(png.constData() + header),
-                                          qFromBigEndian<std::uint32_t>(png.constData() + header + 4));
+    const auto width = qFromBigEndian<std::uint32_t>(png.constData() + header);
+    const auto height = qFromBigEndian<std::uint32_t>(png.constData() + header + 4);
+    if (!isUsableSize(width, height)) {
+        return false;
+    }
+    QByteArrayView rest = QByteArrayView(png).sliced(pngSignature.size());
+    InflateStream stream([&rest] { return takePixels(rest); });
+    std::int64_t left = mostFilteredBytes(width, height);
     PixelBuffer part(std::size_t{1} << 16);
     while (left > 0 && stream.read(part)) {
         left -= static_cast<std::int64_t>(part.size());

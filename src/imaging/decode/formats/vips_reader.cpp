@@ -24,8 +24,10 @@ using Image = std::unique_ptr<VipsImage, Unreferencer>;
 using Region = std::unique_ptr<VipsRegion, Unreferencer>;
 
 [[noreturn]] void refuse() {
+    const bool lacksMemory =
+        std::string_view(vips_error_buffer()).find("out of memory") != std::string_view::npos;
     vips_error_clear();
-    throw DecodeError(DecodeProblem::damaged);
+    throw DecodeError(lacksMemory ? DecodeProblem::tooLarge : DecodeProblem::damaged);
 }
 
 /// The result of a libvips operation whose last fixed argument is the output image.

@@ -35,9 +35,15 @@ QImage decode(const QByteArray& bytes) {
     QBuffer buffer;
     buffer.setData(bytes);
     QImageReader reader(&buffer, "bmp");
-    QImage image = reader.read().convertToFormat(QImage::Format_RGBA8888);
+    QImage decoded = reader.read();
+    if (decoded.isNull()) {
+        // The reader does not say why.
+        const bool lacksMemory = QImage(reader.size(), QImage::Format_RGBA8888).isNull();
+        throw DecodeError(lacksMemory ? DecodeProblem::tooLarge : DecodeProblem::damaged);
+    }
+    QImage image = decoded.convertToFormat(QImage::Format_RGBA8888);
     if (image.isNull()) {
-        throw DecodeError(DecodeProblem::damaged);
+        throw std::bad_alloc();
     }
     convertPixels<std::uint8_t, 4>(image.constBits(), image.sizeInBytes() / bytesPerPixel, image.bits());
     image.reinterpretAsFormat(pixelFormat);
@@ -74,9 +80,9 @@ bool isBmp(const QByteArray& bytes) { return bytes.startsWith("BM") || isBareBmp
 std::unique_ptr<RowReader> openBmp(const QByteArray& bytes) {
     const QByteArray file = completedBmp(bytes);
     const std::optional<BmpHeader> header = readBmpHeader(file);
-    if (!header || !isComplete(file, *header) ||
-        !(header->isRunLengthCoded() ? isPlausibleSize(header->width, header->height, file.size())
-                                     : isUsableSize(header->width, header->height))) {
+    // Run-length codes may be few, the rows of other bitmaps are counted.
+    if (!header || !isUsableSize(header->width, header->height) || !isComplete(file, *header) ||
+        (header->isRunLengthCoded() && !isPlausibleSize(header->width, header->height, file.size()))) {
         throw DecodeError(DecodeProblem::damaged);
     }
     return std::make_unique<BmpReader>(file, *header);

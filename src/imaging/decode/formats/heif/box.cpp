@@ -6,7 +6,7 @@
 
 namespace quarlin {
 
-std::optional<Box> boxAt(const QByteArray& file, ByteRange range) {
+std::optional<Box> boxAt(const QByteArray& file, BoxRange range) {
     constexpr qsizetype shortHead = 8;
     constexpr qsizetype longHead = 16;
     constexpr std::uint64_t toTheEnd = 0;
@@ -33,9 +33,9 @@ std::optional<Box> boxAt(const QByteArray& file, ByteRange range) {
         {head + 4, 4}, range.begin, {range.begin + headSize, range.begin + static_cast<qsizetype>(size)}};
 }
 
-std::optional<ByteRange> boxesOfMeta(const Box& meta) {
+std::optional<BoxRange> boxesOfMeta(const Box& meta) {
     constexpr qsizetype versionAndFlags = 4;
-    const ByteRange boxes{meta.content.begin + versionAndFlags, meta.content.end};
+    const BoxRange boxes{meta.content.begin + versionAndFlags, meta.content.end};
     return boxes.size() > 0 ? std::optional(boxes) : std::nullopt;
 }
 

@@ -8,7 +8,7 @@
 namespace quarlin {
 
 /// A run of bytes of a file.
-struct ByteRange {
+struct BoxRange {
     qsizetype begin = 0;
     qsizetype end = 0;
 
@@ -21,15 +21,15 @@ struct Box {
     /// Where the box begins.
     qsizetype begin = 0;
     /// What follows its size and type.
-    ByteRange content;
+    BoxRange content;
 };
 
 /// The box that begins at `range.begin`; nothing if it is not well-formed or does not fit into `range`.
-std::optional<Box> boxAt(const QByteArray& file, ByteRange range);
+std::optional<Box> boxAt(const QByteArray& file, BoxRange range);
 
 /// Calls `visit` for each of the boxes that fill `range`; false if they don't, or once `visit` returns false.
 template <typename Visit>
-bool visitBoxes(const QByteArray& file, ByteRange range, const Visit& visit) {
+bool visitBoxes(const QByteArray& file, BoxRange range, const Visit& visit) {
     while (range.begin < range.end) {
         const std::optional<Box> box = boxAt(file, range);
         if (!box || !visit(*box)) {
@@ -41,6 +41,6 @@ bool visitBoxes(const QByteArray& file, ByteRange range, const Visit& visit) {
 }
 
 /// The boxes inside a "meta" box, whose content begins with a version; nothing if there is no room for that.
-std::optional<ByteRange> boxesOfMeta(const Box& meta);
+std::optional<BoxRange> boxesOfMeta(const Box& meta);
 
 }  // namespace quarlin

@@ -38,6 +38,9 @@ using DecodedImage = std::unique_ptr<heif_image, Releaser<heif_image_release>>;
 using CodedProfile = std::unique_ptr<heif_color_profile_nclx, Releaser<heif_nclx_color_profile_free>>;
 
 void expectOk(const heif_error& error) {
+    if (error.code == heif_error_Memory_allocation_error) {
+        throw DecodeError(DecodeProblem::tooLarge);
+    }
     if (error.code != heif_error_Ok) {
         throw DecodeError(DecodeProblem::damaged);
     }
@@ -54,10 +57,11 @@ QByteArray embeddedProfile(const heif_image_handle* handle) {
 
 std::optional<NamedProfile> profileOfCode(const heif_image_handle* handle) {
     heif_color_profile_nclx* found = nullptr;
-    if (heif_image_handle_get_nclx_color_profile(handle, &found).code != heif_error_Ok) {
+    const heif_error error = heif_image_handle_get_nclx_color_profile(handle, &found);
+    const CodedProfile code(found);
+    if (error.code != heif_error_Ok || !code) {
         return std::nullopt;
     }
-    const CodedProfile code(found);
     const std::optional<QByteArray> profile =
         profileOfCodedColors(code->color_primaries, code->transfer_characteristics);
     return profile

@@ -47,9 +47,9 @@ QByteArrayView contentOf(const QByteArray& file, const Box& box) {
 /// The first box of a type inside the "meta" box.
 std::optional<Box> boxOfMeta(const QByteArray& file, std::string_view type) {
     std::optional<Box> found;
-    ByteRange rest{0, file.size()};
+    BoxRange rest{0, file.size()};
     while (const std::optional<Box> box = boxAt(file, rest)) {
-        const std::optional<ByteRange> boxes = box->type == "meta" ? boxesOfMeta(*box) : std::nullopt;
+        const std::optional<BoxRange> boxes = box->type == "meta" ? boxesOfMeta(*box) : std::nullopt;
         if (boxes) {
             visitBoxes(file, *boxes, [&](const Box& each) {
                 if (each.type == type) {
@@ -74,7 +74,7 @@ bool readTypes(const QByteArray& file, std::map<std::uint32_t, HeifItem>& items)
     const std::uint64_t version = head.take(4) >> 24U;
     const qsizetype countSize = version == 0 ? 2 : 4;
     head.take(static_cast<int>(countSize));
-    const ByteRange entries{list->content.begin + 4 + countSize, list->content.end};
+    const BoxRange entries{list->content.begin + 4 + countSize, list->content.end};
     return !head.isIncomplete() && visitBoxes(file, entries, [&](const Box& entry) {
         constexpr std::uint64_t firstWithType = 2;
         Numbers numbers(contentOf(file, entry));

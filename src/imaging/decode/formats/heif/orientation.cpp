@@ -11,7 +11,7 @@ namespace quarlin {
 namespace {
 
 /// Whether a crop ("clap") divides by nothing: it consists of four fractions of 32-bit numbers.
-bool isUsableCrop(const QByteArray& file, ByteRange content) {
+bool isUsableCrop(const QByteArray& file, BoxRange content) {
     constexpr qsizetype fractionSize = 8;
     constexpr qsizetype cropSize = 4 * fractionSize;
     if (content.size() < cropSize) {
@@ -26,7 +26,7 @@ bool isUsableCrop(const QByteArray& file, ByteRange content) {
 }
 
 /// Turns rotation ("irot") and mirroring ("imir") among the properties of images into a rotation by nothing.
-bool resetOrientation(QByteArray& file, ByteRange properties) {
+bool resetOrientation(QByteArray& file, BoxRange properties) {
     const QByteArray original = file;
     return visitBoxes(original, properties, [&](const Box& box) {
         if (box.type == "irot" || box.type == "imir") {
@@ -46,7 +46,7 @@ bool resetOrientation(QByteArray& file, ByteRange properties) {
 std::optional<QByteArray> withoutOrientation(QByteArray file) {
     const QByteArray original = file;
     const auto resetOrientations = [&](const Box& meta) {
-        const std::optional<ByteRange> content = boxesOfMeta(meta);
+        const std::optional<BoxRange> content = boxesOfMeta(meta);
         return content && visitBoxes(original, *content, [&](const Box& part) {
                    return part.type != "iprp" || visitBoxes(original, part.content, [&](const Box& list) {
                               return list.type != "ipco" || resetOrientation(file, list.content);
@@ -54,7 +54,7 @@ std::optional<QByteArray> withoutOrientation(QByteArray file) {
                });
     };
     bool hasImages = false;
-    ByteRange rest{0, original.size()};
+    BoxRange rest{0, original.size()};
     // Other bytes may follow the boxes.
     while (const std::optional<Box> box = boxAt(original, rest)) {
         if ((rest.begin == 0 && box->type != "ftyp") || (box->type == "meta" && !resetOrientations(*box))) {
