@@ -62,7 +62,7 @@ void expectSameRows(const QByteArray& bytes, const QImage& image) {
 
 void expectDecodersAgree(const QByteArray& bytes) {
     const QImage plain = imageFrom([&] { return openPlainPng(bytesInMemory(bytes)); });
-    const QImage general = plain.isNull() ? QImage() : imageFrom([&] { return openAnyPng(bytes); });
+    const QImage general = plain.isNull() ? QImage() : imageFrom([&] { return openAnyPng(bytes).rows; });
     expect(general.isNull() || plain == general, "both decoders of a plain PNG give the same pixels");
 }
 

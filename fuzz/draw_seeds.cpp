@@ -4,6 +4,7 @@
 #include "color_profiles.h"
 #include "jpeg_files.h"
 #include "png_files.h"
+#include "raw_tiff.h"
 #include "temporary_folder.h"
 #include "tiff_files.h"
 #include "vips_files.h"
@@ -112,6 +113,36 @@ void drawJpeg(Corpus corpus) {
     corpus.add(inkJpeg(translucent));
 }
 
+/// Numbers of every kind, colors of every model, in strips and tiles, side by side and in planes.
+void drawRawTiff(Corpus& corpus) {
+    const auto samples = [](int count) {
+        std::vector<std::uint64_t> numbers;
+        for (int index = 0; index < count; ++index) {
+            numbers.push_back(static_cast<std::uint64_t>(index) * 0x123456789abcdefU);
+        }
+        return numbers;
+    };
+    constexpr int width = 18;
+    constexpr int height = 3;
+    for (const int bits : {1, 2, 4, 5, 8, 12, 16, 24, 32, 40, 64}) {
+        corpus.add(RawTiff(width, height, 1, bits).file(samples(width * height)));
+        RawTiff planes(width, height, 3, bits);
+        corpus.add(planes.separatePlanes().tiles(16, 16).bigEndian().file(samples(width * height * 3)));
+    }
+    for (const int bits : {16, 32, 64}) {
+        corpus.add(RawTiff(width, height, 4, bits).sampleFormat(3).file(samples(width * height * 4)));
+    }
+    // Inks, brightness and differences, and both forms of CIELAB.
+    for (const int photometric : {5, 6, 8, 9}) {
+        RawTiff tiff(width, height, 5, 8);
+        corpus.add(tiff.photometric(photometric).extraSamples({0, 2}).file(samples(width * height * 5)));
+    }
+    RawTiff palette(width, height, 1, 4);
+    corpus.add(palette.photometric(3).palette(std::vector<int>(48, 4711)).file(samples(width * height)));
+    RawTiff fax(200, 40, 1, 1);
+    corpus.add(fax.photometric(0).set(259, {4}).fileOfStrip(QByteArray(9, '\xff')));
+}
+
 void drawTiff(Corpus corpus) {
     for (const int colors : {1, 3}) {
         for (const TiffForm::Alpha alpha :
@@ -136,6 +167,7 @@ void drawTiff(Corpus corpus) {
     TiffForm tagged;
     tagged.profile = adobeRgbProfile();
     writeTiff(corpus.next(), {tiffPage(smooth, 3)}, tagged);
+    drawRawTiff(corpus);
 }
 
 void drawBmp(Corpus corpus) {
@@ -146,6 +178,9 @@ void drawBmp(Corpus corpus) {
     corpus.add(bmp8Gray(smooth));
     corpus.add(bmp8GrayRunLength(smooth));
     corpus.add(bmp1(noise, {0, 0, 0, 255}, {255, 255, 255, 255}));
+    constexpr qsizetype fileHeaderSize = 14;
+    corpus.add(bmp24(noise).sliced(fileHeaderSize));
+    corpus.add(bmp8GrayRunLength(smooth).sliced(fileHeaderSize));
 }
 
 /// A picture of few colors, some of them transparent.
@@ -164,6 +199,8 @@ void drawOthers(const QString& root) {
     Corpus webp(root, u"webp"_s);
     webp.add(encoded(Encoder::webp, noise));
     webp.add(encoded(Encoder::webp, translucent));
+    webp.add(encoded(Encoder::lossyWebp, noise));
+    webp.add(encoded(Encoder::lossyWebp, translucent));
     webp.add(animatedWebp({cutOut(0), cutOut(1)}));
     webp.add(webpWithOrientation(smooth, 6));
     for (const auto& [encoder, name] : {std::pair{Encoder::heic, "heic"}, std::pair{Encoder::avif, "avif"}}) {

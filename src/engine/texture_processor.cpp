@@ -33,6 +33,14 @@ PixelImage toPixelImage(const QImage& image) {
     return {image.width(), image.height(), {image.constBits(), image.constBits() + image.sizeInBytes()}};
 }
 
+TextureAsset openedAsset(const QUrl& url, ColorHandling handling) {
+    const OpenedImage image = openFileRows(openInputFile(url), handling);
+    TextureAsset asset(url, lastPathComponent(url), image.rows->width(), image.rows->height(), QImage());
+    asset.keepsSamples = handling == ColorHandling::keepSamples;
+    asset.convertedFrom = image.convertedFrom;
+    return asset;
+}
+
 }  // namespace
 
 TextureAsset TextureProcessor::loadAsset(const QUrl& url) const {
@@ -40,12 +48,16 @@ TextureAsset TextureProcessor::loadAsset(const QUrl& url) const {
     const QSize size = file.image.size();
     TextureAsset asset(url, lastPathComponent(url), size.width(), size.height(), std::move(file.image));
     asset.decodedFrom = file.stamp;
+    asset.convertedFrom = file.convertedFrom;
     return asset;
 }
 
 TextureAsset TextureProcessor::openAsset(const QUrl& url) const {
-    const std::unique_ptr<RowReader> rows = openFileRows(openInputFile(url));
-    return {url, lastPathComponent(url), rows->width(), rows->height(), QImage()};
+    return openedAsset(url, ColorHandling::convert);
+}
+
+TextureAsset TextureProcessor::openDataAsset(const QUrl& url) const {
+    return openedAsset(url, ColorHandling::keepSamples);
 }
 
 TextureAsset TextureProcessor::openAsset(const QUrl& url, TextureChannel channel) const {

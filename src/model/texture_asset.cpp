@@ -4,6 +4,8 @@
 
 namespace quarlin {
 
+using namespace Qt::StringLiterals;
+
 TextureAsset::TextureAsset(QUrl fileUrl, QString name, std::int64_t width, std::int64_t height, QImage image)
     : id(QUuid::createUuid()),
       url(std::move(fileUrl)),
@@ -14,6 +16,12 @@ TextureAsset::TextureAsset(QUrl fileUrl, QString name, std::int64_t width, std::
 
 QString TextureAsset::sizeLabel() const {
     return QString::number(pixelWidth) + u'x' + QString::number(pixelHeight);
+}
+
+QString TextureAsset::valueNote() const {
+    return convertedFrom.isEmpty()
+               ? QString()
+               : u"The values were converted from \""_s + convertedFrom + u"\" to sRGB."_s;
 }
 
 }  // namespace quarlin

@@ -35,12 +35,21 @@ struct TextureAsset {
     /// The state of the file from which `preview` was decoded; nothing when `preview` does not come from the
     /// file. While the file has this stamp, `preview` holds its pixels.
     std::optional<FileStamp> decodedFrom;
+    /// Whether the samples of the file count as they are, without its color profile or gamma.
+    bool keepsSamples = false;
+    /// The name of the profile or gamma from which the samples were converted, such as "Dot Gain 20%"; empty
+    /// if they count as they are.
+    QString convertedFrom = {};
 
     /// Whether `preview` holds an image. An asset that was only opened has none; an export loads it.
     bool isLoaded() const { return !preview.isNull(); }
 
     /// The size as shown to the user, such as "2048x1024".
     QString sizeLabel() const;
+
+    /// What the user should know about the values of the texture: that a profile or gamma has changed them.
+    /// Empty if there is nothing.
+    QString valueNote() const;
 };
 
 /// The loaded textures of a material.

@@ -25,10 +25,12 @@ QImage imageOf(std::unique_ptr<RowReader> rows, PixelSize size) {
 
 DecodedFile decodeFile(const QUrl& url) {
     ImageFile file = reportingEngineErrors(FileKind::image, [&] { return readImageFile(url); });
-    return {std::move(file.image), file.file->stamp()};
+    return {std::move(file.image), file.file->stamp(), file.convertedFrom};
 }
 
-QImage renderFile(const QUrl& url, PixelSize size) { return imageOf(openFileRows(openInputFile(url)), size); }
+QImage renderFile(const QUrl& url, PixelSize size) {
+    return imageOf(openFileRows(openInputFile(url), ColorHandling::convert).rows, size);
+}
 
 QImage renderTexture(const TextureAsset& asset, PixelSize size) {
     const TextureSource source(asset);

@@ -21,6 +21,8 @@ QImage renderFile(const QUrl& url, PixelSize size);
 struct DecodedFile {
     QImage image;
     FileStamp stamp;
+    /// See `TextureAsset`.
+    QString convertedFrom;
 };
 /// Throws `cannotReadImage`.
 DecodedFile decodeFile(const QUrl& url);

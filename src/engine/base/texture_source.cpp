@@ -33,11 +33,13 @@ std::shared_ptr<InputFile> openInputFile(const QUrl& url) {
     return reportingEngineErrors(FileKind::image, [&] { return InputFile::open(url); });
 }
 
-std::unique_ptr<RowReader> openFileRows(const std::shared_ptr<InputFile>& file,
-                                        std::optional<TextureChannel> channel) {
+OpenedImage openFileRows(const std::shared_ptr<InputFile>& file, ColorHandling handling,
+                         std::optional<TextureChannel> channel) {
     const auto index = channel ? std::optional(static_cast<int>(*channel)) : std::nullopt;
-    return std::make_unique<FileRows>(
-        reportingEngineErrors(FileKind::image, [&] { return openImageFile(file, index); }));
+    OpenedImage image =
+        reportingEngineErrors(FileKind::image, [&] { return openImageFile(file, handling, index); });
+    image.rows = std::make_unique<FileRows>(std::move(image.rows));
+    return image;
 }
 
 std::unique_ptr<RowReader> scaledRows(std::unique_ptr<RowReader> rows, PixelSize size) {
@@ -50,7 +52,9 @@ std::unique_ptr<RowReader> scaledRows(std::unique_ptr<RowReader> rows, PixelSize
     return std::make_unique<ResampledRows>(std::move(rows), size.width, size.height);
 }
 
-TextureSource::TextureSource(const TextureAsset& asset) : m_channel(asset.channel) {
+TextureSource::TextureSource(const TextureAsset& asset)
+    : m_handling(asset.keepsSamples ? ColorHandling::keepSamples : ColorHandling::convert),
+      m_channel(asset.channel) {
     if (asset.decodedFrom && fileStamp(asset.url) == asset.decodedFrom) {
         m_image = asset.preview;
     } else {
@@ -60,13 +64,14 @@ TextureSource::TextureSource(const TextureAsset& asset) : m_channel(asset.channe
 
 void TextureSource::expectReadable() const {
     if (const std::shared_ptr<InputFile>& file = m_file.value()) {
-        skipRest(openFileRows(file, m_channel).get());
+        skipRest(openFileRows(file, m_handling, m_channel).rows.get());
     }
 }
 
 std::unique_ptr<RowReader> TextureSource::open(PixelSize size) const {
     const std::shared_ptr<InputFile>& file = m_file.value();
-    return scaledRows(file ? openFileRows(file, m_channel) : std::make_unique<ImageRows>(m_image), size);
+    return scaledRows(
+        file ? openFileRows(file, m_handling, m_channel).rows : std::make_unique<ImageRows>(m_image), size);
 }
 
 }  // namespace quarlin

@@ -2,6 +2,7 @@
 
 #include "imaging/base/outcome.h"
 #include "imaging/base/pixel_size.h"
+#include "imaging/decode/opened_image.h"
 #include "imaging/files/input_file.h"
 #include "imaging/pixels/row_reader.h"
 #include "model/texture_asset.h"
@@ -36,13 +37,14 @@ private:
     QImage m_image;
     /// A null pointer if the file is not needed.
     Outcome<std::shared_ptr<InputFile>> m_file;
+    ColorHandling m_handling;
     std::optional<TextureChannel> m_channel;
 };
 
-/// The rows of an image file at its own size; with `channel`, those of that channel in gray. It and the rows
+/// Opens the image in a file; with `channel`, the rows are those of that channel in gray. This and the rows
 /// throw `cannotReadImage`.
-std::unique_ptr<RowReader> openFileRows(const std::shared_ptr<InputFile>& file,
-                                        std::optional<TextureChannel> channel = {});
+OpenedImage openFileRows(const std::shared_ptr<InputFile>& file, ColorHandling handling,
+                         std::optional<TextureChannel> channel = {});
 
 /// Opens a file for `openFileRows`. Throws `cannotReadImage`.
 std::shared_ptr<InputFile> openInputFile(const QUrl& url);

@@ -7,6 +7,8 @@
 
 namespace quarlin {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Whether the conversion to sRGB leaves every sample of a grid within half an 8-bit step.
@@ -52,6 +54,19 @@ bool changesNothing(cmsHPROFILE profile, int channels) {
 
 }  // namespace
 
+QString profileName(const QByteArray& bytes) {
+    const Profile profile(
+        cmsOpenProfileFromMem(bytes.constData(), static_cast<cmsUInt32Number>(bytes.size())));
+    std::array<wchar_t, 256> name{};
+    if (profile) {
+        cmsGetProfileInfo(profile.get(), cmsInfoDescription, "en", "US", name.data(),
+                          static_cast<cmsUInt32Number>(name.size() * sizeof(wchar_t)));
+    }
+    name.back() = L'\0';
+    const QString text = QString::fromWCharArray(name.data()).simplified();
+    return text.isEmpty() ? u"unnamed profile"_s : text;
+}
+
 ProfileUse judgeProfile(const QByteArray& bytes, int channels) {
     const Profile profile(
         cmsOpenProfileFromMem(bytes.constData(), static_cast<cmsUInt32Number>(bytes.size())));
@@ -75,5 +90,7 @@ std::optional<QByteArray> profileOfGamma(double gamma, int channels) {
                                           : rgbProfile(bt709Primaries, curve);
     return profile ? std::optional(serialized(profile)) : std::nullopt;
 }
+
+QByteArray labProfile() { return serialized(Profile(cmsCreateLab4Profile(nullptr))); }
 
 }  // namespace quarlin

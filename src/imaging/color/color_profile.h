@@ -1,10 +1,20 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 #include <optional>
 
 namespace quarlin {
+
+/// An ICC profile, and what the user knows it by.
+struct NamedProfile {
+    QByteArray bytes;
+    QString name;
+};
+
+/// The description that a profile contains, such as "Dot Gain 20%"; a general name if it has none.
+QString profileName(const QByteArray& profile);
 
 /// What an embedded ICC profile asks for.
 enum class ProfileUse {
@@ -25,5 +35,9 @@ ProfileUse judgeProfile(const QByteArray& profile, int channels);
 /// with the primaries of sRGB; gray for 1 channel, RGB for 3. Nothing if it is sRGB's own 0.45455 or makes no
 /// sense.
 std::optional<QByteArray> profileOfGamma(double gamma, int channels);
+
+/// The profile of CIELAB samples for the white of D50. The integers of a sample cover 0...100 for L and
+/// -128...127 for a and b, from end to end.
+QByteArray labProfile();
 
 }  // namespace quarlin

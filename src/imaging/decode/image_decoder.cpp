@@ -1,12 +1,14 @@
 #include "imaging/decode/image_decoder.h"
 
 #include "imaging/decode/decode_error.h"
-#include "imaging/decode/formats/bmp_reader.h"
-#include "imaging/decode/formats/heif_reader.h"
+#include "imaging/decode/formats/bmp/bmp_reader.h"
+#include "imaging/decode/formats/gif/gif_reader.h"
+#include "imaging/decode/formats/heif/heif_reader.h"
 #include "imaging/decode/formats/jpeg_reader.h"
 #include "imaging/decode/formats/png_reader.h"
 #include "imaging/decode/formats/tga_reader.h"
-#include "imaging/decode/formats/vips_reader.h"
+#include "imaging/decode/formats/tiff/tiff_reader.h"
+#include "imaging/decode/formats/webp_reader.h"
 #include "imaging/pixels/image_view.h"
 
 #include <algorithm>
@@ -21,24 +23,34 @@ namespace {
 struct FormatFamily {
     /// Whether a file of the family begins with these bytes.
     bool (*matches)(const QByteArray& beginning);
-    std::unique_ptr<RowReader> (*open)(const std::shared_ptr<ByteSource>& source);
+    OpenedImage (*open)(const std::shared_ptr<ByteSource>& source, ColorHandling handling);
 };
 
 /// Opens a file by a reader that needs all of its bytes.
-template <std::unique_ptr<RowReader> (*openBytes)(const QByteArray& bytes)>
-std::unique_ptr<RowReader> openWhole(const std::shared_ptr<ByteSource>& source) {
-    return openBytes(source->all());
+template <OpenedImage (*open)(const QByteArray& bytes, ColorHandling handling)>
+OpenedImage openWhole(const std::shared_ptr<ByteSource>& source, ColorHandling handling) {
+    return open(source->all(), handling);
 }
 
-constexpr std::array families{
-    FormatFamily{isPng, openPng}, FormatFamily{isJpeg, openJpeg}, FormatFamily{isBmp, openWhole<openBmp>},
-    FormatFamily{isHeif, openWhole<openHeif>}, FormatFamily{isTiffGifOrWebp, openWhole<openTiffGifOrWebp>},
-    // Without a signature, so it comes last.
-    FormatFamily{isTga, openWhole<openTga>}};
+/// The same for formats whose samples always count as sRGB.
+template <std::unique_ptr<RowReader> (*open)(const QByteArray& bytes)>
+OpenedImage openWholeSRGB(const std::shared_ptr<ByteSource>& source, ColorHandling) {
+    return {open(source->all())};
+}
+
+constexpr std::array families{FormatFamily{isPng, openPng},
+                              FormatFamily{isJpeg, openJpeg},
+                              FormatFamily{isBmp, openWholeSRGB<openBmp>},
+                              FormatFamily{isHeif, openWhole<openHeif>},
+                              FormatFamily{isTiff, openWhole<openTiff>},
+                              FormatFamily{isGif, openWholeSRGB<openGif>},
+                              FormatFamily{isWebp, openWhole<openWebp>},
+                              // Without a signature, so it comes last.
+                              FormatFamily{isTga, openWholeSRGB<openTga>}};
 
 }  // namespace
 
-std::unique_ptr<RowReader> openImage(const std::shared_ptr<ByteSource>& source) {
+OpenedImage openImage(const std::shared_ptr<ByteSource>& source, ColorHandling handling) {
     constexpr std::int64_t beginningSize = 4096;
     const QByteArray beginning = source->part(0, beginningSize);
     const auto* const family = std::find_if(
@@ -46,10 +58,12 @@ std::unique_ptr<RowReader> openImage(const std::shared_ptr<ByteSource>& source) 
     if (family == families.end()) {
         throw DecodeError(DecodeProblem::notAnImage);
     }
-    return family->open(source);
+    return family->open(source, handling);
 }
 
-std::unique_ptr<RowReader> openImage(const QByteArray& bytes) { return openImage(bytesInMemory(bytes)); }
+std::unique_ptr<RowReader> openImage(const QByteArray& bytes) {
+    return openImage(bytesInMemory(bytes), ColorHandling::convert).rows;
+}
 
 QImage decodeImage(const QByteArray& bytes) { return readImage(*openImage(bytes)); }
 

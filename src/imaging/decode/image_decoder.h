@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imaging/decode/opened_image.h"
 #include "imaging/files/byte_source.h"
 #include "imaging/pixels/row_reader.h"
 
@@ -19,7 +20,9 @@ namespace quarlin {
 ///
 /// PNG without interlacing and baseline JPEG are read from the source as their rows are read. For any other
 /// format the whole file, and the whole image as well, may be held in memory.
-std::unique_ptr<RowReader> openImage(const std::shared_ptr<ByteSource>& source);
+OpenedImage openImage(const std::shared_ptr<ByteSource>& source, ColorHandling handling);
+
+/// The same for the bytes of a file, with its colors converted.
 std::unique_ptr<RowReader> openImage(const QByteArray& bytes);
 
 /// The whole image, in `pixelFormat`. Throws `DecodeError`, and `std::bad_alloc` if memory runs out.

@@ -42,19 +42,24 @@ private:
 
 }  // namespace
 
-std::unique_ptr<RowReader> openImageFile(const std::shared_ptr<InputFile>& file, std::optional<int> channel) {
+OpenedImage openImageFile(const std::shared_ptr<InputFile>& file, ColorHandling handling,
+                          std::optional<int> channel) {
     return locatingErrors(file->url(), [&] {
-        std::unique_ptr<RowReader> rows = openImage(file);
+        OpenedImage image = openImage(file, handling);
         if (channel) {
-            rows = channelRows(std::move(rows), *channel);
+            image.rows = channelRows(std::move(image.rows), *channel);
         }
-        return std::make_unique<ImageFileRows>(file, std::move(rows));
+        image.rows = std::make_unique<ImageFileRows>(file, std::move(image.rows));
+        return image;
     });
 }
 
-ImageFile readImageFile(const QUrl& url) {
+ImageFile readImageFile(const QUrl& url, ColorHandling handling) {
     const std::shared_ptr<InputFile> file = InputFile::open(url);
-    return locatingErrors(url, [&] { return ImageFile{file, readImage(*openImageFile(file))}; });
+    return locatingErrors(url, [&] {
+        const OpenedImage opened = openImageFile(file, handling);
+        return ImageFile{file, readImage(*opened.rows), opened.convertedFrom};
+    });
 }
 
 }  // namespace quarlin

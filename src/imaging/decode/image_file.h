@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imaging/decode/opened_image.h"
 #include "imaging/files/input_file.h"
 #include "imaging/pixels/row_reader.h"
 
@@ -14,16 +15,18 @@ namespace quarlin {
 /// location: `FileError` if it can't be read or changes meanwhile, `DecodeError` if it can't be decoded or
 /// does not fit into memory. With `channel`, 0 (red) to 3 (alpha), the rows are those of that channel in
 /// gray: see `channelRows`.
-std::unique_ptr<RowReader> openImageFile(const std::shared_ptr<InputFile>& file,
-                                         std::optional<int> channel = {});
+OpenedImage openImageFile(const std::shared_ptr<InputFile>& file, ColorHandling handling,
+                          std::optional<int> channel = {});
 
 /// An image file, still open, and the image that it decodes to.
 struct ImageFile {
     std::shared_ptr<InputFile> file;
     QImage image;
+    /// See `OpenedImage`.
+    QString convertedFrom = {};
 };
 
 /// Reads and decodes the image file at `url`. Throws as `openImageFile` does.
-ImageFile readImageFile(const QUrl& url);
+ImageFile readImageFile(const QUrl& url, ColorHandling handling = ColorHandling::convert);
 
 }  // namespace quarlin

@@ -87,30 +87,45 @@ ProfileUse useOf(const QByteArray& profile, const SampleForm& form) {
     return profile.isEmpty() ? ProfileUse::unusable : judgeProfile(profile, form.colorChannels());
 }
 
+/// The profile that counts for samples of `form`; nothing if they count as sRGB.
+std::optional<NamedProfile> profileFor(const SampleForm& form, const FileColors& colors) {
+    constexpr int inks = 4;
+    if (colors.handling == ColorHandling::keepSamples && form.colorChannels() != inks) {
+        return std::nullopt;
+    }
+    switch (useOf(colors.profile, form)) {
+        case ProfileUse::samplesAreSRGB:
+            return std::nullopt;
+        case ProfileUse::convert:
+            return NamedProfile{colors.profile, profileName(colors.profile)};
+        case ProfileUse::unusable:
+            break;
+    }
+    return colors.otherwise ? colors.otherwise() : std::nullopt;
+}
+
 template <typename Sample>
-RowConversion conversionOf(const SampleForm& form, const FileColors& colors) {
-    const auto conversionFrom = [&](const QByteArray& profile) {
-        return conversionToSRGB<Sample>(profile, form.colorChannels(), form.channels);
-    };
-    const ProfileUse use = useOf(colors.profile, form);
-    if (use == ProfileUse::samplesAreSRGB) {
-        return conversionOfSRGB<Sample>(form);
-    }
-    ColorConversion<Sample> conversion;
-    if (use == ProfileUse::convert) {
-        conversion = conversionFrom(colors.profile);
-    }
-    if (!conversion && colors.otherwise) {
-        if (const std::optional<QByteArray> profile = colors.otherwise()) {
-            conversion = conversionFrom(*profile);
+FileConversion conversionOf(const SampleForm& form, const FileColors& colors) {
+    const auto conversionFrom = [&](const std::optional<NamedProfile>& profile) {
+        ColorConversion<Sample> conversion;
+        if (profile) {
+            conversion = conversionToSRGB<Sample>(profile->bytes, form.colorChannels(), form.channels);
         }
+        return conversion;
+    };
+    std::optional<NamedProfile> profile = profileFor(form, colors);
+    ColorConversion<Sample> conversion = conversionFrom(profile);
+    if (profile && !conversion && colors.otherwise) {
+        profile = colors.otherwise();
+        conversion = conversionFrom(profile);
     }
-    return conversion ? conversionBy(std::move(conversion), form) : conversionOfSRGB<Sample>(form);
+    return conversion ? FileConversion{conversionBy(std::move(conversion), form), profile->name}
+                      : FileConversion{conversionOfSRGB<Sample>(form)};
 }
 
 }  // namespace
 
-RowConversion rowConversion(const SampleForm& form, const FileColors& colors) {
+FileConversion rowConversion(const SampleForm& form, const FileColors& colors) {
     return form.bits == 16 ? conversionOf<std::uint16_t>(form, colors)
                            : conversionOf<std::uint8_t>(form, colors);
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "imaging/color/color_profile.h"
+#include "imaging/decode/opened_image.h"
+
 #include <QByteArray>
 
 #include <cstdint>
@@ -35,11 +38,21 @@ struct FileColors {
     QByteArray profile;
     /// The profile that counts if that one is missing or can't be used; nothing if samples count as sRGB
     /// then.
-    std::function<std::optional<QByteArray>()> otherwise;
+    std::function<std::optional<NamedProfile>()> otherwise;
+    /// Whether profiles count at all for gray and RGB.
+    ColorHandling handling = ColorHandling::convert;
 };
 
-/// The conversion of pixels of `form` that `colors` ask for. Empty if there is none: samples that count as
-/// sRGB have 1 (gray), 2 (gray and alpha), 3 (RGB) or 4 (RGBA) channels.
-RowConversion rowConversion(const SampleForm& form, const FileColors& colors);
+/// How the samples of a file become pixels.
+struct FileConversion {
+    /// Empty if there is no conversion: samples that count as sRGB have 1 (gray), 2 (gray and alpha), 3 (RGB)
+    /// or 4 (RGBA) channels.
+    RowConversion convert;
+    /// See `OpenedImage`.
+    QString convertedFrom = {};
+};
+
+/// The conversion of pixels of `form` that `colors` ask for.
+FileConversion rowConversion(const SampleForm& form, const FileColors& colors);
 
 }  // namespace quarlin

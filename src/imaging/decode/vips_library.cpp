@@ -8,6 +8,8 @@
 
 namespace quarlin {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool start() {
@@ -39,7 +41,7 @@ void startVips() {
     }
 }
 
-std::optional<QByteArray> defaultCmykProfile() {
+std::optional<NamedProfile> defaultCmykProfile() {
     startVips();
     VipsBlob* blob = nullptr;
     if (vips_profile_load("cmyk", &blob, nullptr) != 0) {
@@ -50,7 +52,7 @@ std::optional<QByteArray> defaultCmykProfile() {
     const void* data = vips_blob_get(blob, &size);
     QByteArray bytes(static_cast<const char*>(data), static_cast<qsizetype>(size));
     vips_area_unref(VIPS_AREA(blob));
-    return bytes;
+    return NamedProfile{bytes, u"built-in CMYK profile"_s};
 }
 
 }  // namespace quarlin

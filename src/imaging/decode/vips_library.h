@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QByteArray>
+#include "imaging/color/color_profile.h"
 
 #include <optional>
 
@@ -12,6 +12,6 @@ void startVips();
 
 /// The ICC profile that libvips brings along for four inks (cyan, magenta, yellow, black); nothing if that
 /// can't be loaded.
-std::optional<QByteArray> defaultCmykProfile();
+std::optional<NamedProfile> defaultCmykProfile();
 
 }  // namespace quarlin

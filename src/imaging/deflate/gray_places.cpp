@@ -7,7 +7,7 @@ namespace quarlin {
 GrayPlaces::GrayPlaces(const GrayResiduals& residuals)
     : m_width(residuals.width),
       m_rows(residuals.rows),
-      m_values(static_cast<std::size_t>(farthestBack + placeOf(m_rows)) + coderSpare),
+      m_values(static_cast<std::size_t>(farthestBack + placeOf(m_rows)) + spare),
       m_restrictions(m_values.size()) {
     std::fill_n(m_values.begin(), farthestBack, std::uint8_t{0});
     std::fill_n(m_restrictions.begin(), farthestBack, std::uint8_t{longestMatch});
@@ -25,7 +25,7 @@ GrayPlaces::GrayPlaces(const GrayResiduals& residuals)
         }
         restrictions[0] = static_cast<std::uint8_t>(remainder + longestMatch);
     }
-    std::fill_n(m_values.end() - static_cast<std::ptrdiff_t>(coderSpare), coderSpare, std::uint8_t{0});
+    std::fill_n(m_values.end() - static_cast<std::ptrdiff_t>(spare), spare, std::uint8_t{0});
 }
 
 }  // namespace quarlin

@@ -19,6 +19,9 @@ public:
     /// The farthest place back. The bytes there may be slightly too far for a match.
     static constexpr std::int64_t farthestBack = farthestMatch / bytesPerPixel;
 
+    /// A match may be compared beyond the end of the row, eight bytes at a time.
+    static constexpr std::size_t spare = longestMatch + 1 + 8;
+
     explicit GrayPlaces(const GrayResiduals& residuals);
 
     std::int64_t width() const { return m_width; }
@@ -30,8 +33,8 @@ public:
         return static_cast<unsigned>(offsetOf(row) % bytesPerPixel);
     }
 
-    /// The residual at a place. `farthestBack` bytes before the first one and `coderSpare` after the last one
-    /// can be read.
+    /// The residual at a place. `farthestBack` bytes before the first one and `spare` after the last one can
+    /// be read.
     const std::uint8_t* value(std::int64_t place) const { return m_values.data() + farthestBack + place; }
 
     /// What restricts matches with a place, readable as far back as `value`. The upper two bits are the

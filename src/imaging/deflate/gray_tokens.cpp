@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <utility>
 
 namespace quarlin {
 
@@ -157,68 +158,79 @@ private:
     std::int64_t m_column = 1;
 };
 
-/// Finds the tokens of a strip, two rows at a time: two steps that do not wait for each other.
+/// Finds the tokens of a strip, several rows at a time: steps in different rows do not wait for each other.
 class Tokenizer {
 public:
-    explicit Tokenizer(const GrayResiduals& residuals)
-        : m_places(residuals), m_found(static_cast<std::size_t>(2 * residuals.width)) {}
+    /// As many as fit into the registers.
+    static constexpr std::size_t rowsAtOnce = 3;
 
-    /// Appends the tokens of one row, or of two.
-    void parse(std::int64_t row, std::int64_t count, GrayToken* tokens, std::size_t* tokenCounts) {
-        if (m_isSmooth) {
-            parseAs<true>(row, count, tokens, tokenCounts);
-        } else {
-            parseAs<false>(row, count, tokens, tokenCounts);
-        }
-        // Rows whose tokens are longer than that on average become smaller as smooth ones.
+    Tokenizer(const GrayResiduals& residuals, GrayToken* tokens, std::size_t* tokenCounts)
+        : m_places(residuals),
+          m_tokens(tokens),
+          m_tokenCounts(tokenCounts),
+          m_found(rowsAtOnce * static_cast<std::size_t>(residuals.width)) {
+        // Rows whose tokens are longer on average become smaller when they are parsed as smooth ones.
         constexpr double smoothLength = 4.5;
-        const auto length = static_cast<double>(m_places.width()) /
-                            static_cast<double>(std::max<std::size_t>(*tokenCounts, 1));
-        m_isSmooth = length > smoothLength;
+        bool isSmooth = true;
+        for (std::int64_t row = 0; row < residuals.rows;) {
+            const std::int64_t count = isSmooth ? parseNext<true>(row) : parseNext<false>(row);
+            const std::size_t found = std::max<std::size_t>(m_tokenCounts[row], 1);
+            isSmooth = static_cast<double>(residuals.width) / static_cast<double>(found) > smoothLength;
+            row += count;
+        }
     }
 
-    const std::array<TokenCounts, 2>& counts() const { return m_counts; }
+    const std::array<TokenCounts, rowsAtOnce>& counts() const { return m_counts; }
 
 private:
+    /// Finds the tokens of the next rows. Returns how many they are.
     template <bool isSmooth>
-    void parseAs(std::int64_t row, std::int64_t count, GrayToken* tokens, std::size_t* tokenCounts) {
-        const std::int64_t width = m_places.width();
-        RowParser<isSmooth> upper = prepared<isSmooth>(row, m_found.data(), tokens);
-        if (count == 2) {
-            RowParser<isSmooth> lower = prepared<isSmooth>(row + 1, m_found.data() + width, tokens + width);
-            while (!upper.isDone() && !lower.isDone()) {
-                upper.step(m_counts[0]);
-                lower.step(m_counts[1]);
-            }
-            while (!lower.isDone()) {
-                lower.step(m_counts[1]);
-            }
-            tokenCounts[1] = static_cast<std::size_t>(lower.end() - tokens - width);
+    std::int64_t parseNext(std::int64_t row) {
+        if (row + static_cast<std::int64_t>(rowsAtOnce) <= m_places.rows()) {
+            return parse<isSmooth>(row, std::make_index_sequence<rowsAtOnce>());
         }
-        while (!upper.isDone()) {
-            upper.step(m_counts[0]);
+        return parse<isSmooth>(row, std::index_sequence<0>());
+    }
+
+    /// Finds the tokens of as many rows as there are lanes.
+    template <bool isSmooth, std::size_t... lanes>
+    std::int64_t parse(std::int64_t row, std::index_sequence<lanes...>) {
+        std::array<RowParser<isSmooth>, sizeof...(lanes)> parsers{prepared<isSmooth>(row, lanes)...};
+        while (!(parsers[lanes].isDone() || ...)) {
+            (parsers[lanes].step(m_counts[lanes]), ...);
         }
-        tokenCounts[0] = static_cast<std::size_t>(upper.end() - tokens);
+        for (std::size_t lane = 0; lane < sizeof...(lanes); ++lane) {
+            while (!parsers[lane].isDone()) {
+                parsers[lane].step(m_counts[lane]);
+            }
+            const std::int64_t index = row + static_cast<std::int64_t>(lane);
+            m_tokenCounts[index] =
+                static_cast<std::size_t>(parsers[lane].end() - (m_tokens + index * m_places.width()));
+        }
+        return sizeof...(lanes);
     }
 
     template <bool isSmooth>
-    RowParser<isSmooth> prepared(std::int64_t row, LatestRuns::Found* found, GrayToken* tokens) {
+    RowParser<isSmooth> prepared(std::int64_t firstRow, std::size_t lane) {
+        const std::int64_t row = firstRow + static_cast<std::int64_t>(lane);
         const std::int64_t second = m_places.placeOf(row) + 1;
+        LatestRuns::Found* found = m_found.data() + lane * static_cast<std::size_t>(m_places.width());
         if constexpr (isSmooth) {
             m_latest.findFoursAndEights(m_places.value(second), second, m_places.width() - 1, found + 1);
         } else {
             m_latest.findTwosAndFours(m_places.value(second), second, m_places.width() - 1, found + 1);
         }
-        return {m_places, row, found, tokens};
+        return {m_places, row, found, m_tokens + row * m_places.width()};
     }
 
     GrayPlaces m_places;
+    GrayToken* m_tokens;
+    std::size_t* m_tokenCounts;
     LatestRuns m_latest;
-    /// Of both rows.
+    /// Of the rows that are parsed at once.
     std::vector<LatestRuns::Found, UninitializedAllocator<LatestRuns::Found>> m_found;
-    /// Of the upper and of the lower rows.
-    std::array<TokenCounts, 2> m_counts;
-    bool m_isSmooth = true;
+    /// Of each lane.
+    std::array<TokenCounts, rowsAtOnce> m_counts;
 };
 
 void addTo(SymbolCounts& sum, const TokenCounts& counts) {
@@ -239,11 +251,7 @@ GrayTokens::GrayTokens(const GrayResiduals& residuals)
     : m_width(residuals.width),
       m_tokens(static_cast<std::size_t>(residuals.rows * residuals.width)),
       m_tokenCounts(static_cast<std::size_t>(residuals.rows)) {
-    Tokenizer tokenizer(residuals);
-    for (std::int64_t row = 0; row < residuals.rows; row += 2) {
-        tokenizer.parse(row, std::min<std::int64_t>(2, residuals.rows - row), m_tokens.data() + row * m_width,
-                        m_tokenCounts.data() + row);
-    }
+    const Tokenizer tokenizer(residuals, m_tokens.data(), m_tokenCounts.data());
     for (const TokenCounts& counts : tokenizer.counts()) {
         addTo(m_counts, counts);
     }

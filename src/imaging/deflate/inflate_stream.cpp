@@ -29,7 +29,9 @@ bool InflateStream::advance() {
                           m_state->read_in_length);
     };
     const auto before = place();
-    return isal_inflate(m_state.get()) == ISAL_DECOMP_OK && place() != before;
+    const int result = isal_inflate(m_state.get());
+    m_hasWrongChecksum = result == ISAL_INCORRECT_CHECKSUM;
+    return result == ISAL_DECOMP_OK && place() != before;
 }
 
 bool InflateStream::read(std::span<std::uint8_t> output) {

@@ -30,11 +30,15 @@ public:
     /// Whether only the end of the stream is left, with a correct checksum and no byte after it.
     bool hasEnded();
 
+    /// Whether the stream was inflated to its end, where a wrong checksum was found.
+    bool hasWrongChecksum() const { return m_hasWrongChecksum; }
+
 private:
     bool advance();
 
     NextPiece m_nextPiece;
     std::unique_ptr<inflate_state> m_state;
+    bool m_hasWrongChecksum = false;
 };
 
 }  // namespace quarlin

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <utility>
 
 namespace quarlin {
 
@@ -12,7 +13,6 @@ namespace {
 
 /// The shortest match, in pixels. A shorter one takes about as many bits as its pixels.
 constexpr std::int64_t shortestMatch = 3;
-constexpr std::int64_t shortestBytes = shortestMatch * bytesPerPixel;
 
 /// Counts the bytes of pixels and the matches. Counters per channel: incrementing the same counter twice in a
 /// row would wait for the first write.
@@ -137,7 +137,7 @@ public:
         const std::uint64_t third = loadWord<std::uint32_t>(here + 16) ^ loadWord<std::uint32_t>(there + 16);
         std::int64_t pixels = second == 0 ? 4 : 3;
         if ((second | third) == 0) [[unlikely]] {
-            pixels = matchLength(here, there, longestMatch);
+            pixels = matchLength(here, there, std::min(longestMatch, m_width - m_column));
         }
         if (pixels > m_width - m_column) [[unlikely]] {
             pixels = m_width - m_column;
@@ -169,20 +169,23 @@ private:
     std::int64_t m_column = 0;
 };
 
-/// Finds the tokens of a strip, two rows at a time: two steps that do not wait for each other.
+/// Finds the tokens of a strip, several rows at a time: steps in different rows do not wait for each other.
 class Tokenizer {
 public:
+    /// As many as fit into the registers.
+    static constexpr std::size_t rowsAtOnce = 3;
+
     Tokenizer(const FilteredRows& filtered, PixelToken* tokens, std::size_t* tokenCounts)
         : m_filtered(filtered),
           m_tokens(tokens),
           m_tokenCounts(tokenCounts),
-          m_found(static_cast<std::size_t>(2 * filtered.width)) {
+          m_found(rowsAtOnce * static_cast<std::size_t>(filtered.width)) {
         // Where few pixels are in matches, as in noise, more and more rows are not searched.
-        constexpr std::int64_t leastSkipped = 2;
+        constexpr std::int64_t leastSkipped = 4;
         constexpr std::int64_t mostSkipped = 16;
         std::int64_t skipped = leastSkipped;
         for (std::int64_t row = 0; row < filtered.rows;) {
-            const std::int64_t count = std::min<std::int64_t>(2, filtered.rows - row);
+            const std::int64_t count = std::min<std::int64_t>(rowsAtOnce, filtered.rows - row);
             const bool isWorthwhile = search(row, count);
             row += count;
             if (isWorthwhile) {
@@ -196,39 +199,46 @@ public:
         }
     }
 
-    const std::array<PixelCounts, 2>& counts() const { return m_counts; }
+    const std::array<PixelCounts, rowsAtOnce>& counts() const { return m_counts; }
 
 private:
     std::int64_t placeOf(std::int64_t row) const { return row * (m_filtered.width * bytesPerPixel + 1) + 1; }
 
-    /// Finds the tokens of one row, or of two. Returns whether a fair part of the pixels is in matches.
+    /// Finds the tokens of `count` rows. Returns whether a fair part of the pixels is in matches.
     bool search(std::int64_t row, std::int64_t count) {
-        RowParser upper = prepared(row, m_found.data());
-        if (count == 2) {
-            RowParser lower = prepared(row + 1, m_found.data() + m_filtered.width);
-            while (!upper.isDone() && !lower.isDone()) {
-                upper.step(m_counts[0]);
-                lower.step(m_counts[1]);
+        if (count == rowsAtOnce) {
+            parse(row, std::make_index_sequence<rowsAtOnce>());
+        } else {
+            for (std::int64_t index = 0; index < count; ++index) {
+                parse(row + index, std::index_sequence<0>());
             }
-            while (!lower.isDone()) {
-                lower.step(m_counts[1]);
-            }
-            lower.finish(m_counts[1]);
-            keep(row + 1, lower);
         }
-        while (!upper.isDone()) {
-            upper.step(m_counts[0]);
-        }
-        upper.finish(m_counts[0]);
-        keep(row, upper);
         return std::any_of(m_tokenCounts + row, m_tokenCounts + row + count, [&](std::size_t tokens) {
             return tokens > 0 && tokens < static_cast<std::size_t>(m_filtered.width * 15 / 16);
         });
     }
 
-    RowParser prepared(std::int64_t row, LatestPixelRuns::LowBits* found) {
+    /// Finds the tokens of as many rows as there are lanes.
+    template <std::size_t... lanes>
+    void parse(std::int64_t row, std::index_sequence<lanes...>) {
+        std::array<RowParser, sizeof...(lanes)> parsers{prepared(row, lanes)...};
+        while (!(parsers[lanes].isDone() || ...)) {
+            (parsers[lanes].step(m_counts[lanes]), ...);
+        }
+        for (std::size_t lane = 0; lane < sizeof...(lanes); ++lane) {
+            while (!parsers[lane].isDone()) {
+                parsers[lane].step(m_counts[lane]);
+            }
+            parsers[lane].finish(m_counts[lane]);
+            keep(row + static_cast<std::int64_t>(lane), parsers[lane]);
+        }
+    }
+
+    RowParser prepared(std::int64_t firstRow, std::size_t lane) {
+        const std::int64_t row = firstRow + static_cast<std::int64_t>(lane);
         const std::int64_t place = placeOf(row);
         const std::uint8_t* pixels = m_filtered.data + place;
+        LatestPixelRuns::LowBits* found = m_found.data() + lane * static_cast<std::size_t>(m_filtered.width);
         m_latest.find(pixels, place, m_filtered.width - shortestMatch + 1, found);
         return {pixels, m_filtered.width, place, found, m_tokens + row * m_filtered.width};
     }
@@ -250,9 +260,10 @@ private:
     PixelToken* m_tokens;
     std::size_t* m_tokenCounts;
     LatestPixelRuns m_latest;
-    /// Of both rows.
+    /// Of the rows that are parsed at once.
     std::vector<LatestPixelRuns::LowBits, UninitializedAllocator<LatestPixelRuns::LowBits>> m_found;
-    std::array<PixelCounts, 2> m_counts;
+    /// Of each lane.
+    std::array<PixelCounts, rowsAtOnce> m_counts;
 };
 
 }  // namespace

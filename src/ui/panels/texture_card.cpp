@@ -115,6 +115,7 @@ void TextureCard::setAsset(const std::optional<TextureAsset>& asset) {
         m_thumbnail->setImage(asset->preview);
         m_fileName->setText(asset->fileName);
         m_size->setText(asset->sizeLabel());
+        m_size->setToolTip(asset->valueNote());
     } else {
         m_thumbnail->setImage({});
     }

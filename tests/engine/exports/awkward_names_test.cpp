@@ -56,9 +56,8 @@ TEST_F(AwkwardFileNames, ThatDifferOnlyInCaseAreTwoFiles) {
 class AwkwardMaterialNames : public EitherExport {
 protected:
     QString folderOf(const AwkwardMaterialName& material) const {
-        const QString standIn = GetParam() == ExportKind::material
-                                    ? ConversionSettings::defaultMaterialName()
-                                    : NormalGeneratorSettings::defaultMaterialName();
+        const QString standIn = GetParam().isMaterial ? ConversionSettings::defaultMaterialName()
+                                                      : NormalGeneratorSettings::defaultMaterialName();
         return material.folder.isEmpty() ? standIn : material.folder;
     }
 };
@@ -100,8 +99,6 @@ TEST_P(AwkwardMaterialNames, FollowALinkInThePlaceOfAFile) {
     EXPECT_TRUE(QFileInfo(setPath() + u'/' + setNames().constFirst()).isSymLink());
 }
 
-INSTANTIATE_TEST_SUITE_P(Exports, AwkwardMaterialNames,
-                         testing::Values(ExportKind::material, ExportKind::maps),
-                         testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(Exports, AwkwardMaterialNames, allExportKinds(), testing::PrintToStringParamName());
 
 }  // namespace

@@ -24,13 +24,17 @@ void EitherExport::loadPictures(std::uint64_t seed) {
     for (const TextureSlotKind slot : allCases<TextureSlotKind>()) {
         const QUrl file = folder.url(u"in/"_s + rawValue(slot) + u".png"_s);
         writePng(file, noisePicture(24, 24, seed * 10 + static_cast<std::uint64_t>(slot)), false);
-        textures.insert_or_assign(slot, processor.loadAsset(file));
+        textures.insert_or_assign(slot, texture(file));
     }
+}
+
+TextureAsset EitherExport::texture(const QUrl& file) const {
+    return GetParam().isLoaded ? processor.loadAsset(file) : processor.openAsset(file);
 }
 
 ExportResult EitherExport::exported() const {
     const QUrl parent = folder.url(u"out"_s);
-    if (GetParam() == ExportKind::material) {
+    if (GetParam().isMaterial) {
         ConversionSettings settings;
         settings.materialName = name;
         settings.outputResolution = OutputResolution::matchBase;
@@ -52,8 +56,7 @@ std::string EitherExport::failure() const {
 }
 
 QStringList EitherExport::setNames() const {
-    return GetParam() == ExportKind::material ? namesOf(materialFiles(), name)
-                                              : namesOf(generatedFiles(), name);
+    return GetParam().isMaterial ? namesOf(materialFiles(), name) : namesOf(generatedFiles(), name);
 }
 
 std::string EitherExport::cannotCreate(const QString& file) const {

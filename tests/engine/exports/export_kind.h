@@ -16,11 +16,20 @@ namespace quarlin {
 
 using namespace Qt::StringLiterals;
 
-/// One of the two tools' exports, for tests that apply to both.
-enum class ExportKind { material, maps };
+/// One of the two tools' exports, of textures that are loaded or only opened before, for tests that apply to
+/// all.
+struct ExportKind {
+    bool isMaterial;
+    bool isLoaded;
+};
 
 inline void PrintTo(ExportKind kind, std::ostream* out) {
-    *out << (kind == ExportKind::material ? "Material" : "Maps");
+    *out << (kind.isLoaded ? "" : "Opened") << (kind.isMaterial ? "Material" : "Maps");
+}
+
+inline auto allExportKinds() {
+    return testing::Values(ExportKind{true, true}, ExportKind{false, true}, ExportKind{true, false},
+                           ExportKind{false, false});
 }
 
 /// A full set of one kind, named Brick, exported from the folder "in" to the folder "out".
@@ -30,6 +39,9 @@ protected:
 
     /// Replaces the inputs with pictures that differ for every `seed`.
     void loadPictures(std::uint64_t seed);
+
+    /// Reads a file as this kind of export expects its textures.
+    TextureAsset texture(const QUrl& file) const;
 
     ExportResult exported() const;
     /// The message of the failed export; empty if it succeeds.

@@ -192,7 +192,6 @@ TEST_P(FailingDisk, AFolderMovedAwayKeepsWhatWasWrittenIntoIt) {
     expectNextExportToWork();
 }
 
-INSTANTIATE_TEST_SUITE_P(Exports, FailingDisk, testing::Values(ExportKind::material, ExportKind::maps),
-                         testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(Exports, FailingDisk, allExportKinds(), testing::PrintToStringParamName());
 
 }  // namespace

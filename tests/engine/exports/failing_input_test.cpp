@@ -158,7 +158,6 @@ TEST_P(FailingInput, IsForgottenByTheNextExport) {
     EXPECT_NE(files(), before);
 }
 
-INSTANTIATE_TEST_SUITE_P(Exports, FailingInput, testing::Values(ExportKind::material, ExportKind::maps),
-                         testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(Exports, FailingInput, allExportKinds(), testing::PrintToStringParamName());
 
 }  // namespace

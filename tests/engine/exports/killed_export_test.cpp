@@ -138,7 +138,6 @@ TEST_P(KilledExport, IsTidiedUpAfterByTheFirstOneADayLater) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Exports, KilledExport, testing::Values(ExportKind::material, ExportKind::maps),
-                         testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(Exports, KilledExport, allExportKinds(), testing::PrintToStringParamName());
 
 }  // namespace

@@ -1,4 +1,4 @@
-// A bitmap gives every pixel a value, or it is refused: the reader behind leaves what is skipped undefined.
+// A bitmap is all there, or it is refused.
 
 #include "bmp_files.h"
 #include "engine/base/texture_processor_error.h"
@@ -42,11 +42,12 @@ TEST_F(DamagedBmp, RunsFillEveryRow) {
     EXPECT_FALSE(isRefused(withCodes(QByteArray("\1\x11\0\3\1\2\3\0\0\0\2\x22\2\x33\0\1", 16))));
 }
 
-TEST_F(DamagedBmp, RowsThatRunsEndTooSoonAreAnError) {
-    EXPECT_TRUE(isRefused(withCodes(QByteArray("\3\x11\0\0\4\x22\0\1", 8))));
-    EXPECT_TRUE(isRefused(withCodes(QByteArray("\4\x11\0\0\3\x22\0\1", 8))));
-    EXPECT_TRUE(isRefused(withCodes(QByteArray("\0\0\4\x22\0\1", 6))));
-    EXPECT_TRUE(isRefused(withCodes(QByteArray("\4\x11\0\1", 4))));
+TEST_F(DamagedBmp, RunsThatStopBeforeTheLastPixelAreAnError) {
+    EXPECT_TRUE(isRefused(withCodes(QByteArray("\4\x11\0\0\3\x22", 6))));
+    EXPECT_TRUE(isRefused(withCodes(QByteArray("\4\x11\0\0", 4))));
+    EXPECT_TRUE(isRefused(withCodes(QByteArray("\4\x11\0\0\0\4\1\2\3", 9))));
+    // Zeros end rows, but not the bitmap.
+    EXPECT_TRUE(isRefused(withCodes(QByteArray(40, '\0'))));
 }
 
 TEST_F(DamagedBmp, RunsBeyondTheirRowAreAnError) {
@@ -55,9 +56,9 @@ TEST_F(DamagedBmp, RunsBeyondTheirRowAreAnError) {
     EXPECT_TRUE(isRefused(withCodes(QByteArray("\4\x11\4\x22\0\1", 6))));
 }
 
-TEST_F(DamagedBmp, RunsThatJumpOverPixelsAreAnError) {
-    EXPECT_TRUE(isRefused(withCodes(QByteArray("\1\x11\0\2\3\0\0\0\4\x22\0\1", 12))));
-    EXPECT_TRUE(isRefused(withCodes(QByteArray("\4\x11\0\2\0\1", 6))));
+TEST_F(DamagedBmp, RunsThatJumpOutOfThePictureAreAnError) {
+    EXPECT_TRUE(isRefused(withCodes(QByteArray("\1\x11\0\2\4\0\0\1", 8))));
+    EXPECT_TRUE(isRefused(withCodes(QByteArray("\1\x11\0\2\0\3\0\1", 8))));
 }
 
 TEST_F(DamagedBmp, PixelsThatBeginInsideTheHeadersAreAnError) {

@@ -14,6 +14,9 @@
 
 #include <gtest/gtest.h>
 #include <QImage>
+#include <QtEndian>
+
+#include <zlib.h>
 
 #include <random>
 
@@ -125,6 +128,29 @@ TEST_F(DamagedInput, PngWithAChangedByteInItsImageData) {
             60 + static_cast<qsizetype>(random() % static_cast<std::uint64_t>(whole.size() - 80));
         broken[at] = static_cast<char>(broken[at] ^ 0x10);
         EXPECT_TRUE(isRefused(broken)) << at;
+    }
+}
+
+TEST_F(DamagedInput, PngWhosePixelsHaveAWrongChecksumInAnIntactChunk) {
+    for (const bool isInterlaced : {false, true}) {
+        for (const int bitDepth : {8, 16}) {
+            PngForm form;
+            form.interlaced = isInterlaced;
+            form.bitDepth = bitDepth;
+            writePngSamples(file, 30, 20, std::vector<std::uint16_t>(std::size_t{30} * 20 * 4, 200), form);
+            QByteArray broken = readFile(file);
+            ASSERT_FALSE(isRefused(broken));
+            // The checksum of the pixels is the end of the last chunk before the one for the end, and that of
+            // the chunk follows it.
+            const qsizetype chunk = broken.indexOf("IDAT");
+            const qsizetype end = broken.indexOf("IEND") - 8;
+            ASSERT_EQ(broken.count("IDAT"), 1);
+            broken[end - 1] = static_cast<char>(broken[end - 1] ^ 1);
+            const auto* checked = reinterpret_cast<const Bytef*>(broken.constData() + chunk);
+            qToBigEndian(static_cast<quint32>(crc32(0, checked, static_cast<uInt>(end - chunk))),
+                         broken.data() + end);
+            EXPECT_TRUE(isRefused(broken)) << isInterlaced << bitDepth;
+        }
     }
 }
 

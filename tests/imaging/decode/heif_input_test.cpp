@@ -1,6 +1,6 @@
 // HEIC and AVIF files: samples of every depth, alpha, and boxes about orientation, cropping and colors.
 
-#include "imaging/decode/formats/heif_boxes.h"
+#include "imaging/decode/formats/heif/orientation.h"
 
 #include "color_profiles.h"
 #include "heif_files.h"

@@ -3,6 +3,8 @@
 
 #include "imaging/decode/decode_error.h"
 #include "imaging/decode/image_decoder.h"
+#include "imaging/decode/image_file.h"
+#include "imaging/files/file_error.h"
 #include "imaging/pixels/image_view.h"
 
 #include "bmp_files.h"
@@ -16,6 +18,7 @@
 #include "tiff_files.h"
 #include "vips_files.h"
 
+#include <QFile>
 #include <QtEndian>
 
 #include <gtest/gtest.h>
@@ -161,6 +164,35 @@ TEST_P(RowReaders, GiveTheRowsOfTheWholeImageInAnyPortions) {
     for (const std::vector<std::int64_t>& counts :
          {std::vector<std::int64_t>{1}, {height}, {1, 2, 0, 3, 5, 7, 11}, {13, 17}, {40, 1}}) {
         EXPECT_TRUE(sameBytes(whole, rowsReadBy(*openImage(file), counts))) << counts.front();
+    }
+}
+
+TEST_P(RowReaders, GiveTheSameRowsFromAnOpenFile) {
+    const TemporaryFolder folder;
+    const QUrl url = folder.url(u"a"_s);
+    writeFile(url, GetParam().file());
+    const std::shared_ptr<InputFile> file = InputFile::open(url);
+    for (int times = 0; times < 2; ++times) {
+        const OpenedImage image = openImageFile(file, ColorHandling::convert);
+        EXPECT_TRUE(sameBytes(bytesOf(decodeImage(GetParam().file())), rowsReadBy(*image.rows, {7})));
+    }
+}
+
+TEST_P(RowReaders, ThrowWhenTheirFileIsWrittenToMeanwhile) {
+    const TemporaryFolder folder;
+    const QUrl url = folder.url(u"a"_s);
+    writeFile(url, GetParam().file());
+    const OpenedImage image = openImageFile(InputFile::open(url), ColorHandling::convert);
+    QFile file(url.toLocalFile());
+    ASSERT_TRUE(file.open(QIODevice::Append));
+    file.write("more");
+    file.close();
+    try {
+        rowsReadBy(*image.rows, {7});
+        ADD_FAILURE() << "all rows were read";
+    } catch (const FileError& error) {
+        EXPECT_EQ(error.problem(), FileProblem::changed);
+        EXPECT_EQ(error.file(), url);
     }
 }
 

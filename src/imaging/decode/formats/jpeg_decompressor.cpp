@@ -10,6 +10,8 @@
 #include <exception>
 // The library's header needs FILE before it.
 #include <jpeglib.h>
+// This one needs the library's header.
+#include <jerror.h>
 #include <string_view>
 #include <utility>
 
@@ -24,6 +26,8 @@ struct JpegDecompressor::Library {
     /// What reading the input threw: exceptions can't pass through the library.
     std::exception_ptr inputFailure;
     std::jmp_buf failure{};
+    bool hasDamage = false;
+    bool hasNoEnd = false;
 
     explicit Library(BlockReader input_) : blocks(std::move(input_)) {
         jpeg.err = jpeg_std_error(&errors);
@@ -40,8 +44,23 @@ struct JpegDecompressor::Library {
     static Library& of(void* clientData) { return *static_cast<Library*>(clientData); }
 
     static void noteWarning(j_common_ptr common, int level) {
-        if (level < 0) {
-            ++common->err->num_warnings;
+        if (level >= 0) {
+            return;
+        }
+        auto* library = static_cast<Library*>(common->client_data);
+        switch (common->err->msg_code) {
+            // What a segment says contradicts another one, but there is no doubt how to decode the picture.
+            case JWRN_ADOBE_XFORM:
+            case JWRN_BOGUS_ICC:
+            case JWRN_BOGUS_PROGRESSION:
+            case JWRN_JFIF_MAJOR:
+            case JWRN_NOT_SEQUENTIAL:
+                break;
+            case JWRN_JPEG_EOF:
+                library->hasNoEnd = true;
+                break;
+            default:
+                library->hasDamage = true;
         }
     }
     [[noreturn]] static void leave(j_common_ptr common) { std::longjmp(of(common->client_data).failure, 1); }
@@ -78,7 +97,7 @@ struct JpegDecompressor::Library {
         }
         if (input.bytes_in_buffer == 0) {
             // The file ends too soon: the library needs an end to stop at.
-            ++errors.num_warnings;
+            hasNoEnd = true;
             input.next_input_byte = endMarker.data();
             input.bytes_in_buffer = endMarker.size();
         }
@@ -147,15 +166,45 @@ QByteArray JpegDecompressor::colorProfile() const {
     return profile;
 }
 
-void JpegDecompressor::refuse() {
+void JpegDecompressor::refuse() const {
     if (m_library->inputFailure) {
         std::rethrow_exception(m_library->inputFailure);
     }
     throw DecodeError(DecodeProblem::damaged);
 }
 
-void JpegDecompressor::expectNoWarning() {
-    if (m_library->errors.num_warnings > 0) {
+/// Whether the scans that have been read give each coefficient all of its bits. Codes that are missing inside
+/// of a scan are damage, whole scans are not.
+bool JpegDecompressor::hasEveryCoefficient() const {
+    const jpeg_decompress_struct& jpeg = m_library->jpeg;
+    for (int component = 0; component < jpeg.num_components; ++component) {
+        // Kept from the first scan of a component.
+        if (jpeg.comp_info[component].quant_table == nullptr) {
+            return false;
+        }
+        // The number of lowest bits that are not known yet.
+        if (jpeg.progressive_mode != 0 &&
+            !std::all_of(jpeg.coef_bits[component], jpeg.coef_bits[component] + DCTSIZE2,
+                         [](int bits) { return bits == 0; })) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void JpegDecompressor::expectNoDamage() const {
+    const bool isIncomplete =
+        m_library->hasNoEnd && (m_extent == JpegExtent::wholeFile || !hasEveryCoefficient());
+    if (m_library->hasDamage || isIncomplete) {
+        refuse();
+    }
+}
+
+/// Reads what follows the last row, up to the end marker.
+void JpegDecompressor::readEnd() {
+    const bool isRead = m_library->succeeds([&] { jpeg_finish_decompress(&m_library->jpeg); });
+    // The coefficients are gone, and have been checked.
+    if (!isRead || m_library->hasDamage || (m_extent == JpegExtent::wholeFile && m_library->hasNoEnd)) {
         refuse();
     }
 }
@@ -170,15 +219,14 @@ void JpegDecompressor::readRow(std::uint8_t* samples) {
         }
         JSAMPROW row = samples;
         jpeg_read_scanlines(&jpeg, &row, 1);
-        if (m_extent == JpegExtent::wholeFile && jpeg.output_scanline == jpeg.output_height &&
-            jpeg.err->num_warnings == 0) {
-            jpeg_finish_decompress(&jpeg);
-        }
     });
     if (!isRead) {
         refuse();
     }
-    expectNoWarning();
+    expectNoDamage();
+    if (m_extent != JpegExtent::rows && jpeg.output_scanline == jpeg.output_height) {
+        readEnd();
+    }
     // Files of inks hold the amount of light, as image editors write them.
     if (isCmyk()) {
         std::transform(samples, samples + width() * channels(), samples,

@@ -14,12 +14,15 @@ namespace quarlin {
 enum class JpegExtent {
     /// Everything up to the last row.
     rows,
+    /// All scans: nothing is left over, and nothing but the end marker is missing.
+    wholeScans,
     /// Everything up to the end marker: nothing is missing and nothing left over.
     wholeFile,
 };
 
-/// Decodes one JPEG file row by row. Throws `DecodeError` if it is damaged, which any warning of the library
-/// means, and what the source throws.
+/// Decodes one JPEG file row by row. Throws what the source throws, and `DecodeError` if the file is damaged,
+/// which nearly any warning of the library means. Unusual parameters are no damage, and neither is a missing
+/// end marker if the picture is complete.
 class JpegDecompressor {
 public:
     /// Reads the header. The file consists of `parts` of the source.
@@ -42,8 +45,10 @@ public:
 private:
     struct Library;
 
-    void refuse();
-    void expectNoWarning();
+    [[noreturn]] void refuse() const;
+    void expectNoDamage() const;
+    bool hasEveryCoefficient() const;
+    void readEnd();
 
     JpegExtent m_extent;
     std::unique_ptr<Library> m_library;

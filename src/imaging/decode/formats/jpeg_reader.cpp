@@ -44,36 +44,38 @@ private:
     RowConversion m_conversion;
 };
 
-std::unique_ptr<RowReader> openCleaned(const std::shared_ptr<ByteSource>& source,
-                                       const std::vector<ByteRange>& parts, JpegExtent extent) {
+OpenedImage openCleaned(const std::shared_ptr<ByteSource>& source, const std::vector<ByteRange>& parts,
+                        JpegExtent extent, ColorHandling handling) {
     auto jpeg = std::make_unique<JpegDecompressor>(source, parts, extent);
-    FileColors colors{jpeg->colorProfile(), {}};
+    FileColors colors{jpeg->colorProfile(), {}, handling};
     if (jpeg->isCmyk()) {
         colors.otherwise = defaultCmykProfile;
     }
-    RowConversion conversion = rowConversion(formOf(*jpeg), colors);
-    if (!conversion) {
+    FileConversion conversion = rowConversion(formOf(*jpeg), colors);
+    if (!conversion.convert) {
         throw DecodeError(DecodeProblem::damaged);
     }
-    return std::make_unique<JpegReader>(std::move(jpeg), std::move(conversion));
+    return {std::make_unique<JpegReader>(std::move(jpeg), std::move(conversion.convert)),
+            conversion.convertedFrom};
 }
 
 }  // namespace
 
 bool isJpeg(const QByteArray& bytes) { return bytes.startsWith("\xff\xd8\xff"); }
 
-std::unique_ptr<RowReader> openJpeg(const std::shared_ptr<ByteSource>& source) {
+OpenedImage openJpeg(const std::shared_ptr<ByteSource>& source, ColorHandling handling) {
     JpegParts parts = jpegParts(*source);
     if (parts.withoutZeros == parts.clean) {
-        return openCleaned(source, parts.clean, JpegExtent::rows);
+        return openCleaned(source, parts.clean, JpegExtent::rows, handling);
     }
     // If the picture needs all of the zeros, the file is without flaw with them; otherwise it must be so
     // without them, and the rows are the same.
-    return std::make_unique<AlternativeRows>(openCleaned(source, parts.clean, JpegExtent::wholeFile),
-                                             [source, withoutZeros = std::move(parts.withoutZeros)] {
-                                                 return openCleaned(source, withoutZeros,
-                                                                    JpegExtent::wholeFile);
-                                             });
+    OpenedImage image = openCleaned(source, parts.clean, JpegExtent::wholeFile, handling);
+    image.rows = std::make_unique<AlternativeRows>(
+        std::move(image.rows), [source, withoutZeros = std::move(parts.withoutZeros), handling] {
+            return openCleaned(source, withoutZeros, JpegExtent::wholeScans, handling).rows;
+        });
+    return image;
 }
 
 }  // namespace quarlin

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "imaging/decode/opened_image.h"
 #include "imaging/files/byte_source.h"
-#include "imaging/pixels/row_reader.h"
 
 #include <QByteArray>
 
@@ -13,12 +13,12 @@ namespace quarlin {
 bool isJpeg(const QByteArray& bytes);
 
 /// Opens a JPEG file; throws `DecodeError` and what the source throws. A warning of the decoder counts as
-/// damage.
+/// damage, except one about unusual parameters. The end marker may be missing.
 ///
 /// Bytes between the segments of the header do no harm, and neither do zeros that pad a scan. But zeros are
 /// valid codes, too: the part of a file that was never written (a copy or a download that broke off) decodes
 /// to flat color without a warning. So a scan that ends in zeros must need either all of them, as flat
 /// pictures do, or none.
-std::unique_ptr<RowReader> openJpeg(const std::shared_ptr<ByteSource>& source);
+OpenedImage openJpeg(const std::shared_ptr<ByteSource>& source, ColorHandling handling);
 
 }  // namespace quarlin

@@ -2,7 +2,9 @@
 
 #include "imaging/color/color_profile.h"
 #include "imaging/decode/alternative_rows.h"
+#include "imaging/decode/decode_error.h"
 #include "imaging/decode/formats/plain_png_reader.h"
+#include "imaging/decode/formats/png_checksum.h"
 #include "imaging/decode/formats/vips_reader.h"
 #include "imaging/png/png_signature.h"
 
@@ -12,6 +14,8 @@
 #include <optional>
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -41,19 +45,26 @@ std::optional<double> onlyGamma(const QByteArray& png) {
 
 bool isPng(const QByteArray& bytes) { return bytes.startsWith(QByteArrayView(pngSignature)); }
 
-std::unique_ptr<RowReader> openPng(const std::shared_ptr<ByteSource>& source) {
+OpenedImage openPng(const std::shared_ptr<ByteSource>& source, ColorHandling handling) {
     if (auto plain = openPlainPng(source)) {
-        return std::make_unique<AlternativeRows>(std::move(plain),
-                                                 [source] { return openAnyPng(source->all()); });
+        return {std::make_unique<AlternativeRows>(std::move(plain),
+                                                  [source] { return openAnyPng(source->all()).rows; })};
     }
-    return openAnyPng(source->all());
+    return openAnyPng(source->all(), handling);
 }
 
-std::unique_ptr<RowReader> openAnyPng(const QByteArray& bytes) {
-    return openWithVips(bytes, [&](int colorChannels) -> std::optional<QByteArray> {
+OpenedImage openAnyPng(const QByteArray& bytes, ColorHandling handling) {
+    if (hasWrongPixelChecksum(bytes)) {
+        throw DecodeError(DecodeProblem::damaged);
+    }
+    const auto profileOfFile = [&](int colorChannels) -> std::optional<NamedProfile> {
         const std::optional<double> gamma = onlyGamma(bytes);
-        return gamma ? profileOfGamma(*gamma, colorChannels) : std::nullopt;
-    });
+        const std::optional<QByteArray> profile =
+            gamma ? profileOfGamma(*gamma, colorChannels) : std::nullopt;
+        return profile ? std::optional(NamedProfile{*profile, u"gamma "_s + QString::number(*gamma)})
+                       : std::nullopt;
+    };
+    return openWithVips(bytes, profileOfFile, handling);
 }
 
 }  // namespace quarlin

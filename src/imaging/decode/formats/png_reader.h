@@ -1,7 +1,7 @@
 #pragma once
 
+#include "imaging/decode/opened_image.h"
 #include "imaging/files/byte_source.h"
-#include "imaging/pixels/row_reader.h"
 
 #include <QByteArray>
 
@@ -13,10 +13,10 @@ namespace quarlin {
 bool isPng(const QByteArray& bytes);
 
 /// Opens a PNG file of any kind; throws `DecodeError`.
-std::unique_ptr<RowReader> openPng(const std::shared_ptr<ByteSource>& source);
+OpenedImage openPng(const std::shared_ptr<ByteSource>& source, ColorHandling handling);
 
 /// Opens a PNG file by the general decoder, which knows every kind of PNG file and forgives some flaws that
 /// harm no pixel.
-std::unique_ptr<RowReader> openAnyPng(const QByteArray& bytes);
+OpenedImage openAnyPng(const QByteArray& bytes, ColorHandling handling = ColorHandling::convert);
 
 }  // namespace quarlin

@@ -2,7 +2,6 @@
 
 #include "imaging/base/pixel_size.h"
 #include "imaging/decode/decode_error.h"
-#include "imaging/decode/formats/tiff_alpha.h"
 #include "imaging/decode/row_conversion.h"
 #include "imaging/decode/two_step_reader.h"
 #include "imaging/decode/vips_library.h"
@@ -42,19 +41,17 @@ Image result(Operation operation) {
 /// Whether the loader is one of those that are used. libvips has more, not all of them safe for files from
 /// strangers.
 bool isSupportedLoader(const char* loader) {
-    constexpr std::array<std::string_view, 4> supported{
-        "VipsForeignLoadPngBuffer", "VipsForeignLoadTiffBuffer", "VipsForeignLoadNsgifBuffer",
-        "VipsForeignLoadWebpBuffer"};
+    constexpr std::array<std::string_view, 2> supported{"VipsForeignLoadPngBuffer",
+                                                        "VipsForeignLoadWebpBuffer"};
     return loader != nullptr && std::find(supported.begin(), supported.end(), loader) != supported.end();
 }
 
 bool isCmyk(VipsImage* image) { return vips_image_guess_interpretation(image) == VIPS_INTERPRETATION_CMYK; }
 
-SampleForm formOf(VipsImage* image, FileAlpha alpha) {
+SampleForm formOf(VipsImage* image) {
     return {.channels = vips_image_get_bands(image),
             .hasAlpha = vips_image_hasalpha(image) != 0,
-            .bits = vips_image_get_format(image) == VIPS_FORMAT_USHORT ? 16 : 8,
-            .alpha = alpha};
+            .bits = vips_image_get_format(image) == VIPS_FORMAT_USHORT ? 16 : 8};
 }
 
 QByteArray embeddedProfile(VipsImage* image) {
@@ -79,7 +76,7 @@ Image plainSRGB(const Image& image) {
 /// Whether a `RowConversion` can convert the samples: 8 or 16 bits of gray, RGB or inks.
 bool hasOrdinarySamples(VipsImage* image) {
     const VipsBandFormat format = vips_image_get_format(image);
-    const int channels = formOf(image, FileAlpha::straight).colorChannels();
+    const int channels = formOf(image).colorChannels();
     return (format == VIPS_FORMAT_UCHAR || format == VIPS_FORMAT_USHORT) &&
            (channels == 1 || channels == 3 || isCmyk(image));
 }
@@ -122,22 +119,8 @@ private:
 
 }  // namespace
 
-bool isTiffGifOrWebp(const QByteArray& bytes) {
-    const auto beginsWith = [&](std::string_view signature) {
-        return bytes.startsWith(QByteArrayView(signature));
-    };
-    using namespace std::string_view_literals;
-    return beginsWith("II\x2a\0"sv) || beginsWith("MM\0\x2a"sv) || beginsWith("II\x2b\0"sv) ||
-           beginsWith("MM\0\x2b"sv) || beginsWith("GIF8"sv) ||
-           (beginsWith("RIFF"sv) && bytes.mid(8, 4) == "WEBP");
-}
-
-std::unique_ptr<RowReader> openTiffGifOrWebp(const QByteArray& bytes) { return openWithVips(bytes, {}); }
-
-std::unique_ptr<RowReader> openWithVips(QByteArray bytes, const ProfileOfChannels& otherProfile) {
+OpenedImage openWithVips(QByteArray bytes, const ProfileOfChannels& otherProfile, ColorHandling handling) {
     startVips();
-    const FileAlpha alpha =
-        markPremultipliedTiffAsStraight(bytes) ? FileAlpha::premultiplied : FileAlpha::straight;
     const auto size = static_cast<std::size_t>(bytes.size());
     const char* loader = vips_foreign_find_load_buffer(bytes.constData(), size);
     if (!isSupportedLoader(loader)) {
@@ -152,18 +135,22 @@ std::unique_ptr<RowReader> openWithVips(QByteArray bytes, const ProfileOfChannel
     if (!hasOrdinarySamples(image.get())) {
         image = plainSRGB(image);
     }
-    const SampleForm form = formOf(image.get(), alpha);
-    const FileColors colors{embeddedProfile(image.get()), [&]() -> std::optional<QByteArray> {
+    const SampleForm form = formOf(image.get());
+    const FileColors colors{embeddedProfile(image.get()),
+                            [&]() -> std::optional<NamedProfile> {
                                 if (isCmyk(image.get())) {
                                     return defaultCmykProfile();
                                 }
                                 return otherProfile ? otherProfile(form.colorChannels()) : std::nullopt;
-                            }};
-    RowConversion conversion = rowConversion(form, colors);
-    if (!conversion) {
+                            },
+                            handling};
+    FileConversion conversion = rowConversion(form, colors);
+    if (!conversion.convert) {
         refuse();
     }
-    return std::make_unique<VipsReader>(std::move(bytes), std::move(image), form, std::move(conversion));
+    return {
+        std::make_unique<VipsReader>(std::move(bytes), std::move(image), form, std::move(conversion.convert)),
+        conversion.convertedFrom};
 }
 
 }  // namespace quarlin

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "imaging/pixels/row_reader.h"
+#include "imaging/color/color_profile.h"
+#include "imaging/decode/opened_image.h"
 
 #include <QByteArray>
 
@@ -10,17 +11,11 @@
 
 namespace quarlin {
 
-/// Whether the bytes begin as a TIFF, GIF or WebP file does.
-bool isTiffGifOrWebp(const QByteArray& bytes);
-
-/// Opens a TIFF, GIF or WebP file; throws `DecodeError`.
-std::unique_ptr<RowReader> openTiffGifOrWebp(const QByteArray& bytes);
-
 /// The profile of samples of 1 (gray), 3 (RGB) or 4 (CMYK) color channels; nothing if there is none for them.
-using ProfileOfChannels = std::function<std::optional<QByteArray>(int colorChannels)>;
+using ProfileOfChannels = std::function<std::optional<NamedProfile>(int colorChannels)>;
 
 /// Opens a file of any format that libvips reads and Quarlin supports. `otherProfile` gives the color profile
 /// of files without an embedded one that can be used. Throws `DecodeError`.
-std::unique_ptr<RowReader> openWithVips(QByteArray bytes, const ProfileOfChannels& otherProfile);
+OpenedImage openWithVips(QByteArray bytes, const ProfileOfChannels& otherProfile, ColorHandling handling);
 
 }  // namespace quarlin

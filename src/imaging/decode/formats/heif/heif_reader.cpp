@@ -1,9 +1,10 @@
-#include "imaging/decode/formats/heif_reader.h"
+#include "imaging/decode/formats/heif/heif_reader.h"
 
 #include "imaging/base/pixel_size.h"
 #include "imaging/color/coded_colors.h"
 #include "imaging/decode/decode_error.h"
-#include "imaging/decode/formats/heif_boxes.h"
+#include "imaging/decode/formats/heif/coded_images.h"
+#include "imaging/decode/formats/heif/orientation.h"
 #include "imaging/decode/row_conversion.h"
 #include "imaging/decode/two_step_reader.h"
 
@@ -18,6 +19,8 @@
 #include <utility>
 
 namespace quarlin {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -49,13 +52,19 @@ QByteArray embeddedProfile(const heif_image_handle* handle) {
     return profile;
 }
 
-std::optional<QByteArray> profileOfCode(const heif_image_handle* handle) {
+std::optional<NamedProfile> profileOfCode(const heif_image_handle* handle) {
     heif_color_profile_nclx* found = nullptr;
     if (heif_image_handle_get_nclx_color_profile(handle, &found).code != heif_error_Ok) {
         return std::nullopt;
     }
     const CodedProfile code(found);
-    return profileOfCodedColors(code->color_primaries, code->transfer_characteristics);
+    const std::optional<QByteArray> profile =
+        profileOfCodedColors(code->color_primaries, code->transfer_characteristics);
+    return profile
+               ? std::optional(NamedProfile{
+                     *profile,
+                     u"coded colors %1/%2"_s.arg(code->color_primaries).arg(code->transfer_characteristics)})
+               : std::nullopt;
 }
 
 SampleForm formOf(const heif_image_handle* handle) {
@@ -157,9 +166,9 @@ bool isHeif(const QByteArray& bytes) {
                        [&](std::string_view brand) { return typeAndBrand.endsWith(QByteArrayView(brand)); });
 }
 
-std::unique_ptr<RowReader> openHeif(const QByteArray& bytes) {
+OpenedImage openHeif(const QByteArray& bytes, ColorHandling handling) {
     const std::optional<QByteArray> file = withoutOrientation(bytes);
-    if (!file) {
+    if (!file || !hasWholeCodedImages(*file)) {
         throw DecodeError(DecodeProblem::damaged);
     }
     // No image of the file may have a side above this, not even one that is not asked for: the library would
@@ -191,9 +200,10 @@ std::unique_ptr<RowReader> openHeif(const QByteArray& bytes) {
         plane.depth > largestDepth || plane.bytesPerRow < plane.width * form.bytesPerPixel()) {
         throw DecodeError(DecodeProblem::damaged);
     }
-    RowConversion conversion =
-        rowConversion(form, {embeddedProfile(primary), [&] { return profileOfCode(primary); }});
-    return std::make_unique<HeifReader>(std::move(image), plane, form, std::move(conversion));
+    FileConversion conversion =
+        rowConversion(form, {embeddedProfile(primary), [&] { return profileOfCode(primary); }, handling});
+    return {std::make_unique<HeifReader>(std::move(image), plane, form, std::move(conversion.convert)),
+            conversion.convertedFrom};
 }
 
 }  // namespace quarlin

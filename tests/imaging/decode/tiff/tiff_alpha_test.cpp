@@ -1,6 +1,5 @@
 // Straight and premultiplied alpha of TIFF files.
 
-#include "imaging/decode/formats/tiff_alpha.h"
 #include "color_profiles.h"
 #include "imaging/pixels/pixel_image.h"
 #include "picture.h"
@@ -107,36 +106,6 @@ TEST_F(TiffAlpha, APremultipliedColorIsConvertedAsTheStraightOne) {
     }
     writeTiff(file, {page}, associated);
     EXPECT_TRUE(nearlySameBytes(wanted.pixels, rendered(file).pixels, 1));
-}
-
-TEST(TiffAlphaMark, LeavesWhatIsNoPremultipliedTiffAlone) {
-    for (const QByteArray& bytes :
-         {QByteArray(), QByteArray("II"), QByteArray("II*\0", 4), QByteArray("MM\0*\0\0\0\x08", 8),
-          QByteArray("II*\0\xff\xff\xff\xff", 8),
-          QByteArray("MM\0+\0\x08\0\0\xff\xff\xff\xff\xff\xff\xff\xff", 16),
-          // A directory that promises more entries than there are.
-          QByteArray("II*\0\x08\0\0\0\xff\xff\x00\x01", 12), QByteArray("no image")}) {
-        QByteArray marked = bytes;
-        EXPECT_FALSE(markPremultipliedTiffAsStraight(marked));
-        EXPECT_EQ(marked, bytes);
-    }
-}
-
-TEST(TiffAlphaMark, ChangesOneNumber) {
-    const TemporaryFolder folder;
-    const QUrl file = folder.url(u"a.tif"_s);
-    TiffForm associated;
-    associated.alpha = TiffForm::Alpha::associated;
-    writeTiff(file, {tiffPage(noisePicture(3, 3, 1, true), 4)}, associated);
-    const QByteArray bytes = readFile(file);
-    QByteArray marked = bytes;
-    EXPECT_TRUE(markPremultipliedTiffAsStraight(marked));
-    int changed = 0;
-    for (qsizetype at = 0; at < bytes.size(); ++at) {
-        changed += bytes[at] != marked[at] ? 1 : 0;
-    }
-    EXPECT_EQ(changed, 1);
-    EXPECT_FALSE(markPremultipliedTiffAsStraight(marked));
 }
 
 }  // namespace

@@ -8,10 +8,10 @@
 
 namespace quarlin {
 
-/// Whether the bytes begin as a Windows bitmap does.
+/// Whether the bytes begin as a Windows or OS/2 bitmap does, with or without its file header.
 bool isBmp(const QByteArray& bytes);
 
-/// Opens a Windows bitmap, which is decoded whole with its first row; throws `DecodeError`.
+/// Opens a bitmap, which is decoded whole with its first row; throws `DecodeError`.
 std::unique_ptr<RowReader> openBmp(const QByteArray& bytes);
 
 }  // namespace quarlin

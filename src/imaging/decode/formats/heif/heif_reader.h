@@ -1,6 +1,6 @@
 #pragma once
 
-#include "imaging/pixels/row_reader.h"
+#include "imaging/decode/opened_image.h"
 
 #include <QByteArray>
 
@@ -14,6 +14,6 @@ bool isHeif(const QByteArray& bytes);
 /// Opens the primary image of a HEIC or AVIF file, which decodes it whole; throws `DecodeError`. Rotation and
 /// mirroring are ignored, cropping is not. Colors are converted from the ICC profile, or else from the coded
 /// colors ("nclx") of the file.
-std::unique_ptr<RowReader> openHeif(const QByteArray& bytes);
+OpenedImage openHeif(const QByteArray& bytes, ColorHandling handling);
 
 }  // namespace quarlin
