@@ -6,6 +6,7 @@
 #include "model/texture_asset.h"
 #include "model/texture_slot_kind.h"
 
+#include <QColorSpace>
 #include <QDir>
 
 #include <gmock/gmock.h>
@@ -226,6 +227,17 @@ TEST_F(MaterialCommand, PacksAnExportedSetAgainToTheSameBytes) {
               first);
     const QString notes = QString::fromUtf8(bytesOf(path(u"second/Brick/Brick_SL_PBR_notes.txt"_s)));
     EXPECT_TRUE(notes.contains(u"Roughness / Gloss: Brick_ORM.png, green (16x16)"_s)) << notes.toStdString();
+}
+
+TEST_F(MaterialCommand, TakesTheSamplesOfAChannelWithoutTheFilesColorProfile) {
+    QImage packed = patternedImage(24, 16, 6);
+    packed.setColorSpace(QColorSpace(QColorSpace::AdobeRgb));
+    const QString file = writeImage(u"packed.png"_s, packed);
+    ASSERT_EQ(runCli(leastArguments() + QStringList{u"--metallic"_s, file + u":g"_s}).status, 0);
+    const QImage orm(output() + u"/Brick_Wall/Brick_Wall_ORM.png"_s);
+    for (int x = 0; x < 24; ++x) {
+        ASSERT_EQ(qBlue(orm.pixel(x, 5)), qGreen(packed.pixel(x, 5))) << x;
+    }
 }
 
 TEST_F(MaterialCommand, TakesAFileWhoseNameEndsLikeAChannel) {
