@@ -61,7 +61,7 @@ TextureAsset TextureProcessor::openDataAsset(const QUrl& url) const {
 }
 
 TextureAsset TextureProcessor::openAsset(const QUrl& url, TextureChannel channel) const {
-    TextureAsset asset = openAsset(url);
+    TextureAsset asset = openDataAsset(url);
     asset.fileName += u", "_s + title(channel);
     asset.channel = channel;
     return asset;

@@ -62,10 +62,10 @@ public:
 
     /// `openAsset` for a texture of data: its samples count as they are, without its color profile or gamma.
     TextureAsset openDataAsset(const QUrl& url) const;
-    /// The same for one channel of the file, in gray. Its samples are packed as they are, not as luminance. A
-    /// color channel of a picture with transparent pixels can only be read from a PNG with 8 bits per channel
-    /// and from a Targa file, as others do not keep the colors of transparent pixels; else the rows throw
-    /// `cannotReadImage`.
+    /// `openDataAsset` for one channel of the file, in gray. Its samples are packed as they are, not as
+    /// luminance. A color channel of a picture with transparent pixels can only be read from a PNG with 8
+    /// bits per channel and from a Targa file, as others do not keep the colors of transparent pixels; else
+    /// the rows throw `cannotReadImage`.
     TextureAsset openAsset(const QUrl& url, TextureChannel channel) const;
 
     /// Reads the file of a texture that was only opened to its end. Throws `cannotReadImage`.

@@ -161,7 +161,7 @@ std::optional<FoundMap> findMap(const Words& words, std::size_t end, const MapWo
         for (std::size_t count = std::min(mostWords, end); count > 0 && taken == 0; --count) {
             const QString text = joined(words, end - count, end);
             if (mayBeWorkflow && isWorkflow(text)) {
-                const auto inner = findMap(words, end - count, known, additions, false);
+                auto inner = findMap(words, end - count, known, additions, false);
                 if (inner && inner->word.evidence == Evidence::clear) {
                     return inner;
                 }

@@ -275,6 +275,17 @@ TEST_F(MaterialCommand, PacksAnExportedSetAgainToTheSameBytes) {
     EXPECT_TRUE(notes.contains(u"Roughness / Gloss: Brick_ORM.png, green (16x16)"_s)) << notes.toStdString();
 }
 
+TEST_F(MaterialCommand, TakesTheSamplesOfAChannelWithoutTheFilesColorProfile) {
+    QImage packed = patternedImage(24, 16, 6);
+    packed.setColorSpace(QColorSpace(QColorSpace::AdobeRgb));
+    const QString file = writeImage(u"packed.png"_s, packed);
+    ASSERT_EQ(runCli(leastArguments() + QStringList{u"--metallic"_s, file + u":g"_s}).status, 0);
+    const QImage orm(output() + u"/Brick_Wall/Brick_Wall_ORM.png"_s);
+    for (int x = 0; x < 24; ++x) {
+        ASSERT_EQ(qBlue(orm.pixel(x, 5)), qGreen(packed.pixel(x, 5))) << x;
+    }
+}
+
 TEST_F(MaterialCommand, TakesAFileWhoseNameEndsLikeAChannel) {
     const QString color = writeImage(u"color.png"_s, patternedImage(4, 4, 1));
     QFile::copy(writeGray(u"gray.png"_s, 100), path(u"gray:g"_s));

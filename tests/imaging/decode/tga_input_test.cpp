@@ -55,7 +55,7 @@ QByteArray tga(int width, int height, const TgaForm& form, const QByteArray& pix
 QByteArray blueFirst(const Picture& picture, bool hasAlpha) {
     QByteArray pixels;
     for (std::size_t at = 0; at < picture.bytes.size(); at += 4) {
-        for (const std::size_t channel : {2, 1, 0, 3}) {
+        for (const std::size_t channel : {2U, 1U, 0U, 3U}) {
             if (channel < 3 || hasAlpha) {
                 pixels += static_cast<char>(picture.bytes[at + channel]);
             }
