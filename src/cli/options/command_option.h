@@ -12,8 +12,9 @@
 
 namespace quarlin {
 
-/// What an option's value is, for completion by a shell.
-enum class ValueKind { file, folder, fileOrFolder, choice, other };
+/// What an option's value is, for completion by a shell. `choices` are any number of choices, separated by
+/// commas.
+enum class ValueKind { file, folder, fileOrFolder, choice, choices, other };
 
 /// One option of a command, bound to the field that it sets. Both parsing and help are derived from it.
 struct CommandOption {
@@ -26,7 +27,7 @@ struct CommandOption {
     /// Writes the value, which a switch ignores, to the field. Throws `UsageError` if the value is invalid.
     std::function<void(const QString& value)> apply;
     ValueKind kind = ValueKind::other;
-    /// The valid values; only for the kind `choice`.
+    /// The valid values; only for the kinds `choice` and `choices`.
     QStringList choices = {};
     bool required = false;
     /// The option that may be given instead of this required one.

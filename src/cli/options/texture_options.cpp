@@ -61,6 +61,8 @@ CommandOption preferOption(TexturePreference& target) {
                         }
                     }
                 },
+            .kind = ValueKind::choices,
+            .choices = preferenceWords(),
             .repeatable = true};
 }
 

@@ -43,6 +43,7 @@ QString bashGenerator(ValueKind kind, const QStringList& choices) {
         case ValueKind::folder:
             return u"-d"_s;
         case ValueKind::choice:
+        case ValueKind::choices:
             return u"-W "_s + shellWord(choices.join(u' '));
         case ValueKind::other:
             break;
@@ -65,10 +66,11 @@ QString bashCommand(Command& command) {
         words += u"--"_s + option.name;
         if (!option.valueName.isEmpty()) {
             text += u"                --"_s + option.name + u") "_s +
+                    (option.kind == ValueKind::choices ? u"_quarlin_cli_last_of_list; "_s : QString()) +
                     bashReply(bashGenerator(option.kind, option.choices)) + u" ;;\n"_s;
         }
     }
-    text += u"            esac\n"_s;
+    text += u"            esac\n            [[ -z $attached ]] || return\n"_s;
     if (const auto kind = positionalKind(options)) {
         text += u"            [[ $word == -* ]] || { "_s + bashReply(bashGenerator(*kind, {})) + u"; }\n"_s;
     }
@@ -85,6 +87,8 @@ QString zshAction(const CommandOption& option) {
             return u"_files -/"_s;
         case ValueKind::choice:
             return u'(' + option.choices.join(u' ') + u')';
+        case ValueKind::choices:
+            return u"_sequence compadd - "_s + option.choices.join(u' ');
         case ValueKind::other:
             break;
     }
@@ -100,7 +104,9 @@ QString zshArgument(const CommandOption& option) {
     description.replace(u']', u"\\]"_s).replace(u'[', u"\\["_s);
     const QString value =
         option.valueName.isEmpty() ? QString() : u':' + option.valueName + u':' + zshAction(option);
-    return shellWord(star + u"--"_s + option.name + u'[' + description + u']' + value);
+    // With "=" the value may be the next word, or follow an equals sign.
+    const QString equals = option.valueName.isEmpty() ? QString() : u"="_s;
+    return shellWord(star + u"--"_s + option.name + equals + u'[' + description + u']' + value);
 }
 
 QString fishValue(const CommandOption& option) {
@@ -114,6 +120,7 @@ QString fishValue(const CommandOption& option) {
         case ValueKind::folder:
             return u" -x -a '(__fish_complete_directories)'"_s;
         case ValueKind::choice:
+        case ValueKind::choices:
             return u" -x -a "_s + shellWord(option.choices.join(u' '));
         case ValueKind::other:
             break;
@@ -125,19 +132,39 @@ QString fishValue(const CommandOption& option) {
 
 QString bashCompletion(std::span<Command* const> commands) {
     QString text = u"# Completion of quarlin-cli for bash.\n"_s + origin + QStringLiteral(R"(
-# Completes the word at the cursor by compgen with the given arguments.
+# The functions share the variables of _quarlin_cli. "word" is the part of the word at the cursor that is
+# completed, and "prefix" is the part before it.
+
+# Completes the word by compgen with the given arguments.
 _quarlin_cli_reply() {
     [[ $1 == -W ]] || compopt -o filenames 2>/dev/null
-    mapfile -t COMPREPLY < <(compgen "$@" -- "${COMP_WORDS[COMP_CWORD]}")
+    mapfile -t COMPREPLY < <(compgen -P "$prefix" "$@" -- "$word")
+}
+
+# Completes the last part of a list with commas.
+_quarlin_cli_last_of_list() {
+    [[ $word != *,* ]] || prefix+=${word%,*}, word=${word##*,}
+}
+
+# Finds the option whose value is attached to it, as in "--size=512".
+_quarlin_cli_attached() {
+    if [[ $word == --*=* ]]; then
+        previous=${word%%=*} prefix=${word%%=*}= word=${word#*=} attached=1
+    elif [[ $word == = ]]; then
+        # bash splits at "=", unless the user has removed it from COMP_WORDBREAKS.
+        word='' attached=1
+    elif [[ $previous == = ]]; then
+        previous=${COMP_WORDS[COMP_CWORD - 2]} attached=1
+    fi
 }
 
 _quarlin_cli() {
-    local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
+    local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} prefix='' attached=''
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
         _quarlin_cli_reply -W )") +
                    shellWord((namesOf(commands) + QStringList{u"--help"_s, u"--version"_s}).join(u' ')) +
-                   u"\n        return\n    fi\n    case ${COMP_WORDS[1]} in\n"_s;
+                   u"\n        return\n    fi\n    _quarlin_cli_attached\n    case ${COMP_WORDS[1]} in\n"_s;
     for (Command* command : commands) {
         text += bashCommand(*command);
     }
