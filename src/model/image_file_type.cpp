@@ -1,7 +1,8 @@
 #include "model/image_file_type.h"
 
 #include <QSet>
-#include <QStringList>
+
+#include <array>
 
 namespace quarlin {
 
@@ -9,18 +10,38 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Formats that are read, but not offered in the file dialogs. Each has one file name extension.
+struct FurtherFormat {
+    QLatin1StringView title, extension;
+};
+constexpr std::array furtherFormats{FurtherFormat{"WebP"_L1, "webp"_L1}, FurtherFormat{"AVIF"_L1, "avif"_L1},
+                                    FurtherFormat{"Targa"_L1, "tga"_L1}};
+
 QSet<QString> readExtensions() {
-    // Formats that are read, but not offered in the file dialogs.
-    QSet<QString> found{u"webp"_s, u"avif"_s, u"tga"_s};
+    QSet<QString> found;
     for (const ImageFileType type : allCases<ImageFileType>()) {
         for (const QString& extension : extensions(type).split(u' ')) {
             found.insert(extension);
         }
     }
+    for (const FurtherFormat& format : furtherFormats) {
+        found.insert(format.extension);
+    }
     return found;
 }
 
 }  // namespace
+
+QStringList readFormats() {
+    QStringList titles;
+    for (const ImageFileType type : allCases<ImageFileType>()) {
+        titles += title(type);
+    }
+    for (const FurtherFormat& format : furtherFormats) {
+        titles += format.title;
+    }
+    return titles;
+}
 
 bool isImageExtension(const QString& extension) {
     static const QSet<QString> known = readExtensions();

@@ -2,6 +2,8 @@
 
 #include "model/enumeration.h"
 
+#include <QStringList>
+
 namespace quarlin {
 
 using namespace Qt::StringLiterals;
@@ -26,8 +28,10 @@ struct EnumerationTable<ImageFileType> {
 /// The file name extensions of `type`, separated by spaces.
 inline QString extensions(ImageFileType type) { return tableRow(type).extensions; }
 
-/// Whether `extension`, in any case and without its dot, is one of an image that can be read: those that may
-/// be chosen, and WebP, AVIF and Targa.
+/// The titles of the image formats that can be read: those that may be chosen, and WebP, AVIF and Targa.
+QStringList readFormats();
+
+/// Whether `extension`, in any case and without its dot, is one of those formats.
 bool isImageExtension(const QString& extension);
 
 /// Whether `extension`, in any case and without its dot, is one of a picture that textures come in, but that

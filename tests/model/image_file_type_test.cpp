@@ -13,6 +13,10 @@ TEST(ImageExtension, IsToldInAnyCase) {
     }
 }
 
+TEST(ReadFormats, AreNamed) {
+    EXPECT_EQ(readFormats().join(u' ').toStdString(), "PNG JPEG TIFF BMP GIF HEIC WebP AVIF Targa");
+}
+
 TEST(ImageExtension, IsNoneForOtherFiles) {
     for (const char* extension : {"", " ", "txt", "exr", "psd", ".png", "png ", "jpg jpeg", "gltf"}) {
         EXPECT_FALSE(isImageExtension(QString::fromLatin1(extension))) << extension;

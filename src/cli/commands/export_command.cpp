@@ -6,6 +6,7 @@
 #include "cli/batch/command_failure.h"
 #include "cli/batch/interruption.h"
 #include "cli/batch/update_record.h"
+#include "cli/commands/input_formats.h"
 #include "cli/commands/set_watch.h"
 #include "cli/options/usage_error.h"
 #include "cli/report/batch_report.h"
@@ -31,14 +32,13 @@ bool hasStrictFailure(const BatchPlan& plan) {
 }  // namespace
 
 QStringList ExportCommand::remarks() const {
-    QStringList remarks = ownRemarks();
+    QStringList remarks = ownRemarks() + QStringList{inputFormats()};
     remarks +=
         u"Several sets are exported at the same time and reported one after the other, with a summary "
         "at the end. A set that fails does not stop the others. Two sets that would go to the same "
         "folder are both refused, before anything is written; --keep-tree keeps them apart if their "
         "textures are in different folders. After an interruption (Ctrl-C), the sets in progress are "
-        "finished "
-        "and no more are started; a second interruption ends the program at once."_s;
+        "finished and no more are started; a second interruption ends the program at once."_s;
     remarks +=
         u"With --json, each line of the report is one object, whose \"type\" is \"leftOut\" for a file that "
         "no set uses, \"set\", and at the end \"summary\". A set has \"status\", \"name\", \"folder\", "

@@ -1,6 +1,7 @@
 #include "cli/shell/help_text.h"
 
 #include "cli/base/program_name.h"
+#include "cli/commands/input_formats.h"
 
 #include <algorithm>
 
@@ -75,7 +76,8 @@ QString programHelp(std::span<Command* const> commands) {
     }
     return text +
            u"\nOptions:\n  --help      print this help; after a command, the options of that command\n"
-           "  --version   print the version\n"_s;
+           "  --version   print the version\n\n"_s +
+           inputFormats() + u'\n';
 }
 
 QString commandHelp(Command& command) {

@@ -33,6 +33,14 @@ TEST_F(Usage, HelpNamesTheCommands) {
     EXPECT_THAT(outcome.output, HasSubstr("\n  check "));
 }
 
+TEST_F(Usage, HelpListsTheInputFormats) {
+    const auto sentence =
+        HasSubstr("\nTextures can be PNG, JPEG, TIFF, BMP, GIF, HEIC, WebP, AVIF or Targa files.\n");
+    EXPECT_THAT(runCli({u"--help"_s}).output, sentence);
+    EXPECT_THAT(runCli({u"material"_s, u"--help"_s}).output, sentence);
+    EXPECT_THAT(runCli({u"maps"_s, u"--help"_s}).output, sentence);
+}
+
 TEST_F(Usage, HelpHasThreeNames) {
     const std::string help = runCli({u"--help"_s}).output;
     EXPECT_EQ(runCli({u"-h"_s}).output, help);

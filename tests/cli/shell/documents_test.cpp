@@ -49,6 +49,11 @@ TEST(CliDocuments, NameEveryOptionOfEveryCommand) {
     EXPECT_GT(count, 40);
 }
 
+TEST(CliDocuments, ListTheInputFormats) {
+    const std::string page = bytesOf(packaging + u"man/quarlin-cli.1"_s).toStdString();
+    EXPECT_THAT(page, testing::HasSubstr("PNG, JPEG, TIFF, BMP, GIF, HEIC, WebP, AVIF or Targa files."));
+}
+
 class BashCompletion : public CliTest {
 protected:
     /// What bash offers to complete the last of `arguments`, sorted.
