@@ -35,7 +35,8 @@ SetOutcome outcomeOf(const SetJob& job) {
     if (!job.refusal.isEmpty()) {
         return SetOutcome::failed(job.refusal);
     }
-    if (isInterrupted()) {
+    const SetInProgress progress(job.name);
+    if (progress.isTooLate()) {
         return SetOutcome::notStarted();
     }
     try {

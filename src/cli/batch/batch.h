@@ -10,6 +10,8 @@ namespace quarlin {
 /// The default number of sets that are exported at the same time. One set keeps all cores busy for most of
 /// its time, and a second one fills the gaps; more of them use memory without saving time.
 inline constexpr int defaultSetsAtOnce = 2;
+/// Enough for the largest machines, and few enough that a typing error does not exhaust the memory.
+inline constexpr int mostSetsAtOnce = 64;
 
 /// Is called once per set, in the order of the plan, from any thread but never from two at a time.
 using OutcomeReceiver = std::function<void(const SetJob&, const SetOutcome&)>;

@@ -21,8 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Enough for the largest machines, and few enough that a typing error does not exhaust the memory.
-constexpr SettingRange<int> setsAtOnceRange{1, 64};
+constexpr SettingRange<int> setsAtOnceRange{1, mostSetsAtOnce};
 
 bool hasStrictFailure(const BatchPlan& plan) {
     return std::any_of(plan.unused.begin(), plan.unused.end(),
@@ -38,7 +37,7 @@ QStringList ExportCommand::remarks() const {
         "at the end. A set that fails does not stop the others. Two sets that would go to the same "
         "folder are both refused, before anything is written; --keep-tree keeps them apart if their "
         "textures are in different folders. After an interruption (Ctrl-C), the sets in progress are "
-        "finished and no more are started; a second interruption ends the program at once."_s;
+        "named and finished, and no more are started; a second interruption ends the program at once."_s;
     remarks +=
         u"With --json, each line of the report is one object, whose \"type\" is \"leftOut\" for a file that "
         "no set uses, \"set\", and at the end \"summary\". A set has \"status\", \"name\", \"folder\", "
@@ -94,6 +93,10 @@ ExitStatus ExportCommand::run() const {
     }
     if (const std::optional<SetJob> single = singleSet();
         single && !m_isDryRun && !m_isUpdate && !m_reportsAsJSON) {
+        const SetInProgress progress(single->name);
+        if (progress.isTooLate()) {
+            return ExitStatus::interrupted;
+        }
         const ExportedSet set = single->work();
         return print(textReport(set.result) + noteLines(set.notes));
     }
