@@ -110,6 +110,8 @@ TEST_F(Watch, ReportsABrokenFileOnceAndGoesOn) {
     writeBrokenSource(u"brick_color.png"_s);
     start();
     EXPECT_EQ(nextLine(), "brick: Load failed: Could not read image: brick_color.png");
+    EXPECT_EQ(nextLine(),
+              sourcePath(u"brick_color.png"_s).toStdString() + ": is not an image that Quarlin reads");
     writeSource(u"brick_color.png"_s, 1);
     EXPECT_EQ(nextLine(), exportedLine("brick"));
 }
