@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <filesystem>
 #include <system_error>
 
 namespace quarlin {
@@ -64,11 +65,19 @@ private:
         }
         if (m_search.depth == Depth::withSubfolders) {
             for (const QString& path : below) {
-                if (path != m_search.output) {
+                if (!isOutput(path)) {
                     collect(path);
                 }
             }
         }
+    }
+
+    /// Compares the folders, not the paths: one path may lead through links.
+    bool isOutput(const QString& folder) const {
+        std::error_code failure;
+        return !m_search.output.isEmpty() &&
+               std::filesystem::equivalent(localPath(QUrl::fromLocalFile(folder)),
+                                           localPath(QUrl::fromLocalFile(m_search.output)), failure);
     }
 
     static void addFile(const QString& path, TextureFolder& folder) {

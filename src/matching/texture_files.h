@@ -15,8 +15,8 @@ enum class Depth { folderAlone, withSubfolders };
 /// Where to look for textures.
 struct TextureSearch {
     Depth depth = Depth::folderAlone;
-    /// The absolute path of the folder that receives the exported sets. It is skipped if it is below the
-    /// searched folder.
+    /// The absolute path of the folder that receives the exported sets. That folder is skipped if it is below
+    /// the searched one, also if one of the paths leads to it through links.
     QString output;
 };
 

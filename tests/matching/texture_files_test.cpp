@@ -53,6 +53,21 @@ TEST_F(TextureFiles, AreNotFoundInTheOutputFolder) {
     EXPECT_EQ(found({Depth::withSubfolders, path(u"sets"_s)}), QStringList{path(u"a.png"_s)});
 }
 
+TEST_F(TextureFiles, AreNotFoundInAnOutputFolderThatIsGivenThroughALink) {
+    write(u"in/a.png"_s);
+    write(u"in/sets/b.png"_s);
+    ASSERT_TRUE(QFile::link(path(u"in"_s), path(u"link"_s)));
+    ASSERT_TRUE(QFile::link(path(u"in/sets"_s), path(u"output"_s)));
+    const auto count = [&](const QString& searched, const QString& output) {
+        return findTextures(path(searched), {Depth::withSubfolders, path(output)}).folders.size();
+    };
+    EXPECT_EQ(count(u"in"_s, u"none"_s), 2U);
+    EXPECT_EQ(count(u"in"_s, u"output"_s), 1U);
+    EXPECT_EQ(count(u"in"_s, u"link/sets"_s), 1U);
+    EXPECT_EQ(count(u"link"_s, u"in/sets"_s), 1U);
+    EXPECT_EQ(count(u"link"_s, u"output"_s), 1U);
+}
+
 TEST_F(TextureFiles, AreNotFoundBehindALinkToAFolder) {
     write(u"a.png"_s);
     ASSERT_TRUE(QFile::link(folder.path(), path(u"link.png"_s)));
