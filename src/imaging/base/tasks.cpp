@@ -2,17 +2,56 @@
 
 #include "imaging/base/hand_over.h"
 
+#include <oneapi/tbb/global_control.h>
+#include <oneapi/tbb/info.h>
 #include <oneapi/tbb/parallel_pipeline.h>
 #include <oneapi/tbb/task.h>
 #include <oneapi/tbb/task_arena.h>
 #include <oneapi/tbb/task_group.h>
 
 #include <cstddef>
+#include <latch>
+#include <memory>
+#include <system_error>
+#include <thread>
 #include <vector>
 
 namespace quarlin::tasks {
 
 namespace {
+
+/// How many threads the system lets this process run besides those it has, at most `wanted`.
+std::size_t startableThreads(std::size_t wanted) {
+    std::latch end(1);
+    std::vector<std::thread> threads;
+    threads.reserve(wanted);
+    try {
+        while (threads.size() < wanted) {
+            threads.emplace_back([&end] { end.wait(); });
+        }
+    } catch (const std::system_error&) {
+        // There is a limit, and it is reached.
+    }
+    end.count_down();
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    return threads.size();
+}
+
+/// Keeps to the limit that the system sets for threads. oneTBB throws where a worker can't be started, also
+/// in other workers, and that would end the process.
+void limitWorkers() {
+    // Never destroyed: without the limit oneTBB would start workers while the process ends.
+    [[maybe_unused]] static const tbb::global_control* const limit = [] {
+        const auto most = static_cast<std::size_t>(tbb::info::default_concurrency());
+        const std::size_t possible = 1 + startableThreads(most - 1);
+        return possible == most ? nullptr
+                                : std::make_unique<tbb::global_control>(
+                                      tbb::global_control::max_allowed_parallelism, possible)
+                                      .release();
+    }();
+}
 
 /// Calls `work`, which starts tasks and waits for them. A thread that waits runs other tasks meanwhile.
 /// Inside a task these may only be the ones it waits for: any other could take long (a whole set of a batch),
@@ -22,6 +61,7 @@ void runTasks(const Work& work) {
     if (tbb::task::current_context() != nullptr) {
         tbb::this_task_arena::isolate(work);
     } else {
+        limitWorkers();
         work();
     }
 }

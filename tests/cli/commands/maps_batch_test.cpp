@@ -114,6 +114,27 @@ TEST_F(MapsBatch, ContinuesAfterAnUnreadableFolder) {
     ASSERT_TRUE(QFile::setPermissions(locked, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
 }
 
+TEST_F(MapsBatch, NeedsNoFurtherThread) {
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only root can run the program as a user without other processes";
+    }
+    writeSource(u"brick.png"_s);
+    writeSource(u"wood.png"_s);
+    // The limit counts all processes of a user, and does not apply to root.
+    const QString user = u"64321"_s;
+    ASSERT_EQ(run(u"chown"_s, {u"-R"_s, user, path({})}).status, 0);
+    const QString asUser = u"setpriv --reuid="_s + user + u" --clear-groups "_s;
+    if (runCliThroughShell(asUser + u"test -x \"$1\""_s, {}).status != 0) {
+        GTEST_SKIP() << "other users can't reach the program";
+    }
+    const Outcome outcome = runCliThroughShell(
+        asUser + u"prlimit --nproc=1 \"$@\""_s,
+        {u"maps"_s, u"--source"_s, sources(), u"--size"_s, u"1024"_s, u"--output"_s, output()});
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, mapsReport("brick") + mapsReport("wood") + "2 sets exported\n");
+}
+
 TEST_F(MapsBatch, RefusesTwoSetsForOneFolder) {
     const std::string lower = writeSource(u"a/wood.png"_s).toStdString();
     const std::string upper = writeSource(u"b/Wood.png"_s).toStdString();
