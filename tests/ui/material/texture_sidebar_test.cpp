@@ -7,6 +7,9 @@
 #include "ui/panels/tool_actions.h"
 #include "view_fixture.h"
 
+#include <QColorSpace>
+#include <QImage>
+
 using namespace Qt::StringLiterals;
 
 using namespace quarlin;
@@ -84,6 +87,21 @@ TEST_F(TextureSidebarTest, ShowsTheLoadedTexture) {
     EXPECT_TRUE(button(TextureSlotKind::occlusion, "replace").isVisible());
     EXPECT_TRUE(button(baseColor, "choose").isVisible());
     EXPECT_TRUE(reset().isEnabled());
+}
+
+TEST_F(TextureSidebarTest, NamesTheProfileThatAMapWasConvertedFrom) {
+    QImage linear(4, 4, QImage::Format_RGB32);
+    linear.fill(Qt::gray);
+    QColorSpace profile(QColorSpace::SRgbLinear);
+    profile.setDescription(u"Linear light"_s);
+    linear.setColorSpace(profile);
+    store.importTexture(folder.save(u"linear.png"_s, linear), TextureSlotKind::roughness);
+    settle();
+    const auto& size = child<TextLabel>(card(TextureSlotKind::roughness), u"sizeLabel"_s);
+    EXPECT_EQ(size.toolTip().toStdString(), "The values were converted from \"Linear light\" to sRGB.");
+    // The next texture needs no conversion.
+    load(TextureSlotKind::roughness, u"plain.png"_s);
+    EXPECT_EQ(size.toolTip(), QString());
 }
 
 TEST_F(TextureSidebarTest, NamesTheSlotInItsTooltips) {
