@@ -1,7 +1,8 @@
 #include "imaging/files/file_stamp.h"
 
+#include "imaging/files/file_names.h"
+
 #include <QDateTime>
-#include <QFile>
 #include <QFileInfo>
 
 #ifdef Q_OS_UNIX
@@ -36,9 +37,8 @@ std::optional<FileStamp> stampOf(const struct stat& status) {
 }  // namespace
 
 std::optional<FileStamp> fileStamp(const QUrl& url) {
-    const QString path = url.toLocalFile();
     struct stat status {};
-    if (path.isEmpty() || stat(QFile::encodeName(path).constData(), &status) != 0) {
+    if (url.toLocalFile().isEmpty() || stat(existingPath(url).c_str(), &status) != 0) {
         return std::nullopt;
     }
     return stampOf(status);

@@ -2,8 +2,6 @@
 
 #include "imaging/files/file_names.h"
 
-#include <QFile>
-
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
@@ -11,14 +9,6 @@
 namespace quarlin {
 
 namespace {
-
-QString nameOf(const std::filesystem::directory_entry& entry) {
-#ifdef Q_OS_WIN
-    return QString::fromStdWString(entry.path().filename().wstring());
-#else
-    return QFile::decodeName(QByteArray::fromStdString(entry.path().filename().string()));
-#endif
-}
 
 EntryKind kindOf(const std::filesystem::directory_entry& entry) {
     // An entry that can't be examined is none of the folders.
@@ -34,8 +24,8 @@ EntryKind kindOf(const std::filesystem::directory_entry& entry) {
 std::vector<FolderEntry> listFolder(const QUrl& folder) {
     std::vector<FolderEntry> entries;
     for (const std::filesystem::directory_entry& entry :
-         std::filesystem::directory_iterator(localPath(folder))) {
-        entries.push_back({nameOf(entry), kindOf(entry)});
+         std::filesystem::directory_iterator(existingPath(folder))) {
+        entries.push_back({nameText(entry.path().filename()), kindOf(entry)});
     }
     std::sort(entries.begin(), entries.end(),
               [](const FolderEntry& left, const FolderEntry& right) { return left.name < right.name; });

@@ -3,11 +3,14 @@
 #include "imaging/files/file_error.h"
 #include "imaging/files/file_names.h"
 
-#include <QFileInfo>
-
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 #include <utility>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#endif
 
 namespace quarlin {
 
@@ -19,7 +22,7 @@ FileProblem problemOf(const QUrl& url) {
         return FileProblem::notAFile;
     }
     std::error_code failure;
-    const std::filesystem::file_status status = std::filesystem::status(localPath(url), failure);
+    const std::filesystem::file_status status = std::filesystem::status(existingPath(url), failure);
     switch (status.type()) {
         case std::filesystem::file_type::none:
             return fileProblem(failure.value());
@@ -36,6 +39,24 @@ FileProblem problemOf(const QUrl& url) {
     throw FileError(FileError::Action::read, problem, url);
 }
 
+void openForReading(QFile& file, const QUrl& url) {
+    constexpr QIODevice::OpenMode mode = QIODevice::ReadOnly | QIODevice::Unbuffered;
+#ifdef Q_OS_UNIX
+    // By its descriptor: a `QFile` can't have a name that is not text.
+    const int descriptor = ::open(existingPath(url).c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0) {
+        refuse(fileProblem(errno), url);
+    }
+    const bool isOpen = file.open(descriptor, mode, QFileDevice::AutoCloseHandle);
+#else
+    file.setFileName(url.toLocalFile());
+    const bool isOpen = file.open(mode);
+#endif
+    if (!isOpen) {
+        refuse(FileProblem::other, url);
+    }
+}
+
 }  // namespace
 
 std::shared_ptr<InputFile> InputFile::open(const QUrl& url) {
@@ -48,12 +69,8 @@ std::shared_ptr<InputFile> InputFile::open(const QUrl& url) {
 }
 
 InputFile::InputFile(QUrl url, const FileStamp& stamp)
-    : ByteSource(stamp.size), m_url(std::move(url)), m_stamp(stamp), m_file(m_url.toLocalFile()) {
-    if (!m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        const bool isForbidden =
-            m_file.error() == QFileDevice::PermissionsError || !QFileInfo(m_file).isReadable();
-        refuse(isForbidden ? FileProblem::noPermission : FileProblem::other, m_url);
-    }
+    : ByteSource(stamp.size), m_url(std::move(url)), m_stamp(stamp) {
+    openForReading(m_file, m_url);
     if (fileStamp(m_file) != m_stamp) {
         refuse(FileProblem::changed, m_url);
     }

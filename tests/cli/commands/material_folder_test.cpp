@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
 using namespace Qt::StringLiterals;
 
 using namespace quarlin::tests;
@@ -298,6 +300,23 @@ TEST_F(MaterialFolder, CannotBeCombinedWithTheFileOfASlot) {
                   "Try 'quarlin-cli material --help'.\n");
     }
     EXPECT_FALSE(QDir(output()).exists());
+}
+
+TEST_F(MaterialFolder, ReadsNamesInTheBytesOfAnOldArchive) {
+    // Latin-1, which is not valid UTF-8.
+    const QString color = writeSource(u"color.png"_s, 1);
+    const QString roughness = writeSource(u"roughness.png"_s, 2);
+    const std::filesystem::path folderPath = sources().toStdString();
+    std::filesystem::rename(folderPath / "color.png", folderPath / "gr\xfcn_color.png");
+    std::filesystem::rename(folderPath / "roughness.png", folderPath / "gr\xfcn_roughness.png");
+    const Outcome outcome = runMaterial(folder() + QStringList{u"--name"_s, u"green"_s});
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    EXPECT_EQ(outcome.errors, "");
+    std::filesystem::rename(folderPath / "gr\xfcn_color.png", folderPath / "color.png");
+    std::filesystem::rename(folderPath / "gr\xfcn_roughness.png", folderPath / "roughness.png");
+    const QString orm = u"green_ORM.png"_s;
+    EXPECT_EQ(contentsOf(output() + u"/green"_s)[orm],
+              named(u"green"_s, {u"--base-color"_s, color, u"--roughness"_s, roughness})[orm]);
 }
 
 }  // namespace

@@ -79,7 +79,7 @@ TEST_F(MaterialCommand, ReportsAsJson) {
                   "/Größe__1_\", \"files\": [\"Größe__1__BaseColor.png\", \"Größe__1__ORM.png\", "
                   "\"Größe__1_.gltf\", \"Größe__1__SL_PBR_notes.txt\"], \"replaced\": [], \"inputs\": "
                   "{\"baseColor\": \"" +
-                  leastArguments()[2].toStdString() + "\"}, \"notes\": [], \"error\": {}}");
+                  leastArguments()[2].toStdString() + "\"}, \"channels\": {}, \"notes\": [], \"error\": {}}");
 }
 
 /// A roughness map of 97, with a profile of linear light.

@@ -1,5 +1,7 @@
 #include "imaging/files/byte_source.h"
 #include "imaging/files/file_error.h"
+#include "imaging/files/file_names.h"
+#include "imaging/files/folder_listing.h"
 #include "imaging/files/input_file.h"
 
 #include "rename_hook.h"
@@ -11,6 +13,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <string>
 
 using namespace Qt::StringLiterals;
 
@@ -130,6 +133,47 @@ TEST_F(InputFiles, NoticeThatTheyAreCut) {
     const std::shared_ptr<InputFile> input = InputFile::open(file);
     std::filesystem::resize_file(folder.path(u"a"_s).toStdString(), 3);
     EXPECT_EQ(problemOf([&] { input->all(); }), FileProblem::changed);
+}
+
+/// Names in the Latin-1 bytes of an old archive, which are not valid UTF-8.
+class UndecodableNames : public testing::Test {
+protected:
+    void write(const std::string& name, const std::string& content) const {
+        std::ofstream(folder.path().toStdString() + "/" + name) << content;
+    }
+    QString text(const std::string& name) const { return nameText(std::filesystem::path(name)); }
+
+    const TemporaryFolder folder;
+};
+
+TEST_F(UndecodableNames, AreListedAndOpened) {
+    write("m\xe9tal.png", "metal");
+    const std::vector<FolderEntry> entries = listFolder(folder.url());
+    ASSERT_EQ(entries.size(), 1U);
+    EXPECT_EQ(entries.front().name, text("m\xe9tal.png"));
+    const QUrl url = fileIn(folder.url(), entries.front().name);
+    EXPECT_TRUE(fileStamp(url).has_value());
+    EXPECT_EQ(InputFile::open(url)->all(), "metal");
+}
+
+TEST_F(UndecodableNames, MayBeThoseOfFoldersToo) {
+    std::filesystem::create_directories(folder.path().toStdString() + "/b\xe9ton/m\xe9tal");
+    write("b\xe9ton/m\xe9tal/gr\xfcn.png", "green");
+    const QUrl url = folder.url(text("b\xe9ton/m\xe9tal/gr\xfcn.png"));
+    EXPECT_EQ(InputFile::open(url)->all(), "green");
+    EXPECT_EQ(listFolder(folder.url(text("b\xe9ton"))).size(), 1U);
+}
+
+TEST_F(UndecodableNames, AreNotGuessedBetweenTwoThatLookTheSame) {
+    write("m\xe9tal.png", "one");
+    write("m\xe8tal.png", "other");
+    EXPECT_EQ(problemOf([&] { InputFile::open(folder.url(text("m\xe9tal.png"))); }), FileProblem::notFound);
+}
+
+TEST_F(UndecodableNames, GiveWayToAFileOfExactlyThatText) {
+    write("m\xe9tal.png", "bytes");
+    write("m\xef\xbf\xbdtal.png", "text");
+    EXPECT_EQ(InputFile::open(folder.url(text("m\xe9tal.png")))->all(), "text");
 }
 
 }  // namespace
