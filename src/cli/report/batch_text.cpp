@@ -48,11 +48,11 @@ QStringList replacedFiles(const ExportResult& result) {
 
 /// What was decided beforehand, and what became known while the set was exported.
 std::vector<JsonLine> noteObjects(const SetJob& job, const SetOutcome& outcome) {
-    std::vector<SetNote> notes;
-    for (const QString& decision : job.decisions) {
-        notes.push_back({u"decided"_s, decision});
-    }
-    notes.insert(notes.end(), outcome.notes.begin(), outcome.notes.end());
+    std::vector<SetNote> notes = outcome.notes;
+    std::transform(job.decisions.begin(), job.decisions.end(), std::inserter(notes, notes.begin()),
+                   [](const QString& decision) {
+                       return SetNote{u"decided"_s, decision};
+                   });
     std::vector<JsonLine> objects;
     for (const SetNote& note : notes) {
         objects.push_back(JsonLine()
