@@ -61,6 +61,7 @@ ExportResult exportMaterialSet(const TextureMap& textures, const ConversionSetti
 
     const std::vector<MaterialFile> images = writtenImages(settings, hasNormal);
     std::vector<PngPass> passes;
+    passes.reserve(images.size());
     for (const MaterialFile file : images) {
         passes.push_back(plainPass(names[file], [&, image = *tableRow(file).image] {
             return openMaterialImage(image, sources, settings, size);

@@ -11,11 +11,11 @@
 namespace quarlin {
 
 /// Opens the image that a file holds. The content decides on the format, never a name: PNG, JPEG, TIFF, BMP,
-/// GIF, HEIC, WebP, AVIF and Targa; of several images it is the first, or the one that the file declares the primary
-/// one. Embedded color profiles are converted to sRGB, orientation tags are ignored, 16 bits are rounded to
-/// 8, and then colors are premultiplied with rounding. Throws `DecodeError` if the bytes are not an image of
-/// at most `maximumPixels` pixels; its rows throw `DecodeError` if it is damaged. Both throw what the source
-/// throws.
+/// GIF, HEIC, WebP, AVIF and Targa; of several images it is the first, or the one that the file declares the
+/// primary one. Embedded color profiles are converted to sRGB, orientation tags are ignored, 16 bits are
+/// rounded to 8, and then colors are premultiplied with rounding. Throws `DecodeError` if the bytes are not
+/// an image of at most `maximumPixels` pixels; its rows throw `DecodeError` if it is damaged. Both throw what
+/// the source throws.
 ///
 /// PNG without interlacing and baseline JPEG are read from the source as their rows are read. For any other
 /// format the whole file, and the whole image as well, may be held in memory.

@@ -93,10 +93,9 @@ void PngFileSet::encode() {
 void PngFileSet::run(const PngPass& plan, const std::vector<PngFile*>& files) const {
     const RowStrips& strips = m_encoder.strips();
     const std::unique_ptr<RowReader> reader = plan.open();
-    std::vector<bool> wanted;
-    for (const PngFile* file : files) {
-        wanted.push_back(file != nullptr && file->isWanted());
-    }
+    std::vector<bool> wanted(files.size());
+    std::transform(files.begin(), files.end(), wanted.begin(),
+                   [](const PngFile* file) { return file != nullptr && file->isWanted(); });
     // Enough that neither reading nor writing waits for a strip that takes longer than others.
     const std::int64_t stripsAhead = std::min<std::int64_t>(std::int64_t{coreCount()} + 2, strips.count());
     StripInput input(*reader, strips, plan.margin, stripsAhead);
