@@ -10,6 +10,9 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+#include <iterator>
+
 namespace quarlin {
 
 using namespace Qt::StringLiterals;
@@ -54,6 +57,7 @@ std::vector<JsonLine> noteObjects(const SetJob& job, const SetOutcome& outcome) 
                        return SetNote{u"decided"_s, decision};
                    });
     std::vector<JsonLine> objects;
+    objects.reserve(notes.size());
     for (const SetNote& note : notes) {
         objects.push_back(JsonLine()
                               .add(u"code"_s, note.code)
