@@ -23,7 +23,7 @@ struct LoadingExport {
 
 /// Makes the folder `name` in `parent` and writes the images of a set into it. Throws `FileSystemError` if
 /// the folder can't be created, what the inputs throw, `cannotCreatePNG` and `cannotWritePNG`. The files that
-/// were written before stay; their names are in the result that the exception leaves behind.
+/// were written before that stay.
 ExportResult exportImages(const QUrl& parent, const QString& name, PixelSize size,
                           std::vector<PngPass> passes, const std::optional<LoadingExport>& loading);
 

@@ -48,8 +48,7 @@ public:
     /// Creates the drafts. The files are written in the order of `passes`.
     PngFileSet(QUrl folder, PixelSize size, std::vector<PngPass> passes);
 
-    /// Makes all passes, side by side. If the input of one fails, its drafts are removed and the other passes
-    /// go on.
+    /// Makes all passes, side by side. If the input of one fails, the other passes go on.
     void encode();
 
     /// Throws what the input of a pass has thrown, if it has failed.
@@ -57,7 +56,8 @@ public:
 
     /// Once all passes are made: puts the files in place in order, and adds each name to `written`. Throws
     /// what the first failing file throws, `FileError`, or what the input of a pass has thrown when the first
-    /// file of that pass comes. The files after it are not written, and their drafts are removed.
+    /// file of that pass comes. The files after it are not written; their drafts are removed with the set at
+    /// the latest.
     ///
     /// If a draft is incomplete, the drafts of the later files may have filled the disk. They are removed,
     /// and then each file is made once more, one after the other.
