@@ -156,6 +156,18 @@ OutputPreviews TextureProcessor::buildPreviews(const TextureMap& textures,
     return buildMaterialPreviews(textures, settings);
 }
 
+QImage TextureProcessor::makeMaterialImage(MaterialImage image, const TextureMap& textures,
+                                           const ConversionSettings& settings,
+                                           const RowProgress& progress) const {
+    return quarlin::makeMaterialImage(image, textures, settings, progress);
+}
+
+QImage TextureProcessor::makeGeneratedMap(GeneratedMap map, const TextureAsset& source,
+                                          const NormalGeneratorSettings& settings,
+                                          const RowProgress& progress) const {
+    return quarlin::makeGeneratedMap(map, source, settings, progress);
+}
+
 NormalPreviews TextureProcessor::buildNormalPreviews(const std::optional<TextureAsset>& source,
                                                      const NormalGeneratorSettings& settings) const {
     return buildGeneratedPreviews(source, settings);
