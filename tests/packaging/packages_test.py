@@ -65,8 +65,9 @@ class Installed:
                      "zsh/vendor-completions/_quarlin-cli"):
             self.assertTrue((self.prefix / "share" / file).is_file(), file)
 
-    def test_the_command_line_tells_its_version(self):
-        self.assertIn(VERSION, run(self.prefix / "bin/quarlin-cli", "--version"))
+    def test_each_program_prints_its_version(self):
+        for program in ("quarlin", "quarlin-cli"):
+            self.assertEqual(run(self.prefix / "bin" / program, "--version"), f"{program} {VERSION}\n")
 
     def test_the_command_line_exports_a_set(self):
         output = self.prefix / "exported"
