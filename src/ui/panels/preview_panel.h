@@ -33,6 +33,10 @@ public:
     /// Shows the log. `lines` are newest first.
     void setLogLines(const QStringList& lines);
 
+Q_SIGNALS:
+    /// The user wants to look closely at what the tile at `index` shows.
+    void tileOpened(int index);
+
 private:
     TextLabel* m_lastExport;
     EmptyPreview* m_empty;
