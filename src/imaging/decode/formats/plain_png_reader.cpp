@@ -1,7 +1,7 @@
 #include "imaging/decode/formats/plain_png_reader.h"
 
 #include "imaging/base/pixel_size.h"
-#include "imaging/decode/convert_pixels.h"
+#include "imaging/pixels/convert_pixels.h"
 #include "imaging/decode/decode_error.h"
 #include "imaging/decode/formats/png_chunk_reader.h"
 #include "imaging/decode/formats/png_reader.h"
