@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/base/row_progress.h"
 #include "imaging/base/pixel_size.h"
 
 #include <QColorSpace>
@@ -111,6 +112,12 @@ public:
     /// The preview tiles of a material, computed as the export computes its files.
     OutputPreviews buildPreviews(const TextureMap& textures, const ConversionSettings& settings) const;
 
+    /// An image of a material set at the size of the export, with the pixels that the export writes. A null
+    /// image when the texture that it is made from is not loaded, or when `progress` ends the work. Throws as
+    /// `renderImage`.
+    QImage makeMaterialImage(MaterialImage image, const TextureMap& textures,
+                             const ConversionSettings& settings, const RowProgress& progress) const;
+
     /// Writes a material set into a folder, named after the material, in `parentDirectory`. Files written
     /// before a failure stay. Throws `missingBaseColor`, the errors of reading and writing, and
     /// `FileSystemError` when the folder can't be created.
@@ -126,6 +133,11 @@ public:
     /// The preview tiles of the generator; none without a source.
     NormalPreviews buildNormalPreviews(const std::optional<TextureAsset>& source,
                                        const NormalGeneratorSettings& settings) const;
+
+    /// An image of a generated set at the size of the export, with the pixels that the export writes. A null
+    /// image when `progress` ends the work. Throws as `renderImage`.
+    QImage makeGeneratedMap(GeneratedMap map, const TextureAsset& source,
+                            const NormalGeneratorSettings& settings, const RowProgress& progress) const;
 
     /// Writes a generated set as `exportMaterialSet` writes a material set. Throws `missingNormalSource` when
     /// there is no source.

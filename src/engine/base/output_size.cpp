@@ -16,6 +16,11 @@ PixelSize resolvedOutputSize(std::int64_t baseWidth, std::int64_t baseHeight, Ou
     return {baseWidth, baseHeight};
 }
 
+PixelSize resolvedOutputSize(const TextureMap& textures, const ConversionSettings& settings) {
+    const auto base = textures.find(TextureSlotKind::baseColor);
+    return resolvedOutputSize((base != textures.end() ? base : textures.begin())->second, settings);
+}
+
 PixelSize previewSize(PixelSize size) {
     constexpr std::int64_t longestSide = 512;
     const std::int64_t longest = std::max(size.width, size.height);

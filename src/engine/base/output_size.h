@@ -11,6 +11,10 @@ namespace quarlin {
 PixelSize resolvedOutputSize(const TextureAsset& base, const ConversionSettings& settings);
 PixelSize resolvedOutputSize(std::int64_t baseWidth, std::int64_t baseHeight, OutputResolution resolution);
 
+/// The size of the images of a material. Without a base color, the first texture takes its place; there must
+/// be a texture.
+PixelSize resolvedOutputSize(const TextureMap& textures, const ConversionSettings& settings);
+
 /// The size of a preview: at most 512 on the long side, the short side truncated but at least 1.
 PixelSize previewSize(PixelSize size);
 

@@ -2,6 +2,7 @@
 #include "engine/base/on_screen_image.h"
 #include "engine/base/output_size.h"
 #include "engine/base/rendered_texture.h"
+#include "engine/base/texture_processor_error.h"
 #include "engine/generator/generated_strips.h"
 #include "engine/generator/generator.h"
 #include "imaging/base/pixel_size.h"
@@ -26,6 +27,22 @@ NormalPreviews buildGeneratedPreviews(const std::optional<TextureAsset>& source,
         previews.emplace(map, onScreenImage(outputs[map]));
     }
     return previews;
+}
+
+QImage makeGeneratedMap(GeneratedMap map, const TextureAsset& source, const NormalGeneratorSettings& settings,
+                        const RowProgress& progress) {
+    const PixelSize size =
+        resolvedOutputSize(source.pixelWidth, source.pixelHeight, settings.outputResolution);
+    const QImage rendered = renderTexture(source, size);
+    if (map == GeneratedMap::source) {
+        return rendered;
+    }
+    QImage made(rendered.size(), pixelFormat);
+    if (made.isNull()) {
+        throw TextureProcessorError::cannotCreateBitmap();
+    }
+    const bool isWhole = generateMap(map, ImageView(rendered), settings, made.bits(), progress);
+    return isWhole ? made : QImage();
 }
 
 }  // namespace quarlin

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
+#include <mutex>
 #include <utility>
 #include <vector>
 
@@ -69,6 +71,12 @@ HeightRows smoothedHeights(const RowWindow& source, const NormalGeneratorSetting
     return heights;
 }
 
+/// The strips that whole images are made in.
+RowStrips stripsOf(const ImageView& source) {
+    constexpr std::int64_t rowsPerStrip = 64;
+    return {source.height, rowsPerStrip};
+}
+
 /// Spreads a gray map out to opaque RGBA.
 void spreadGray(const PixelBuffer& gray, std::uint8_t* pixels) {
     for (const std::uint8_t value : gray) {
@@ -77,6 +85,17 @@ void spreadGray(const PixelBuffer& gray, std::uint8_t* pixels) {
         pixels[2] = value;
         pixels[3] = 255;
         pixels += bytesPerPixel;
+    }
+}
+
+/// Writes a computed map of `strip` to its place in the pixels of the whole image.
+void placeMap(GeneratedMap map, const GeneratedStrip& strip, std::int64_t bytesPerRow, std::uint8_t* pixels) {
+    const PixelBuffer& made = strip.maps[map];
+    std::uint8_t* place = pixels + strip.rows.first * bytesPerRow;
+    if (isGray(map)) {
+        spreadGray(made, place);
+    } else {
+        std::copy(made.begin(), made.end(), place);
     }
 }
 
@@ -118,21 +137,33 @@ NormalOutputs generateOutputs(const ImageView& source, const NormalGeneratorSett
     for (const GeneratedMap map : computedMaps) {
         outputs[map] = {source.width, source.height, PixelBuffer(bytes)};
     }
-    constexpr std::int64_t rowsPerStrip = 64;
-    const RowStrips strips(source.height, rowsPerStrip);
+    const RowStrips strips = stripsOf(source);
     forEachInParallel(strips.count(), [&](std::int64_t index) {
         const GeneratedStrip strip = generateStrip(RowWindow(source), settings, strips[index]);
         for (const GeneratedMap map : computedMaps) {
-            const PixelBuffer& made = strip.maps[map];
-            std::uint8_t* place = outputs[map].pixels.data() + strip.rows.first * source.bytesPerRow();
-            if (isGray(map)) {
-                spreadGray(made, place);
-            } else {
-                std::copy(made.begin(), made.end(), place);
-            }
+            placeMap(map, strip, source.bytesPerRow(), outputs[map].pixels.data());
         }
     });
     return outputs;
+}
+
+bool generateMap(GeneratedMap map, const ImageView& source, const NormalGeneratorSettings& settings,
+                 std::uint8_t* pixels, const RowProgress& progress) {
+    const RowStrips strips = stripsOf(source);
+    std::mutex reporting;
+    std::int64_t rowsDone = 0;
+    std::atomic<bool> isStopped = false;
+    forEachInParallel(strips.count(), [&](std::int64_t index) {
+        if (isStopped) {
+            return;
+        }
+        placeMap(map, generateStrip(RowWindow(source), settings, strips[index]), source.bytesPerRow(),
+                 pixels);
+        const std::lock_guard lock(reporting);
+        rowsDone += strips[index].count;
+        isStopped = isStopped || !progress(rowsDone);
+    });
+    return !isStopped;
 }
 
 }  // namespace quarlin

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/base/generated_maps.h"
+#include "engine/base/row_progress.h"
 #include "engine/generator/generator_rows.h"
 #include "imaging/base/row_strips.h"
 #include "imaging/pixels/image_view.h"
@@ -30,5 +31,10 @@ std::int64_t marginRows(const NormalGeneratorSettings& settings);
 
 /// The source and all maps of it as whole images, made on all cores.
 NormalOutputs generateOutputs(const ImageView& source, const NormalGeneratorSettings& settings);
+
+/// Makes one of `computedMaps` as a whole image, on all cores. `pixels` has room for as many bytes as the
+/// source. Returns false, with the image incomplete, if `progress` ended the work.
+bool generateMap(GeneratedMap map, const ImageView& source, const NormalGeneratorSettings& settings,
+                 std::uint8_t* pixels, const RowProgress& progress);
 
 }  // namespace quarlin

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "engine/base/row_progress.h"
 #include "model/export_result.h"
+#include "model/generated_set.h"
 #include "model/normal_generator_settings.h"
 #include "model/previews.h"
 #include "model/texture_asset.h"
 
+#include <QImage>
 #include <QUrl>
 
 #include <optional>
@@ -18,5 +21,8 @@ ExportResult exportGeneratedSet(const std::optional<TextureAsset>& source,
 
 NormalPreviews buildGeneratedPreviews(const std::optional<TextureAsset>& source,
                                       const NormalGeneratorSettings& settings);
+
+QImage makeGeneratedMap(GeneratedMap map, const TextureAsset& source, const NormalGeneratorSettings& settings,
+                        const RowProgress& progress);
 
 }  // namespace quarlin

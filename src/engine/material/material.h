@@ -1,11 +1,14 @@
 #pragma once
 
+#include "engine/base/row_progress.h"
 #include "imaging/pixels/pixel_image.h"
 #include "model/conversion_settings.h"
 #include "model/export_result.h"
+#include "model/material_set.h"
 #include "model/previews.h"
 #include "model/texture_asset.h"
 
+#include <QImage>
 #include <QUrl>
 
 namespace quarlin {
@@ -16,6 +19,9 @@ ExportResult exportMaterialSet(const TextureMap& textures, const ConversionSetti
                                const QUrl& parentDirectory);
 
 OutputPreviews buildMaterialPreviews(const TextureMap& textures, const ConversionSettings& settings);
+
+QImage makeMaterialImage(MaterialImage image, const TextureMap& textures, const ConversionSettings& settings,
+                         const RowProgress& progress);
 
 PixelImage makeORM(const TextureMap& textures, const ConversionSettings& settings, std::int64_t width,
                    std::int64_t height);

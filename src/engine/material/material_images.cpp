@@ -6,7 +6,9 @@
 #include "imaging/base/outcome.h"
 #include "imaging/base/parallel.h"
 #include "imaging/base/pixel_size.h"
+#include "imaging/base/row_strips.h"
 #include "imaging/decode/image_decoder.h"
+#include "imaging/pixels/image_view.h"
 #include "imaging/pixels/pixel_image.h"
 #include "model/conversion_settings.h"
 #include "model/material_set.h"
@@ -22,9 +24,7 @@ OutputPreviews buildMaterialPreviews(const TextureMap& textures, const Conversio
     if (textures.empty()) {
         return {};
     }
-    const auto base = textures.find(TextureSlotKind::baseColor);
-    const TextureAsset& reference = base != textures.end() ? base->second : textures.begin()->second;
-    const PixelSize size = previewSize(resolvedOutputSize(reference, settings));
+    const PixelSize size = previewSize(resolvedOutputSize(textures, settings));
     const MaterialSources sources(textures);
 
     constexpr auto images = allCases<MaterialImage>();
@@ -43,6 +43,39 @@ OutputPreviews buildMaterialPreviews(const TextureMap& textures, const Conversio
         }
     }
     return previews;
+}
+
+QImage makeMaterialImage(MaterialImage image, const TextureMap& textures, const ConversionSettings& settings,
+                         const RowProgress& progress) {
+    if (textures.empty()) {
+        return {};
+    }
+    const PixelSize size = resolvedOutputSize(textures, settings);
+    const MaterialSources sources(textures);
+    if (image == MaterialImage::baseColor) {
+        if (const QImage loaded = sources.loadedImage(TextureSlotKind::baseColor, size); !loaded.isNull()) {
+            return loaded;
+        }
+    }
+    const auto rows = openMaterialImage(image, sources, settings, size);
+    if (!rows) {
+        return {};
+    }
+    QImage made(static_cast<int>(size.width), static_cast<int>(size.height), pixelFormat);
+    if (made.isNull()) {
+        throw TextureProcessorError::cannotCreateBitmap();
+    }
+    // Enough rows for all cores, few enough to stop soon.
+    constexpr std::int64_t rowsPerStrip = 128;
+    const RowStrips strips(size.height, rowsPerStrip);
+    std::uint8_t* pixels = made.bits();
+    for (std::int64_t strip = 0; strip < strips.count(); ++strip) {
+        rows->read(strips[strip].count, pixels + strips[strip].first * rows->bytesPerRow());
+        if (!progress(strips[strip].end())) {
+            return {};
+        }
+    }
+    return made;
 }
 
 PixelImage makeORM(const TextureMap& textures, const ConversionSettings& settings, std::int64_t width,

@@ -21,6 +21,9 @@ public:
     /// `TextureSource` does.
     std::unique_ptr<RowReader> open(TextureSlotKind slot, PixelSize size) const;
 
+    /// The pixels in memory of the texture of `slot` if they have this size, else a null image.
+    QImage loadedImage(TextureSlotKind slot, PixelSize size) const;
+
     /// Whether the texture of `slot` is one channel of a file: see `TextureAsset::channel`.
     bool isChannel(TextureSlotKind slot) const { return m_channels.contains(slot); }
 

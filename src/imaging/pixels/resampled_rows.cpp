@@ -2,15 +2,17 @@
 
 #include "imaging/base/parallel.h"
 #include "imaging/base/row_strips.h"
-#include "imaging/pixels/resample_rows.h"
+#include "imaging/pixels/row_filter.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace quarlin {
 
 namespace {
+
+/// The rows that one thread filters at a time.
+constexpr std::int64_t rowsPerPart = 8;
 
 /// The rows that are read and filtered at a time: large enough to keep several cores busy.
 std::int64_t rowsPerBatch(const RowReader& source) {
@@ -26,22 +28,10 @@ std::int64_t tallest(const std::vector<FilterTaps>& taps) {
     return static_cast<std::int64_t>(most);
 }
 
-/// Rounds a row of sums to pixels and keeps every color at or below its alpha. The filter overshoots next to
-/// an edge. Where alpha is clamped to 255, the colors are scaled down with it; otherwise a cut-out would have
-/// a bright rim.
-void convertRow(std::span<const double> sums, std::uint8_t* output) {
-    const auto toByte = [](double sum, double largest) {
-        return static_cast<std::uint8_t>(std::max(0.0, std::min(largest, std::floor(sum + 0.5))));
-    };
-    for (std::size_t index = 0; index < sums.size(); index += 4) {
-        constexpr double opaque = 255.0;
-        const std::uint8_t alpha = toByte(sums[index + 3], opaque);
-        const double held = sums[index + 3] > opaque ? opaque / sums[index + 3] : 1.0;
-        output[index] = toByte(sums[index] * held, alpha);
-        output[index + 1] = toByte(sums[index + 1] * held, alpha);
-        output[index + 2] = toByte(sums[index + 2] * held, alpha);
-        output[index + 3] = alpha;
-    }
+/// Rows with `width` pixels are held at a distance of so many samples.
+std::int64_t samplesPerRow(std::int64_t width) {
+    constexpr std::int64_t padding = filteredRowPadding;
+    return (width * bytesPerPixel + padding - 1) / padding * padding;
 }
 
 }  // namespace
@@ -49,11 +39,12 @@ void convertRow(std::span<const double> sums, std::uint8_t* output) {
 ResampledRows::ResampledRows(std::unique_ptr<RowReader> source, std::int64_t width, std::int64_t height)
     : RowReader(width, height),
       m_source(std::move(source)),
-      m_columnTaps(lanczosTaps(m_source->width(), width)),
+      m_columns(lanczosTaps(m_source->width(), width)),
       m_rowTaps(lanczosTaps(m_source->height(), height)),
       m_rowsPerBatch(rowsPerBatch(*m_source)),
       m_heldRows(std::min(m_source->height(), tallest(m_rowTaps) + m_rowsPerBatch)),
-      m_filtered(pixelCount(m_heldRows, width * bytesPerPixel)) {}
+      m_samplesPerRow(samplesPerRow(width)),
+      m_filtered(pixelCount(m_heldRows, m_samplesPerRow)) {}
 
 void ResampledRows::readRows(std::int64_t count, std::uint8_t* rows) {
     // The batches that these rows need, as they are counted in this call.
@@ -65,7 +56,8 @@ void ResampledRows::readRows(std::int64_t count, std::uint8_t* rows) {
     };
     const auto read = [&](std::int64_t batch) {
         PixelBuffer& buffer = bufferOf(batch);
-        buffer.resize(static_cast<std::size_t>(m_rowsPerBatch * m_source->bytesPerRow()));
+        buffer.resize(static_cast<std::size_t>(m_rowsPerBatch * m_source->bytesPerRow()) +
+                      ColumnFilter::bytesReadPastTheEnd);
         m_source->read(batches[batch].count, buffer.data());
         return true;
     };
@@ -93,41 +85,36 @@ RowRange ResampledRows::rowsMadeOf(std::int64_t filtered, RowRange rows) const {
     return made;
 }
 
-float* ResampledRows::filteredRow(std::int64_t y) {
-    return m_filtered.data() + y % m_heldRows * width() * bytesPerPixel;
+std::int32_t* ResampledRows::filteredRow(std::int64_t y) {
+    return m_filtered.data() + y % m_heldRows * m_samplesPerRow;
 }
 
 void ResampledRows::filterBatch(const PixelBuffer& batch, RowRange rows) {
-    constexpr std::int64_t rowsPerPart = 8;
     const RowStrips parts(rows.count, rowsPerPart);
     forEachInParallel(parts.count(), [&](std::int64_t part) {
-        std::vector<double, UninitializedAllocator<double>> wide(
-            static_cast<std::size_t>(m_source->bytesPerRow()));
         const RowRange range = parts[part];
-        for (std::int64_t index = range.first; index < range.end(); ++index) {
-            filterPixelRow(batch.data() + index * m_source->bytesPerRow(), m_columnTaps, wide,
-                           filteredRow(rows.first + index));
+        std::array<std::int32_t*, rowsPerPart> output;
+        for (std::int64_t index = 0; index < range.count; ++index) {
+            output[static_cast<std::size_t>(index)] = filteredRow(rows.first + range.first + index);
         }
+        m_columns.filter(batch.data() + range.first * m_source->bytesPerRow(), m_source->bytesPerRow(),
+                         std::span(output).first(static_cast<std::size_t>(range.count)));
     });
 }
 
 void ResampledRows::combine(RowRange rows, std::uint8_t* output) {
-    constexpr std::int64_t rowsPerPart = 8;
     const RowStrips parts(rows.count, rowsPerPart);
     forEachInParallel(parts.count(), [&](std::int64_t part) {
-        std::vector<double> sums(static_cast<std::size_t>(width() * bytesPerPixel));
         const RowRange range = parts[part];
+        std::vector<const std::int32_t*> inputs;
         for (std::int64_t index = range.first; index < range.end(); ++index) {
             const FilterTaps& taps = m_rowTaps[static_cast<std::size_t>(rows.first + index)];
-            std::fill(sums.begin(), sums.end(), 0.0);
-            for (std::size_t tap = 0; tap < taps.weights.size(); ++tap) {
-                const float* row = filteredRow(taps.first + static_cast<std::int64_t>(tap));
-                const double weight = taps.weights[tap];
-                for (std::size_t sample = 0; sample < sums.size(); ++sample) {
-                    sums[sample] += weight * static_cast<double>(row[sample]);
-                }
+            inputs.clear();
+            for (std::int64_t y = taps.first; y < taps.end(); ++y) {
+                inputs.push_back(filteredRow(y));
             }
-            convertRow(sums, output + index * bytesPerRow());
+            filterRows(inputs, taps.weights,
+                       {output + index * bytesPerRow(), static_cast<std::size_t>(bytesPerRow())});
         }
     });
 }

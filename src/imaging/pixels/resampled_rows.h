@@ -1,6 +1,7 @@
 #pragma once
 
 #include "imaging/base/row_strips.h"
+#include "imaging/pixels/column_filter.h"
 #include "imaging/pixels/lanczos_taps.h"
 #include "imaging/pixels/row_reader.h"
 
@@ -27,19 +28,20 @@ private:
     /// Those of `rows`, from the first on, that can be made when the first `filtered` input rows are there.
     RowRange rowsMadeOf(std::int64_t filtered, RowRange rows) const;
     /// Where input row `y` is held after its columns are filtered.
-    float* filteredRow(std::int64_t y);
+    std::int32_t* filteredRow(std::int64_t y);
     /// Filters the columns of the input rows `rows`.
     void filterBatch(const PixelBuffer& batch, RowRange rows);
     /// Makes output rows of the filtered input rows.
     void combine(RowRange rows, std::uint8_t* output);
 
     std::unique_ptr<RowReader> m_source;
-    std::vector<FilterTaps> m_columnTaps;
+    ColumnFilter m_columns;
     std::vector<FilterTaps> m_rowTaps;
     std::int64_t m_rowsPerBatch;
     /// Input rows with filtered columns, each at its number modulo `m_heldRows`.
     std::int64_t m_heldRows;
-    std::vector<float, UninitializedAllocator<float>> m_filtered;
+    std::int64_t m_samplesPerRow;
+    std::vector<std::int32_t, UninitializedAllocator<std::int32_t>> m_filtered;
     /// Input rows that are read but not yet filtered, used in turn.
     std::array<PixelBuffer, 2> m_batches;
 };

@@ -1,77 +1,27 @@
 #pragma once
 
-#include "imaging/png/filter.h"
-
-#include <array>
+#include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <span>
 
 namespace quarlin {
 
-/// The readable bytes that must follow a row to unfilter and the row above it.
+/// The readable bytes that must follow filtered rows and the row above them.
 inline constexpr std::size_t unfilterSpare = 8;
 
-/// Turns a row of residuals, `pixelSize` bytes per pixel, back into samples, in place. `above` is the row
-/// above, all zeros for the first row. False when no filter has that number.
+/// Turns the first of `count` filtered rows, of 1 to 4 bytes per pixel, back into samples in place; the first
+/// two where that is faster. `rows` points at the samples of the first row. The byte before the samples of a
+/// row is the number of its filter, and rows are at a distance of `rowSize + 1` bytes. `above` is the row
+/// above, all zeros for the first row of the image.
 ///
-/// Each pixel needs the one before it, whose channels are kept in local arrays so that the compiler handles
-/// them together. Three channels are handled as four; the fourth is the first of the next pixel, and its
-/// result is not used.
-template <int pixelSize>
-bool unfilterPngRow(std::uint8_t filter, std::span<std::uint8_t> row, const std::uint8_t* above) {
-    constexpr auto step = static_cast<std::size_t>(pixelSize);
-    constexpr std::size_t channels = step == 3 ? 4 : step;
-    std::array<int, channels> left{};
-    std::array<int, channels> upLeft{};
-    const auto write = [&](std::size_t index) {
-        for (std::size_t channel = 0; channel < step; ++channel) {
-            row[index + channel] = static_cast<std::uint8_t>(left[channel]);
-        }
-    };
-    const std::uint8_t* residuals = row.data();
-    switch (static_cast<PngFilter>(filter)) {
-        case PngFilter::none:
-            return true;
-        case PngFilter::sub:
-            for (std::size_t index = 0; index < row.size(); index += step) {
-                for (std::size_t channel = 0; channel < channels; ++channel) {
-                    left[channel] = (residuals[index + channel] + left[channel]) & 255;
-                }
-                write(index);
-            }
-            return true;
-        case PngFilter::up:
-            for (std::size_t index = 0; index < row.size(); ++index) {
-                row[index] = static_cast<std::uint8_t>(row[index] + above[index]);
-            }
-            return true;
-        case PngFilter::average:
-            for (std::size_t index = 0; index < row.size(); index += step) {
-                for (std::size_t channel = 0; channel < channels; ++channel) {
-                    left[channel] =
-                        (residuals[index + channel] + (left[channel] + above[index + channel]) / 2) & 255;
-                }
-                write(index);
-            }
-            return true;
-        case PngFilter::paeth:
-            for (std::size_t index = 0; index < row.size(); index += step) {
-                for (std::size_t channel = 0; channel < channels; ++channel) {
-                    const int up = above[index + channel];
-                    const int fromLeft = std::abs(up - upLeft[channel]);
-                    const int fromUp = std::abs(left[channel] - upLeft[channel]);
-                    const int fromUpLeft = std::abs(left[channel] + up - 2 * upLeft[channel]);
-                    const int vertical = fromUp <= fromUpLeft ? up : upLeft[channel];
-                    const bool isLeft = fromLeft <= fromUp && fromLeft <= fromUpLeft;
-                    left[channel] = (residuals[index + channel] + (isLeft ? left[channel] : vertical)) & 255;
-                    upLeft[channel] = up;
-                }
-                write(index);
-            }
-            return true;
-    }
-    return false;
-}
+/// Returns how many rows were unfiltered; 0 when no filter has that number.
+std::int64_t unfilterPngRows(std::size_t pixelSize, std::uint8_t* rows, std::size_t rowSize,
+                             std::int64_t count, const std::uint8_t* above);
+
+namespace plain {
+
+/// Unfilters one row byte by byte, as in the text of the standard. Returns whether there is such a filter.
+bool unfilterPngRow(std::size_t pixelSize, std::uint8_t* row, std::size_t rowSize, const std::uint8_t* above);
+
+}  // namespace plain
 
 }  // namespace quarlin

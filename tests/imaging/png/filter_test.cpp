@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <set>
+#include <utility>
 
 using namespace quarlin;
 
@@ -48,57 +49,91 @@ TEST(PngFilter, EveryFilterMatchesItsPlainTwinForRowsOfEveryLength) {
     }
 }
 
-TEST(PngFilter, AverageAndPaethAreExactForEveryTripleOfNeighbors) {
+/// A row whose second, fourth, ... samples have `left` to their left, and a row above it, with every pair of
+/// samples above and above left.
+std::pair<Bytes, Bytes> everyPairNextTo(std::size_t left) {
     constexpr std::size_t values = 256;
-    for (std::size_t left = 0; left < values; ++left) {
-        // Every second sample has `left` to its left, and every pair of samples above and above left.
-        Bytes row(2 * values * values);
-        Bytes above(row.size());
-        for (std::size_t pair = 0; pair < values * values; ++pair) {
-            row[2 * pair] = static_cast<std::uint8_t>(left);
-            above[2 * pair] = static_cast<std::uint8_t>(pair / values);
-            above[2 * pair + 1] = static_cast<std::uint8_t>(pair % values);
-        }
+    Bytes row(2 * values * values);
+    Bytes above(row.size());
+    for (std::size_t pair = 0; pair < values * values; ++pair) {
+        row[2 * pair] = static_cast<std::uint8_t>(left);
+        above[2 * pair] = static_cast<std::uint8_t>(pair / values);
+        above[2 * pair + 1] = static_cast<std::uint8_t>(pair % values);
+    }
+    return {row, above};
+}
+
+TEST(PngFilter, AverageAndPaethAreExactForEveryTripleOfNeighbors) {
+    for (std::size_t left = 0; left < 256; ++left) {
+        const auto [row, above] = everyPairNextTo(left);
         for (const PngFilter filter : {PngFilter::average, PngFilter::paeth}) {
             ASSERT_EQ(plainlyFiltered(filter, 1, row, above), filtered(filter, 1, row, above)) << left;
         }
     }
 }
 
-template <int pixelSize>
-void expectUnfilteringGivesRowsBack() {
-    for (int pixels = 1; pixels <= 40; ++pixels) {
-        const fixtures::Picture noise =
-            fixtures::noisePicture(pixels, 2, static_cast<std::uint64_t>(pixels), true);
-        const std::ptrdiff_t size = pixels * pixelSize;
-        const Bytes row(noise.bytes.begin(), noise.bytes.begin() + size);
-        Bytes above(noise.bytes.end() - size, noise.bytes.end());
-        for (const PngFilter filter : filters) {
-            Bytes restored = plainlyFiltered(filter, pixelSize, row, above);
-            // The bytes after the row must neither matter nor change.
-            restored.resize(row.size() + unfilterSpare, 99);
-            above.resize(restored.size(), 77);
-            ASSERT_TRUE(unfilterPngRow<pixelSize>(static_cast<std::uint8_t>(filter),
-                                                  {restored.data(), row.size()}, above.data()));
-            above.resize(row.size());
-            ASSERT_TRUE(std::equal(row.begin(), row.end(), restored.begin())) << pixels;
-            ASSERT_EQ(Bytes(restored.end() - unfilterSpare, restored.end()), Bytes(unfilterSpare, 99));
+/// Filters two rows, each with its own filter, and unfilters them again.
+void expectUnfilteringGivesRowsBack(std::size_t pixelSize, int pixels, PngFilter first, PngFilter second) {
+    const fixtures::Picture noise =
+        fixtures::noisePicture(pixels, 3, static_cast<std::uint64_t>(pixels), true);
+    const std::size_t size = static_cast<std::size_t>(pixels) * pixelSize;
+    const auto rowOfNoise = [&](std::ptrdiff_t number) {
+        const auto begin = noise.bytes.begin() + number * pixels * 4;
+        return Bytes(begin, begin + static_cast<std::ptrdiff_t>(size));
+    };
+    Bytes above = rowOfNoise(0);
+    const Bytes rows[] = {rowOfNoise(1), rowOfNoise(2)};
+    // Each row after the number of its filter.
+    Bytes restored{static_cast<std::uint8_t>(first)};
+    const auto append = [&](const Bytes& residuals) {
+        restored.insert(restored.end(), residuals.begin(), residuals.end());
+    };
+    append(plainlyFiltered(first, pixelSize, rows[0], above));
+    restored.push_back(static_cast<std::uint8_t>(second));
+    append(plainlyFiltered(second, pixelSize, rows[1], rows[0]));
+    // The bytes after the rows must neither matter nor change.
+    restored.resize(restored.size() + unfilterSpare, 99);
+    above.resize(size + unfilterSpare, 77);
+
+    std::uint8_t* row = restored.data() + 1;
+    const std::int64_t done = unfilterPngRows(pixelSize, row, size, 2, above.data());
+    ASSERT_TRUE(done == 1 || done == 2);
+    std::uint8_t* const lower = row + size + 1;
+    if (done == 1) {
+        ASSERT_EQ(unfilterPngRows(pixelSize, lower, size, 1, row), 1);
+    }
+    EXPECT_TRUE(std::equal(rows[0].begin(), rows[0].end(), row));
+    EXPECT_TRUE(std::equal(rows[1].begin(), rows[1].end(), lower));
+    EXPECT_EQ(restored[0], static_cast<std::uint8_t>(first));
+    EXPECT_EQ(restored[size + 1], static_cast<std::uint8_t>(second));
+    EXPECT_EQ(Bytes(restored.end() - unfilterSpare, restored.end()), Bytes(unfilterSpare, 99));
+}
+
+TEST(PngFilter, UnfilteringGivesTheRowsBackOnEveryInstructionSet) {
+    for (std::size_t pixelSize = 1; pixelSize <= 4; ++pixelSize) {
+        for (const int pixels : {1, 2, 3, 4, 5, 39, 40}) {
+            for (const PngFilter first : filters) {
+                for (const PngFilter second : filters) {
+                    SCOPED_TRACE(pixels);
+                    forEachInstructionSet(
+                        [&] { expectUnfilteringGivesRowsBack(pixelSize, pixels, first, second); });
+                }
+            }
         }
     }
 }
 
-TEST(PngFilter, UnfilteringGivesTheRowBack) {
-    expectUnfilteringGivesRowsBack<1>();
-    expectUnfilteringGivesRowsBack<2>();
-    expectUnfilteringGivesRowsBack<3>();
-    expectUnfilteringGivesRowsBack<4>();
-}
-
-TEST(PngFilter, AnUnknownFilterIsRejected) {
-    Bytes row(8);
-    const Bytes above(8);
-    EXPECT_FALSE(unfilterPngRow<4>(5, row, above.data()));
-    EXPECT_FALSE(unfilterPngRow<4>(255, row, above.data()));
+TEST(PngFilter, UnfilteringIsExactForEveryTripleOfNeighbors) {
+    for (std::size_t left = 0; left < 256; ++left) {
+        const auto [row, above] = everyPairNextTo(left);
+        for (const PngFilter filter : {PngFilter::average, PngFilter::paeth}) {
+            Bytes restored{static_cast<std::uint8_t>(filter)};
+            const Bytes residuals = plainlyFiltered(filter, 1, row, above);
+            restored.insert(restored.end(), residuals.begin(), residuals.end());
+            ASSERT_EQ(unfilterPngRows(1, restored.data() + 1, row.size(), 1, above.data()), 1);
+            ASSERT_TRUE(std::equal(row.begin(), row.end(), restored.begin() + 1)) << left;
+        }
+    }
 }
 
 /// The sum of the magnitudes of the residuals, as signed bytes.

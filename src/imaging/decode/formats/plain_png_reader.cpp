@@ -1,7 +1,7 @@
 #include "imaging/decode/formats/plain_png_reader.h"
 
 #include "imaging/base/pixel_size.h"
-#include "imaging/decode/convert_pixels.h"
+#include "imaging/pixels/convert_pixels.h"
 #include "imaging/decode/decode_error.h"
 #include "imaging/decode/formats/png_chunk_reader.h"
 #include "imaging/decode/formats/png_reader.h"
@@ -154,18 +154,21 @@ private:
     void convertRows(std::int64_t count, std::uint8_t* samples, std::uint8_t* pixels) override {
         const std::uint8_t* above = m_above.data();
         std::uint8_t* row = samples + 1;
-        for (std::int64_t index = 0; index < count; ++index) {
-            if (!unfilterPngRow<channels>(row[-1], {row, m_rowSize}, above)) {
+        for (std::int64_t index = 0; index < count;) {
+            const std::int64_t done = unfilterPngRows(channels, row, m_rowSize, count - index, above);
+            if (done == 0) {
                 throw DecodeError(DecodeProblem::damaged);
             }
-            std::uint8_t* const output = pixels + index * bytesPerRow();
-            if (m_isStraight) {
-                spreadPixels<std::uint8_t, channels>(row, width(), output);
-            } else {
-                convertPixels<std::uint8_t, channels>(row, width(), output);
+            for (const std::int64_t end = index + done; index < end; ++index) {
+                std::uint8_t* const output = pixels + index * bytesPerRow();
+                if (m_isStraight) {
+                    spreadPixels<std::uint8_t, channels>(row, width(), output);
+                } else {
+                    convertPixels<std::uint8_t, channels>(row, width(), output);
+                }
+                above = row;
+                row += m_rowSize + 1;
             }
-            above = row;
-            row += m_rowSize + 1;
         }
         std::copy_n(above, m_rowSize, m_above.begin());
     }
