@@ -2,9 +2,9 @@
 """Times whole exports of quarlin-cli and of other programs with comparable work, in one run.
 
 Every round runs each task once, so that other load of the machine affects all of them alike. The tables show medians.
-The targets are printed next to the figures; meeting them is not checked.
+The goals are printed next to the figures; meeting them is not checked.
 
-    side_by_side [--rounds N] [--only-ours] [--no-growth]     other arguments are for the other benchmarks
+    side_by_side [--rounds N] [--only-ours] [--no-sides]     other arguments are for the other benchmarks
 """
 
 import argparse
@@ -12,147 +12,10 @@ import json
 import os
 import platform
 import shutil
-import statistics
-import subprocess
-import sys
-import time
-from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-SIZE = 4096
-BENCH = Path(__file__).resolve().parent
-CLI = BENCH.parent / "src/cli/quarlin-cli"
-PROGRAMS = BENCH / "programs"
-TEXTURES = BENCH / "textures"
-OUTPUT = BENCH / "output"
-RAW = TEXTURES / "photograph.rgba"
-REFERENCE = "libvips: one RGBA PNG, level 6, no filters"
-
-
-class Run:
-    """The time and memory of one run of a program."""
-
-    def __init__(self, seconds, processor, system, peak):
-        self.seconds, self.processor, self.system, self.peak = seconds, processor, system, peak
-
-
-def run(command, **environment):
-    """Runs a program to its end: elapsed time, processor time, system time (part of it), peak memory in MiB."""
-    begin = time.perf_counter()
-    process = subprocess.Popen(
-        [str(word) for word in command], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-        stderr=subprocess.PIPE, env={**os.environ, **environment})
-    complaint = process.stderr.read()
-    _, status, usage = os.wait4(process.pid, 0)
-    seconds = time.perf_counter() - begin
-    process.returncode = os.waitstatus_to_exitcode(status)
-    if process.returncode != 0:
-        raise SystemExit(f"{' '.join(map(str, command))}\n{complaint.decode(errors='replace')}")
-    return Run(seconds, usage.ru_utime + usage.ru_stime, usage.ru_stime, usage.ru_maxrss / 1024)
-
-
-def median(runs):
-    """The median of each time over several runs, and the largest peak memory."""
-    return Run(*(statistics.median(getattr(each, name) for each in runs)
-                 for name in ("seconds", "processor", "system")), max(each.peak for each in runs))
-
-
-# ---- Textures ----------------------------------------------------------------------------------------------------
-
-
-def make_textures():
-    """Makes the missing inputs: RGBA photograph, RGB base color and normal, three gray maps.
-
-    libpng writes the PNGs, at level 6 with its own choice of filters, as most programs do.
-    """
-    TEXTURES.mkdir(exist_ok=True)
-    drawn = TEXTURES / "photograph.png"
-    if not drawn.exists():
-        print("Making the textures (once)", file=sys.stderr)
-        run([PROGRAMS / "draw_photograph", SIZE, RAW, drawn])
-        run([CLI, "maps", "--source", drawn, "--size", SIZE, "--output", TEXTURES])
-    maps = TEXTURES / "photograph"
-    wanted = {"base": ("basecolor", 3), "normal": ("normal", 3), "occlusion": ("ao", 1),
-              "roughness": ("roughness", 1), "metallic": ("metallic", 1)}
-    missing = [(maps / f"photograph_{source}.png", TEXTURES / f"{name}.png", samples)
-               for name, (source, samples) in wanted.items()]
-    # Every image of a generated set, written by libpng, to compare sizes.
-    (TEXTURES / "libpng").mkdir(exist_ok=True)
-    missing += [(image, TEXTURES / "libpng" / image.name, 4) for image in sorted(maps.glob("*.png"))]
-    with ThreadPoolExecutor(os.cpu_count()) as pool:
-        list(pool.map(lambda each: each[1].exists() or run([PROGRAMS / "rewrite_png", *each]), missing))
-
-
-# ---- Tasks -------------------------------------------------------------------------------------------------------
-
-MAPS, MATERIAL, START = "quarlin-cli maps (ten files)", "quarlin-cli material (five PNGs)", "start to first paint"
-
-
-def our_tasks():
-    return {
-        MAPS: lambda: run([CLI, "maps", "--source", TEXTURES / "photograph.png", "--size", SIZE,
-                           "--output", OUTPUT / "maps"]),
-        MATERIAL: lambda: run([CLI, "material", "--base-color", TEXTURES / "base.png",
-                               "--normal", TEXTURES / "normal.png", "--occlusion", TEXTURES / "occlusion.png",
-                               "--roughness", TEXTURES / "roughness.png", "--metallic", TEXTURES / "metallic.png",
-                               "--size", SIZE, "--output", OUTPUT / "material"]),
-        START: lambda: run([PROGRAMS / "first_paint"], QT_QPA_PLATFORM="offscreen"),
-    }
-
-
-def libvips_tasks():
-    def write(options):
-        return lambda: run(["vips", "rawload", RAW, f"{OUTPUT / 'libvips.png'}[{options}]", SIZE, SIZE, 4])
-
-    grays = " ".join(str(TEXTURES / f"{name}.png") for name in ("occlusion", "roughness", "metallic"))
-    return {
-        REFERENCE: write("compression=6,filter=none"),
-        "libvips: the same with all filters": write("compression=6,filter=all"),
-        "libvips: ORM of three gray PNGs":
-            lambda: run(["vips", "bandjoin", grays, f"{OUTPUT / 'libvips_orm.png'}[compression=6,filter=none]"]),
-    }
-
-
-def imagemagick_tasks(program):
-    return {
-        "ImageMagick: one RGBA PNG":
-            lambda: run([program, "-size", f"{SIZE}x{SIZE}", "-depth", "8", f"rgba:{RAW}", OUTPUT / "magick.png"]),
-        "ImageMagick: ORM of three gray PNGs":
-            lambda: run([program, TEXTURES / "occlusion.png", TEXTURES / "roughness.png", TEXTURES / "metallic.png",
-                         "-set", "colorspace", "sRGB", "-combine", OUTPUT / "magick_orm.png"]),
-    }
-
-
-def peer_tasks():
-    """The tasks of the other programs that are installed; the reference comes first."""
-    tasks = {}
-    if shutil.which("vips"):
-        tasks.update(libvips_tasks())
-    else:
-        print("vips is not installed: no reference, so no ratios")
-    tasks["Qt: one RGBA PNG"] = lambda: run([PROGRAMS / "qt_writer", SIZE, RAW, OUTPUT / "qt.png"])
-    if program := shutil.which("magick") or shutil.which("convert"):
-        tasks.update(imagemagick_tasks(program))
-    else:
-        print("ImageMagick is not installed: skipped")
-    if shutil.which("gegl"):
-        tasks["GEGL: one RGBA PNG, decoded and written"] = lambda: run(
-            ["gegl", TEXTURES / "photograph.png", "-o", OUTPUT / "gegl.png"])
-    else:
-        print("gegl is not installed: skipped")
-    return tasks
-
-
-def measure(tasks, rounds):
-    runs = {name: [] for name in tasks}
-    for turn in range(rounds):
-        for name, task in tasks.items():
-            print(f"  round {turn + 1} of {rounds}: {name}", file=sys.stderr)
-            runs[name].append(task())
-    return {name: median(each) for name, each in runs.items()}
-
-
-# ---- Tables ------------------------------------------------------------------------------------------------------
+from runs import (BENCH, MAPS, MATERIAL, OUTPUT, PROGRAMS, REFERENCE, SIZE, START, TEXTURES, five_textures,
+                  make_textures, maps, material, measure, median, our_tasks, peer_tasks, photograph, run)
 
 
 def print_table(title, header, rows):
@@ -167,16 +30,16 @@ def print_table(title, header, rows):
 
 def print_times(results):
     reference = results.get(REFERENCE)
-    targets = {MAPS: "0.40; 1024 MiB", MATERIAL: "0.35; 700 MiB", START: "0.40 s"}
+    goals = {MAPS: "0.22; 96 MiB", MATERIAL: "0.15; 96 MiB", START: "0.40 s"}
 
     def ratio(name, result):
         return f"{result.seconds / reference.seconds:.2f}" if reference and name != START else ""
 
     print_table(
         f"Whole programs, {SIZE} x {SIZE}",
-        ["program", "seconds", "ratio", "processor seconds", "of it system", "peak MiB", "target"],
+        ["program", "seconds", "ratio", "processor seconds", "of it system", "peak MiB", "goal"],
         [[name, f"{result.seconds:.2f}", ratio(name, result), f"{result.processor:.2f}", f"{result.system:.2f}",
-          f"{result.peak:.0f}", targets.get(name, "")] for name, result in results.items()])
+          f"{result.peak:.0f}", goals.get(name, "")] for name, result in results.items()])
 
 
 def print_sizes():
@@ -186,25 +49,39 @@ def print_sizes():
         ours, theirs = ours + size, theirs + reference
         rows.append([image.stem, f"{size:,}", f"{reference:,}", f"{size / reference:.2f}", "1.40"])
     rows.append(["all", f"{ours:,}", f"{theirs:,}", f"{ours / theirs:.2f}", "1.25"])
-    print_table("Bytes of a generated set", ["image", "ours", "libpng, level 6, adaptive filters", "ratio", "target"],
+    print_table("Bytes of a generated set", ["image", "ours", "libpng, level 6, adaptive filters", "ratio", "goal"],
                 rows)
 
 
-def print_growth(rounds):
+def print_sides(rounds):
+    """Both commands by the side of their inputs, at most as large as memory for one raw picture allows."""
+    goals = {4096: 96, 8192: 160, 16384: 320}
     rows = []
-    for side in (512, 1024, 2048, 4096, 8192):
-        source = TEXTURES / f"photograph_{side}.png"
-        if not source.exists():
-            raw = TEXTURES / "growth.rgba"
-            run([PROGRAMS / "draw_photograph", side, raw, source, "quick"])
-            raw.unlink()
-        result = median([run([CLI, "maps", "--source", source, "--size", "base", "--output", OUTPUT / "growth"])
-                         for _ in range(rounds)])
-        pixels = side * side
-        rows.append([side, f"{result.seconds:.3f}", f"{result.seconds / pixels * 1e9:.0f}", f"{result.peak:.0f}",
-                     f"{result.peak * 2**20 / pixels:.1f}"])
-    print_table("Growth of quarlin-cli maps (sources written by the engine)",
-                ["side", "seconds", "nanoseconds per pixel", "peak MiB", "bytes per pixel"], rows)
+    for side in (512, 1024, 2048, 4096, 8192, 16384):
+        for suffix in ("png", "jpg"):
+            source = photograph(side, suffix)
+            for name, task in (("maps", lambda: maps(source, "base")),
+                               ("material", lambda: material([source] * 5, "base")),
+                               ("material to 2048", lambda: material([source] * 5, 2048))):
+                result = median([task() for _ in range(rounds)])
+                rows.append([f"{name}, {suffix}", side, f"{result.seconds:.3f}", f"{result.processor:.3f}",
+                             f"{result.seconds / side**2 * 1e9:.0f}", f"{result.peak:.0f}", goals.get(side, "")])
+    print_table("By size (all inputs of a material are the photograph)",
+                ["command, input", "side", "seconds", "processor seconds", "nanoseconds per pixel", "peak MiB",
+                 "goal MiB"], rows)
+
+
+def print_threads(rounds):
+    """The same work for different numbers of cores. Where there are fewer, threads share them."""
+    rows = []
+    for cores in (1, 2, 4, 16):
+        pretended = {"LD_PRELOAD": PROGRAMS / "libpretended_cores.so", "PRETENDED_CORES": str(cores)}
+        for name, task in (("maps", lambda: maps(TEXTURES / "photograph.png", SIZE, **pretended)),
+                           ("material", lambda: material(five_textures(), SIZE, **pretended))):
+            result = median([task() for _ in range(rounds)])
+            rows.append([name, cores, f"{result.seconds:.2f}", f"{result.processor:.2f}", f"{result.peak:.0f}"])
+    print_table(f"By the number of threads, {SIZE} x {SIZE}",
+                ["command", "threads", "seconds", "processor seconds", "peak MiB"], rows)
 
 
 def print_operations(rounds):
@@ -236,12 +113,12 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--rounds", type=int, default=3)
     parser.add_argument("--only-ours", action="store_true", help="leave out the other programs except the reference")
-    parser.add_argument("--no-growth", action="store_true", help="leave out the sizes other than 4096")
+    parser.add_argument("--no-sides", action="store_true", help="leave out the sizes other than 4096")
     options, _ = parser.parse_known_args()
 
     print_machine()
     make_textures()
-    for folder in ("maps", "material", "growth"):
+    for folder in ("maps", "material"):
         (OUTPUT / folder).mkdir(parents=True, exist_ok=True)
     peers = peer_tasks()
     if options.only_ours:
@@ -249,8 +126,9 @@ def main():
     print_times(measure({**peers, **our_tasks()}, options.rounds))
     print_sizes()
     print_operations(options.rounds)
-    if not options.no_growth:
-        print_growth(options.rounds)
+    print_threads(options.rounds)
+    if not options.no_sides:
+        print_sides(options.rounds)
     shutil.rmtree(OUTPUT)
 
 

@@ -13,6 +13,7 @@
 #include "engine/material/material.h"
 #include "imaging/files/file_names.h"
 #include "imaging/pixels/image_rows.h"
+#include "imaging/pixels/image_view.h"
 #include "imaging/pixels/pixel_image.h"
 #include "imaging/png/png_file_set.h"
 #include "model/conversion_settings.h"
@@ -71,7 +72,9 @@ void TextureProcessor::expectReadable(const TextureAsset& asset) const {
     TextureSource(asset).expectReadable();
 }
 
-QImage TextureProcessor::loadCGImage(const QUrl& url) const { return decodeFile(url).image; }
+QImage TextureProcessor::loadCGImage(const QUrl& url) const {
+    return decodeFile(url).image.convertToFormat(pixelFormat);
+}
 
 PixelImage TextureProcessor::renderImage(const QUrl& url, std::int64_t width, std::int64_t height) const {
     return toPixelImage(renderFile(url, {width, height}));

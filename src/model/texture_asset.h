@@ -28,7 +28,7 @@ struct TextureAsset {
     /// The decoded image's size in pixels.
     std::int64_t pixelWidth;
     std::int64_t pixelHeight;
-    /// The decoded image at its own size.
+    /// The decoded image at its own size, held in 8-bit gray where it has no color.
     QImage preview;
     /// The channel of the file whose samples are used as they are; nothing for the whole picture.
     std::optional<TextureChannel> channel;

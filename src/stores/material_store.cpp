@@ -75,7 +75,7 @@ void MaterialStore::buildPreview() {
 
 void MaterialStore::exportMaterialSet() {
     if (!canExport()) {
-        appendLog(u"Export blocked: Base Color is required."_s);
+        reportFailure(u"Export blocked: Base Color is required."_s);
         return;
     }
     exportWith([this](const QUrl& parentDirectory) {

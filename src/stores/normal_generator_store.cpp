@@ -65,7 +65,7 @@ void NormalGeneratorStore::buildPreview() {
 
 void NormalGeneratorStore::exportSet() {
     if (!canExport()) {
-        appendLog(u"Export blocked: source texture is required."_s);
+        reportFailure(u"Export blocked: source texture is required."_s);
         return;
     }
     exportWith([this](const QUrl& parentDirectory) {

@@ -28,6 +28,11 @@ void ToolStore::appendLog(const QString& message) {
     m_log.setLines(lines);
 }
 
+void ToolStore::reportFailure(const QString& message) {
+    appendLog(message);
+    Q_EMIT failed(message);
+}
+
 void ToolStore::resetShared() {
     publish(StoreProperty::lastExport, m_lastExportURL, {});
     Q_EMIT willChange(StoreProperty::log);
@@ -39,7 +44,7 @@ bool ToolStore::attempt(const QString& action, const std::function<void()>& work
     const std::optional<QString> failure = failureOf(work);
     Q_EMIT workFinished();
     if (failure) {
-        appendLog(action + u" failed: "_s + *failure);
+        reportFailure(action + u" failed: "_s + *failure);
     }
     return !failure;
 }

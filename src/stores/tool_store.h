@@ -41,6 +41,9 @@ Q_SIGNALS:
     /// `property` is about to change; its old value can still be read.
     void willChange(StoreProperty property);
 
+    /// An action has failed. `message`, without a time, is the newest line of the log.
+    void failed(const QString& message);
+
     /// Before and after a run of the engine, during which the main thread is blocked.
     void workStarted();
     void workFinished();
@@ -60,6 +63,9 @@ protected:
 
     /// Adds `message` with the time as the first line of the log.
     void appendLog(const QString& message);
+
+    /// Adds `message` to the log as the reason why an action has failed.
+    void reportFailure(const QString& message);
 
     /// Resets the state that both tools share: no last export, and a log with the one line "Inputs cleared.".
     void resetShared();

@@ -34,7 +34,7 @@ QImage renderFile(const QUrl& url, PixelSize size) {
 
 QImage renderTexture(const TextureAsset& asset, PixelSize size) {
     const TextureSource source(asset);
-    const QImage& loaded = source.image();
+    const QImage loaded = source.image();
     const bool hasSize = loaded.width() == size.width && loaded.height() == size.height;
     return hasSize && !loaded.isNull() ? loaded : imageOf(source.open(size), size);
 }

@@ -4,6 +4,7 @@
 #include "imaging/base/pixel_size.h"
 #include "imaging/decode/opened_image.h"
 #include "imaging/files/input_file.h"
+#include "imaging/pixels/image_view.h"
 #include "imaging/pixels/row_reader.h"
 #include "model/texture_asset.h"
 
@@ -23,8 +24,9 @@ public:
     /// decides which one comes first.
     explicit TextureSource(const TextureAsset& asset);
 
-    /// The pixels in memory; a null image if the file is read.
-    const QImage& image() const { return m_image; }
+    /// The pixels in memory, in `pixelFormat`; a null image if the file is read or the pixels are held as
+    /// gray.
+    QImage image() const { return m_image.format() == pixelFormat ? m_image : QImage(); }
 
     /// The rows of the texture at `size`, from the first on. Throws `cannotReadImage` and
     /// `cannotCreateBitmap`; the rows throw `cannotReadImage`.

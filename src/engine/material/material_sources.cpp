@@ -22,7 +22,7 @@ QImage MaterialSources::loadedImage(TextureSlotKind slot, PixelSize size) const 
     if (source == m_sources.end()) {
         return {};
     }
-    const QImage& image = source->second.image();
+    const QImage image = source->second.image();
     return image.width() == size.width && image.height() == size.height ? image : QImage();
 }
 

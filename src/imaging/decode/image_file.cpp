@@ -3,6 +3,7 @@
 #include "imaging/decode/channel_rows.h"
 #include "imaging/decode/decode_error.h"
 #include "imaging/decode/image_decoder.h"
+#include "imaging/pixels/held_image.h"
 
 #include <new>
 #include <utility>
@@ -59,7 +60,7 @@ ImageFile readImageFile(const QUrl& url, ColorHandling handling) {
     const std::shared_ptr<InputFile> file = InputFile::open(url);
     const OpenedImage image = openImageFile(file, handling);
     return locatingErrors(url, DecodePlace::pixels, [&] {
-        return ImageFile{file, readImage(*image.rows), image.convertedFrom};
+        return ImageFile{file, readHeldImage(*image.rows), image.convertedFrom};
     });
 }
 

@@ -20,6 +20,7 @@ OpenedImage openImageFile(const std::shared_ptr<InputFile>& file,
 /// An image file, still open, and the image that it decodes to.
 struct ImageFile {
     std::shared_ptr<InputFile> file;
+    /// See `readHeldImage`.
     QImage image;
     /// See `OpenedImage`.
     QString convertedFrom = {};

@@ -2,7 +2,7 @@
 
 #include "imaging/color/color_conversion.h"
 #include "imaging/color/color_profile.h"
-#include "imaging/decode/convert_pixels.h"
+#include "imaging/pixels/convert_pixels.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,11 +1,11 @@
 #include "ui/panels/log_view.h"
 
 #include "ui/style/colors.h"
-#include "ui/style/painting.h"
 #include "ui/style/typography.h"
 
 #include <QEvent>
-#include <QPainter>
+#include <QFocusFrame>
+#include <QKeyEvent>
 #include <QScrollBar>
 #include <QTextBlock>
 
@@ -32,7 +32,7 @@ qsizetype outdated(const QStringList& before, const QStringList& after) {
 
 }  // namespace
 
-LogView::LogView(QWidget* parent) : QTextEdit(parent) {
+LogView::LogView(QWidget* parent) : QTextEdit(parent), m_ring(new QFocusFrame(this)) {
     setReadOnly(true);
     setAcceptRichText(false);
     setUndoRedoEnabled(false);
@@ -46,18 +46,25 @@ LogView::LogView(QWidget* parent) : QTextEdit(parent) {
     document()->setDocumentMargin(0);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setAccessibleName(u"Log"_s);
+    connect(this, &QTextEdit::cursorPositionChanged, this, [this] {
+        if (hasFocus() && !m_isChanging) {
+            Q_EMIT caretMoved(cursorRect());
+        }
+    });
     applyStyle();
 }
 
 QStringList LogView::lines() const { return m_lines; }
 
 void LogView::setLines(const QStringList& lines) {
+    m_isChanging = true;
     removeFirstLines(outdated(m_lines, lines));
     for (const QString& line : lines.mid(m_lines.size())) {
         append(line);
     }
     applyStyle();
     fitHeight();
+    m_isChanging = false;
 }
 
 void LogView::append(const QString& line) {
@@ -118,10 +125,42 @@ void LogView::resizeEvent(QResizeEvent* event) {
     fitHeight();
 }
 
-void LogView::paintEvent(QPaintEvent* event) {
-    QTextEdit::paintEvent(event);
-    QPainter painter(viewport());
-    paintFocusRing(painter, *this, viewport()->rect(), 3);
+bool LogView::scrollsPanel(const QKeyEvent& key) const {
+    if (key.modifiers().testFlag(Qt::ShiftModifier)) {
+        return false;
+    }
+    const auto staysIn = [this](QTextCursor::MoveOperation move) {
+        return !QTextCursor(textCursor()).movePosition(move);
+    };
+    switch (key.key()) {
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+            return true;
+        case Qt::Key_Up:
+            return staysIn(QTextCursor::Up);
+        case Qt::Key_Down:
+            return staysIn(QTextCursor::Down);
+        default:
+            return false;
+    }
+}
+
+void LogView::keyPressEvent(QKeyEvent* event) {
+    if (scrollsPanel(*event)) {
+        event->ignore();
+    } else {
+        QTextEdit::keyPressEvent(event);
+    }
+}
+
+void LogView::focusInEvent(QFocusEvent* event) {
+    QTextEdit::focusInEvent(event);
+    m_ring->setWidget(window()->testAttribute(Qt::WA_KeyboardFocusChange) ? this : nullptr);
+}
+
+void LogView::focusOutEvent(QFocusEvent* event) {
+    QTextEdit::focusOutEvent(event);
+    m_ring->setWidget(nullptr);
 }
 
 }  // namespace quarlin

@@ -4,9 +4,12 @@
 #include <QTextEdit>
 #include <QWheelEvent>
 
+class QFocusFrame;
+
 namespace quarlin {
 
-/// Lines of text that can be selected, across lines too, and copied. As high as its text.
+/// Lines of text that can be selected, across lines too, and copied. As high as its text: the panel around it
+/// scrolls, also with the keys that do not move the caret.
 class LogView : public QTextEdit {
     Q_OBJECT
 
@@ -19,12 +22,17 @@ public:
     /// Shows `lines`, oldest first. The selection is kept where its lines are.
     void setLines(const QStringList& lines);
 
+Q_SIGNALS:
+    /// The user has moved the caret to `line`, an area of the log.
+    void caretMoved(const QRect& line);
+
 protected:
     bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    /// The panel around the log scrolls, not the log.
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     void applyStyle();
@@ -32,7 +40,13 @@ private:
     void append(const QString& line);
     void removeFirstLines(qsizetype count);
 
+    bool scrollsPanel(const QKeyEvent& key) const;
+
     QStringList m_lines;
+    /// While lines are added and removed, which moves the caret with them.
+    bool m_isChanging = false;
+    /// The focus ring, which is around the log so that it does not touch letters.
+    QFocusFrame* m_ring;
 };
 
 }  // namespace quarlin

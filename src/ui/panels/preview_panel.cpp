@@ -6,6 +6,7 @@
 #include "ui/layout/scroll_panel.h"
 #include "ui/layout/separator.h"
 #include "ui/panels/empty_preview.h"
+#include "ui/panels/failure_alert.h"
 #include "ui/panels/log_view.h"
 #include "ui/panels/panel_header.h"
 #include "ui/style/metrics.h"
@@ -48,19 +49,22 @@ PreviewPanel::PreviewPanel(const QString& emptySymbol, QWidget* parent) : QWidge
     header->addAtEnd(m_lastExport);
     stack->addWidget(header);
 
-    auto* scroll = new ScrollPanel(
+    m_scroll = new ScrollPanel(
         rowSpacing, {metrics::standardPadding, 0, metrics::standardPadding, metrics::standardPadding});
     m_empty = new EmptyPreview(emptySymbol);
-    scroll->rows()->addWidget(m_empty);
+    m_scroll->rows()->addWidget(m_empty);
     m_tiles = new QWidget;
     m_grid = new AdaptiveGrid(minimumTileWidth, tileSpacing, m_tiles);
-    scroll->rows()->addWidget(m_tiles);
-    scroll->rows()->addWidget(new Separator(Qt::Horizontal));
-    scroll->rows()->addWidget(new TextLabel(u"Log"_s, TextStyle::headline));
+    m_scroll->rows()->addWidget(m_tiles);
+    m_scroll->rows()->addWidget(new Separator(Qt::Horizontal));
+    m_scroll->rows()->addWidget(new TextLabel(u"Log"_s, TextStyle::headline));
     m_log = new LogView;
-    scroll->rows()->addWidget(m_log);
-    scroll->rows()->addStretch();
-    stack->addWidget(scroll);
+    m_scroll->rows()->addWidget(m_log);
+    m_scroll->rows()->addStretch();
+    stack->addWidget(m_scroll);
+    connect(m_log, &LogView::caretMoved, m_scroll,
+            [this](const QRect& line) { m_scroll->showArea(*m_log, line); });
+    m_alert = new FailureAlert(this);
 
     setTiles({});
     setLastExport(std::nullopt);
@@ -94,7 +98,15 @@ void PreviewPanel::setLastExport(const std::optional<QUrl>& folder) {
 void PreviewPanel::setLogLines(const QStringList& lines) {
     QStringList oldestFirst = lines;
     std::reverse(oldestFirst.begin(), oldestFirst.end());
+    if (oldestFirst != m_log->lines()) {
+        m_alert->withdraw();
+    }
     m_log->setLines(oldestFirst);
+}
+
+void PreviewPanel::showFailure(const QString& message) {
+    m_scroll->showEnd();
+    m_alert->announce(message);
 }
 
 }  // namespace quarlin

@@ -13,7 +13,9 @@ namespace quarlin {
 
 class AdaptiveGrid;
 class EmptyPreview;
+class FailureAlert;
 class LogView;
+class ScrollPanel;
 class TextLabel;
 
 /// The right-hand column of a tool: the preview tiles, the name of the last export, and the log.
@@ -33,16 +35,21 @@ public:
     /// Shows the log. `lines` are newest first.
     void setLogLines(const QStringList& lines);
 
+    /// Scrolls to the newest line of the log and announces `message`, which it reports, as an alert.
+    void showFailure(const QString& message);
+
 Q_SIGNALS:
     /// The user wants to look closely at what the tile at `index` shows.
     void tileOpened(int index);
 
 private:
     TextLabel* m_lastExport;
+    ScrollPanel* m_scroll;
     EmptyPreview* m_empty;
     QWidget* m_tiles;
     AdaptiveGrid* m_grid;
     LogView* m_log;
+    FailureAlert* m_alert;
 };
 
 }  // namespace quarlin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "stores/tool_store.h"
 #include "ui/panels/observe.h"
 #include "ui/panels/preview_panel.h"
 
@@ -29,6 +30,8 @@ PreviewPanel* makePreviewPanel(const Store& store, const QString& emptySymbol) {
         panel->setLastExport(store.lastExportURL());
         panel->setLogLines(store.logLines());
     });
+    // Later, as the redraw that shows the line of the log.
+    QObject::connect(&store, &ToolStore::failed, panel, &PreviewPanel::showFailure, Qt::QueuedConnection);
     return panel;
 }
 

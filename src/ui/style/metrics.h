@@ -20,5 +20,7 @@ inline constexpr int controlHeight = 28;
 /// Edge of a slider's knob together with the focus ring around it.
 inline constexpr int sliderHandleSize = 22;
 inline constexpr int scrollBarThickness = 12;
+/// Between a text without a frame and the focus ring around it.
+inline constexpr int focusFrameMargin = 5;
 
 }  // namespace quarlin::metrics

@@ -2,6 +2,7 @@
 
 #include "ui/style/control_painting.h"
 #include "ui/style/metrics.h"
+#include "ui/style/painting.h"
 
 #include <QStyleOption>
 
@@ -49,6 +50,8 @@ void QuarlinStyle::drawControl(ControlElement element, const QStyleOption* optio
         paintCheckBox(*painter, *box);
     } else if (const auto* tab = optionIf<QStyleOptionTab>(element == CE_TabBarTab, option)) {
         paintTab(*painter, *tab);
+    } else if (element == CE_FocusFrame) {
+        paintRing(*painter, option->palette, option->rect, metrics::controlRadius);
     } else {
         QProxyStyle::drawControl(element, option, painter, widget);
     }
@@ -121,6 +124,9 @@ int QuarlinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, co
             return metrics::sliderHandleSize;
         case PM_ScrollBarExtent:
             return metrics::scrollBarThickness;
+        case PM_FocusFrameHMargin:
+        case PM_FocusFrameVMargin:
+            return metrics::focusFrameMargin;
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
     }

@@ -1,3 +1,4 @@
+#include "accessible_tree.h"
 #include "ui/layout/adaptive_grid.h"
 #include "ui/layout/scroll_panel.h"
 #include "view_fixture.h"
@@ -57,6 +58,16 @@ TEST_F(ScrollPanelTest, ScrollsWithItsBar) {
     EXPECT_EQ(bar.value(), 0);
     click(bar, QPoint(6, 97));
     EXPECT_EQ(panel.verticalScrollBar()->value(), 100);
+}
+
+TEST_F(ScrollPanelTest, ContainsItsBarButNotItselfForAssistiveTechnology) {
+    setContentHeight(400);
+    int bars = 0;
+    forEachAccessible(panel, [&](QAccessibleInterface& object) {
+        bars += object.object() == &bar ? 1 : 0;
+        ASSERT_LE(bars, 1);
+    });
+    EXPECT_EQ(bars, 1);
 }
 
 TEST(AdaptiveGrid, FitsAsManyColumnsAsTheWidthHolds) {

@@ -1,7 +1,7 @@
 #include "imaging/decode/formats/bmp/bmp_reader.h"
 
 #include "imaging/base/pixel_size.h"
-#include "imaging/decode/convert_pixels.h"
+#include "imaging/pixels/convert_pixels.h"
 #include "imaging/decode/decode_error.h"
 #include "imaging/decode/formats/bmp/bmp_header.h"
 #include "imaging/decode/formats/bmp/bmp_runs.h"
