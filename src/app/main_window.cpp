@@ -24,10 +24,13 @@ constexpr QSize minimumContentSize(1120, 720);
 MainWindow::MainWindow(MaterialStore& materialStore, NormalGeneratorStore& normalStore)
     : m_materialActions(materialStore),
       m_normalActions(normalStore),
-      m_content(new ContentView(materialStore, m_materialActions, normalStore, m_normalActions)) {
+      m_content(new ContentView(materialStore, m_materialActions, normalStore, m_normalActions)),
+      m_viewer(materialStore, normalStore) {
     setWindowTitle(u"VOREK TECH Quarlin"_s);
     setMinimumSize(minimumContentSize);
     setCentralWidget(m_content);
+    m_viewer.openTilesOf(m_content->previewPanel(StudioTool::pbr), m_viewer.materialMaps());
+    m_viewer.openTilesOf(m_content->previewPanel(StudioTool::normalGenerator), m_viewer.generatorMaps());
     addFileMenu();
     menuBar()->addMenu(new EditMenu(this));
     addMaterialMenu();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/panels/tool_actions.h"
+#include "ui/viewer/map_viewer.h"
 
 #include <QMainWindow>
 
@@ -19,6 +20,7 @@ public:
     MainWindow(MaterialStore& materialStore, NormalGeneratorStore& normalStore);
 
     ContentView* content() const { return m_content; }
+    const MapViewer& viewer() const { return m_viewer; }
 
 private:
     void addFileMenu();
@@ -29,6 +31,7 @@ private:
     ToolActions m_materialActions;
     ToolActions m_normalActions;
     ContentView* m_content;
+    MapViewer m_viewer;
 };
 
 }  // namespace quarlin

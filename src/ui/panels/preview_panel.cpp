@@ -26,6 +26,15 @@ constexpr int rowSpacing = 14;
 constexpr int minimumTileWidth = 140;
 constexpr int tileSpacing = 12;
 
+/// Lets Tab reach `widget`, which is new, right before `next`.
+void placeBefore(QWidget& next, QWidget& widget) {
+    QWidget* previous = next.previousInFocusChain();
+    while (previous != &next && (previous->focusPolicy() == Qt::NoFocus || previous == &widget)) {
+        previous = previous->previousInFocusChain();
+    }
+    QWidget::setTabOrder(previous, &widget);
+}
+
 }  // namespace
 
 PreviewPanel::PreviewPanel(const QString& emptySymbol, QWidget* parent) : QWidget(parent) {
@@ -70,7 +79,11 @@ void PreviewPanel::setTiles(const std::vector<PreviewTileContent>& contents) {
         if (QLayoutItem* item = m_grid->itemAt(static_cast<int>(index))) {
             static_cast<PreviewTile*>(item->widget())->setContent(contents[index]);
         } else {
-            m_grid->addWidget(new PreviewTile(contents[index]));
+            auto* tile = new PreviewTile(contents[index]);
+            connect(tile, &PreviewTile::opened, this,
+                    [this, index] { Q_EMIT tileOpened(static_cast<int>(index)); });
+            m_grid->addWidget(tile);
+            placeBefore(*m_log, *tile);
         }
     }
     m_empty->setVisible(contents.empty());

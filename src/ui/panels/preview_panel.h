@@ -38,6 +38,10 @@ public:
     /// Scrolls to the newest line of the log and announces `message`, which it reports, as an alert.
     void showFailure(const QString& message);
 
+Q_SIGNALS:
+    /// The user wants to look closely at what the tile at `index` shows.
+    void tileOpened(int index);
+
 private:
     TextLabel* m_lastExport;
     ScrollPanel* m_scroll;
