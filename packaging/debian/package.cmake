@@ -1,9 +1,17 @@
-# Only for the Debian package: its own changelog and copyright file, and the dependencies found in the programs.
+# Only for the Debian package: its own changelog and copyright file, and the packages that it needs.
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "VOREK TECH <quarlin@vorek.invalid>")
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# dependencies.cmake finds the libraries when the package is made.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS OFF)
+find_program(DPKG_SHLIBDEPS dpkg-shlibdeps)
+configure_file(${CMAKE_CURRENT_LIST_DIR}/dependencies.cmake.in dependencies.cmake.configured @ONLY)
+file(
+  GENERATE
+  OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake
+  INPUT ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake.configured)
+set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)

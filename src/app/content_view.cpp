@@ -44,6 +44,7 @@ void ContentView::addTool(StudioTool tool, QWidget* workspace, ToolActions& acti
 void ContentView::showTool() {
     m_header->setTool(selectedTool());
     m_toolBar->showGroup(m_tabs->currentIndex());
+    Q_EMIT toolChanged();
 }
 
 }  // namespace quarlin

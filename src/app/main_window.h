@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/panels/tool_actions.h"
+#include "view3d/window/material_view.h"
 
 #include <QMainWindow>
 
@@ -23,12 +24,14 @@ public:
 private:
     void addFileMenu();
     void addMaterialMenu();
+    void addViewMenu();
     void addHelpMenu();
     void showAbout();
 
     ToolActions m_materialActions;
     ToolActions m_normalActions;
     ContentView* m_content;
+    MaterialView m_materialView{this};
 };
 
 }  // namespace quarlin
