@@ -12,6 +12,18 @@ file(
   OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake
   INPUT ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake.configured)
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake)
+# The programs load libvips when a file needs it, so it is not among the dependencies found in them.
+find_program(dpkg_query dpkg-query NO_CACHE)
+if(dpkg_query)
+  find_library(vips_file NAMES vips HINTS ${VIPS_LIBRARY_DIRS} REQUIRED NO_CACHE)
+  file(REAL_PATH ${vips_file} vips_file)
+  execute_process(COMMAND ${dpkg_query} --search ${vips_file} OUTPUT_VARIABLE vips_package COMMAND_ERROR_IS_FATAL ANY)
+  string(REGEX REPLACE ":.*" "" vips_package "${vips_package}")
+  set(CPACK_DEBIAN_PACKAGE_DEPENDS "${vips_package} (>= ${VIPS_VERSION})")
+endif()
+# What the 3D view imports while it runs.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
+    "qml6-module-quick3d, qml6-module-qtquick, qml6-module-qtqml, qml6-module-qtqml-workerscript")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)

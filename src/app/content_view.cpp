@@ -4,6 +4,7 @@
 #include "ui/generator/generator_workspace.h"
 #include "ui/layout/separator.h"
 #include "ui/material/material_workspace.h"
+#include "ui/panels/texture_card.h"
 #include "ui/panels/tool_actions.h"
 #include "ui/style/symbol.h"
 #include "ui/window/bar_background.h"
@@ -11,7 +12,10 @@
 #include "ui/window/tool_bar.h"
 #include "ui/window/tool_tabs.h"
 
+#include <QApplication>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace quarlin {
 
@@ -44,7 +48,21 @@ void ContentView::addTool(StudioTool tool, QWidget* workspace, ToolActions& acti
 void ContentView::showTool() {
     m_header->setTool(selectedTool());
     m_toolBar->showGroup(m_tabs->currentIndex());
+    keepKeyboardInTool();
     Q_EMIT toolChanged();
+}
+
+void ContentView::keepKeyboardInTool() {
+    QWidget* workspace = m_tabs->currentWidget();
+    const bool wasShownBefore = std::exchange(m_shownBefore[selectedTool()], true);
+    const QWidget* focused = QApplication::focusWidget();
+    const bool isLost = focused == nullptr || !focused->isVisible();
+    const bool isInTool = focused != nullptr && workspace->isAncestorOf(focused);
+    // Qt gives the keyboard to where it was in this workspace, which may be hidden by now, or else to the
+    // first control, which clears the inputs.
+    if (window()->isVisible() && (isLost || (isInTool && !wasShownBefore))) {
+        workspace->findChild<TextureCard*>()->takeFocus();
+    }
 }
 
 }  // namespace quarlin

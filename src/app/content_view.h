@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include <map>
+
 namespace quarlin {
 
 class BrandHeader;
@@ -32,10 +34,12 @@ Q_SIGNALS:
 private:
     void addTool(StudioTool tool, QWidget* workspace, ToolActions& actions);
     void showTool();
+    void keepKeyboardInTool();
 
     BrandHeader* m_header;
     ToolBar* m_toolBar;
     ToolTabs* m_tabs;
+    std::map<StudioTool, bool> m_shownBefore;
 };
 
 }  // namespace quarlin

@@ -2,7 +2,6 @@
 
 #include "app/desktop_color_scheme.h"
 
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QDBusPendingCallWatcher>
@@ -22,11 +21,12 @@ const QLatin1StringView colorScheme("color-scheme");
 
 }  // namespace
 
-PortalColorScheme::PortalColorScheme(QObject* parent) : QObject(parent) {
-    QDBusConnection bus = QDBusConnection::sessionBus();
+PortalColorScheme::PortalColorScheme(QDBusConnection bus) {
     if (!bus.isConnected()) {
         return;
     }
+    // The slot is found by the names of its types, and only values that have been sent register this one.
+    qRegisterMetaType<QDBusVariant>();
     bus.connect(service, path, interface, u"SettingChanged"_s, this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
     QDBusMessage question = QDBusMessage::createMethodCall(service, path, interface, u"Read"_s);

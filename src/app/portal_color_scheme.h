@@ -2,6 +2,7 @@
 
 #include "app/color_scheme.h"
 
+#include <QDBusConnection>
 #include <QDBusVariant>
 #include <QObject>
 #include <QString>
@@ -15,7 +16,8 @@ class PortalColorScheme : public QObject {
     Q_OBJECT
 
 public:
-    explicit PortalColorScheme(QObject* parent = nullptr);
+    /// Listens on `bus`.
+    explicit PortalColorScheme(QDBusConnection bus = QDBusConnection::sessionBus());
 
     /// What a value of the portal's setting means.
     static ColorScheme schemeOf(const QVariant& setting);

@@ -18,11 +18,15 @@ OrmRows::OrmRows(const OrmInputs& inputs, PixelSize size) : RowReader(size.width
         try {
             input.reader = inputs[index].open();
         } catch (...) {
-            for (std::size_t before = 0; before < index; ++before) {
-                skipRest(m_inputs[before].reader.get());
-            }
+            readInputsBefore(index);
             throw;
         }
+    }
+}
+
+void OrmRows::readInputsBefore(std::size_t failed) {
+    for (std::size_t index = 0; index < failed; ++index) {
+        skipRest(m_inputs[index].reader.get());
     }
 }
 
@@ -54,9 +58,7 @@ void OrmRows::readInputs(std::int64_t count) {
         try {
             outcomes[index].value();
         } catch (...) {
-            for (std::size_t before = 0; before < index; ++before) {
-                skipRest(m_inputs[before].reader.get());
-            }
+            readInputsBefore(index);
             throw;
         }
     }

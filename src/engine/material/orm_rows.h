@@ -37,6 +37,9 @@ private:
     void readRows(std::int64_t count, std::uint8_t* rows) override;
     void readInputs(std::int64_t count);
 
+    /// Reads the inputs before a failed one to their end. Throws if one of them fails, too.
+    void readInputsBefore(std::size_t failed);
+
     struct Input {
         std::unique_ptr<RowReader> reader;
         PixelBuffer rows;

@@ -2,9 +2,10 @@
 
 #include "imaging/decode/decode_error.h"
 
-#include <vips/vips.h>
+#include <QLibrary>
 
-#include <mutex>
+#include <optional>
+#include <type_traits>
 
 namespace quarlin {
 
@@ -12,47 +13,71 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool start() {
-    if (vips_init("quarlin") != 0) {
-        return false;
+/// Returns nothing if the library, or a function in it, is missing.
+std::optional<VipsFunctions> loadedFunctions() {
+    // The version in the file name is that of the interface that was compiled against.
+    QLibrary library(u"vips"_s, VIPS_LIBRARY_CURRENT - VIPS_LIBRARY_AGE);
+    VipsFunctions functions;
+    bool isComplete = library.load();
+    const auto find = [&](auto& function, const char* name) {
+        function = reinterpret_cast<std::remove_reference_t<decltype(function)>>(library.resolve(name));
+        isComplete = isComplete && function != nullptr;
+    };
+    find(functions.g_log_set_handler, "g_log_set_handler");
+    find(functions.g_object_unref, "g_object_unref");
+    find(functions.vips_area_unref, "vips_area_unref");
+    find(functions.vips_blob_get, "vips_blob_get");
+    find(functions.vips_block_untrusted_set, "vips_block_untrusted_set");
+    find(functions.vips_cache_set_max, "vips_cache_set_max");
+    find(functions.vips_cast_uchar, "vips_cast_uchar");
+    find(functions.vips_colourspace, "vips_colourspace");
+    find(functions.vips_concurrency_set, "vips_concurrency_set");
+    find(functions.vips_error_buffer, "vips_error_buffer");
+    find(functions.vips_error_clear, "vips_error_clear");
+    find(functions.vips_foreign_find_load_buffer, "vips_foreign_find_load_buffer");
+    find(functions.vips_image_get_bands, "vips_image_get_bands");
+    find(functions.vips_image_get_blob, "vips_image_get_blob");
+    find(functions.vips_image_get_format, "vips_image_get_format");
+    find(functions.vips_image_get_height, "vips_image_get_height");
+    find(functions.vips_image_get_typeof, "vips_image_get_typeof");
+    find(functions.vips_image_get_width, "vips_image_get_width");
+    find(functions.vips_image_guess_interpretation, "vips_image_guess_interpretation");
+    find(functions.vips_image_hasalpha, "vips_image_hasalpha");
+    find(functions.vips_image_new_from_buffer, "vips_image_new_from_buffer");
+    find(functions.vips_init, "vips_init");
+    find(functions.vips_profile_load, "vips_profile_load");
+    find(functions.vips_region_new, "vips_region_new");
+    find(functions.vips_region_prepare, "vips_region_prepare");
+    return isComplete ? std::optional(functions) : std::nullopt;
+}
+
+std::optional<VipsFunctions> startedLibrary() {
+    const std::optional<VipsFunctions> vips = loadedFunctions();
+    if (!vips || vips->vips_init("quarlin") != 0) {
+        return std::nullopt;
     }
     // Files come from anywhere: loaders that were never fuzzed stay blocked.
-    vips_block_untrusted_set(TRUE);
+    vips->vips_block_untrusted_set(TRUE);
     // The same buffer may hold another image next time: nothing is remembered.
-    vips_cache_set_max(0);
+    vips->vips_cache_set_max(0);
     // With several threads for one image, version 8.14 does not wait for the last one before it checks
     // whether any has failed: now and then, the error of a damaged row is lost.
-    vips_concurrency_set(1);
+    vips->vips_concurrency_set(1);
     // Messages of decoders are part of the result; they don't go to the terminal.
-    g_log_set_handler(
+    vips->g_log_set_handler(
         "VIPS", static_cast<GLogLevelFlags>(G_LOG_LEVEL_MASK | G_LOG_FLAG_FATAL),
         [](const gchar*, GLogLevelFlags, const gchar*, gpointer) {}, nullptr);
-    return true;
+    return vips;
 }
 
 }  // namespace
 
-void startVips() {
-    static std::once_flag once;
-    static bool isStarted = false;
-    std::call_once(once, [] { isStarted = start(); });
-    if (!isStarted) {
+const VipsFunctions& vipsLibrary() {
+    static const std::optional<VipsFunctions> vips = startedLibrary();
+    if (!vips) {
         throw DecodeError(DecodeProblem::damaged);
     }
-}
-
-std::optional<NamedProfile> defaultCmykProfile() {
-    startVips();
-    VipsBlob* blob = nullptr;
-    if (vips_profile_load("cmyk", &blob, nullptr) != 0) {
-        vips_error_clear();
-        return std::nullopt;
-    }
-    std::size_t size = 0;
-    const void* data = vips_blob_get(blob, &size);
-    QByteArray bytes(static_cast<const char*>(data), static_cast<qsizetype>(size));
-    vips_area_unref(VIPS_AREA(blob));
-    return NamedProfile{bytes, u"built-in CMYK profile"_s};
+    return *vips;
 }
 
 }  // namespace quarlin

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
+#include <type_traits>
 
 namespace quarlin {
 
@@ -26,12 +28,45 @@ inline void premultiplyPixels(std::uint8_t* pixels, std::int64_t count) {
     }
 }
 
-/// Converts `count` decoded pixels of `channels` samples (1 gray, 2 gray and alpha, 3 RGB, 4 RGBA) to RGBA of
-/// 8 bits, and returns whether all of them are opaque.
+/// Converts `count` gray samples of 8 bits to opaque RGBA.
+inline void spreadGrays(const std::uint8_t* input, std::int64_t count, std::uint8_t* output) {
+    for (std::int64_t index = 0; index < count; ++index) {
+        // Whole pixels are little-endian numbers, red in the lowest byte.
+        const std::uint32_t gray = input[index];
+        const std::uint32_t pixel = gray | gray << 8U | gray << 16U | 0xFF000000U;
+        std::memcpy(output + index * bytesPerPixel, &pixel, sizeof pixel);
+    }
+}
+
+/// Converts `count` RGB pixels of 8 bits to opaque RGBA.
+inline void spreadColors(const std::uint8_t* input, std::int64_t count, std::uint8_t* output) {
+    const auto spread = [&](std::int64_t index, std::size_t readBytes) {
+        std::uint32_t pixel = 0;
+        std::memcpy(&pixel, input + index * 3, readBytes);
+        pixel |= 0xFF000000U;
+        std::memcpy(output + index * bytesPerPixel, &pixel, sizeof pixel);
+    };
+    // Each pixel is read with the first byte of the next one; the last has none.
+    for (std::int64_t index = 0; index + 1 < count; ++index) {
+        spread(index, 4);
+    }
+    spread(count - 1, 3);
+}
+
+/// Converts `count` decoded pixels, at least one, of `channels` samples (1 gray, 2 gray and alpha, 3 RGB, 4
+/// RGBA) to RGBA of 8 bits, and returns whether all of them are opaque.
 template <typename Sample, int channels>
 bool spreadPixels(const Sample* input, std::int64_t count, std::uint8_t* output) {
     constexpr bool isGray = channels <= 2;
     constexpr bool hasAlpha = channels % 2 == 0;
+    if constexpr (std::is_same_v<Sample, std::uint8_t> && !hasAlpha) {
+        if constexpr (isGray) {
+            spreadGrays(input, count, output);
+        } else {
+            spreadColors(input, count, output);
+        }
+        return true;
+    }
     std::uint8_t allAlphas = 255;
     for (std::int64_t index = 0; index < count; ++index) {
         const Sample* sample = input + index * channels;

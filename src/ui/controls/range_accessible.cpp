@@ -35,6 +35,20 @@ public:
         return kind == QAccessible::Value ? m_valueText() : QAccessibleWidget::text(kind);
     }
 
+    QStringList actionNames() const override {
+        const QStringList steps{increaseAction(), decreaseAction()};
+        return (m_control.isEnabled() ? steps : QStringList()) + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& action) override {
+        if (action == increaseAction()) {
+            m_control.triggerAction(QAbstractSlider::SliderSingleStepAdd);
+        } else if (action == decreaseAction()) {
+            m_control.triggerAction(QAbstractSlider::SliderSingleStepSub);
+        } else {
+            QAccessibleWidget::doAction(action);
+        }
+    }
+
     QVariant currentValue() const override { return m_control.value() / m_ticksPerUnit; }
     void setCurrentValue(const QVariant& value) override {
         m_control.setValue(qRound(value.toDouble() * m_ticksPerUnit));

@@ -45,7 +45,8 @@ void Segment::paintEvent(QPaintEvent*) {
     }
     painter.setPen(isChecked() ? onAccentColor(palette()) : primaryColor(palette()));
     painter.drawText(rect(), Qt::AlignCenter, text());
-    paintFocusRing(painter, *this, rect(), metrics::controlRadius);
+    // Only the chosen segment takes the keyboard.
+    paintFocusRing(painter, *this, area, radius, RingGround::accent);
 }
 
 }  // namespace quarlin

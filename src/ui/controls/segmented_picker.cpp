@@ -9,6 +9,7 @@
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QSignalBlocker>
 
 namespace quarlin {
 
@@ -30,14 +31,19 @@ SegmentedPicker::SegmentedPicker(const QString& label, const QStringList& titles
         m_segments->addButton(segment, index++);
         row->addWidget(segment, segment->minimumSizeHint().width());
     }
-    // An arrow key clicks the segment that it moves to.
-    connect(m_segments, &QButtonGroup::idClicked, this, &SegmentedPicker::chosen);
+    // Not only clicks: assistive technology chooses a segment without them.
+    connect(m_segments, &QButtonGroup::idToggled, this, [this](int id, bool isChosen) {
+        if (isChosen) {
+            Q_EMIT chosen(id);
+        }
+    });
 }
 
 int SegmentedPicker::currentIndex() const { return m_segments->checkedId(); }
 
 void SegmentedPicker::setCurrentIndex(int index) {
     if (QAbstractButton* segment = m_segments->button(index)) {
+        const QSignalBlocker quietly(m_segments);
         segment->setChecked(true);
     }
 }

@@ -43,8 +43,9 @@ protected:
     void closeColumn();
 };
 
-/// A settings panel whose controls are bound to the fields of a store's settings: an edit is written into the
-/// store at once, and the store's settings are shown whenever it has changed.
+/// A settings panel whose controls are bound to the fields of a store's settings: an edit, whether by mouse,
+/// keyboard or assistive technology, is written into the store at once, and the store's settings are shown
+/// whenever it has changed.
 template <typename Store, typename Settings>
 class BoundSettingsPanel : public SettingsPanel {
 protected:
@@ -53,7 +54,7 @@ protected:
     void addNameField(GroupBox& group, QString Settings::*field) {
         auto* control = new NameField;
         group.rows()->addWidget(control);
-        bind(control, field, &NameField::textEdited, &NameField::showName);
+        bind(control, field, &NameField::textChanged, &NameField::showName);
     }
 
     void addSizePicker(GroupBox& group, OutputResolution Settings::*field) {
@@ -65,7 +66,7 @@ protected:
         auto* control = new SegmentedPicker(label, titles);
         addLabeled(group, label, control);
         connect(control, &SegmentedPicker::chosen, this, [this, field](int index) {
-            write(field, allCases<OutputResolution>()[static_cast<std::size_t>(index)]);
+            edit(field, allCases<OutputResolution>()[static_cast<std::size_t>(index)]);
         });
         m_shows.push_back([control, field](const Settings& settings) {
             control->setCurrentIndex(static_cast<int>(settings.*field));
@@ -76,7 +77,7 @@ protected:
         auto* control = new QCheckBox(title);
         // Only as wide as its title: a click in the rest of the row does nothing.
         group.rows()->addWidget(control, 0, Qt::AlignLeft);
-        bind(control, field, &QCheckBox::clicked, &QCheckBox::setChecked);
+        bind(control, field, &QCheckBox::toggled, &QCheckBox::setChecked);
     }
 
     /// Adds a toggle for each file of a set that has a switch.
@@ -106,29 +107,36 @@ protected:
     /// Shows the settings from now on.
     void showSettings() {
         observe(this, m_store, [this] {
+            // A control reports what it is told to show as well; that is no edit.
+            m_isShowing = true;
             for (const auto& showField : m_shows) {
                 showField(m_store.settings());
             }
+            m_isShowing = false;
         });
     }
 
 private:
     template <typename Value>
-    void write(Value Settings::*field, const Value& value) {
+    void edit(Value Settings::*field, const Value& value) {
+        if (m_isShowing) {
+            return;
+        }
         Settings settings = m_store.settings();
         settings.*field = value;
         m_store.setSettings(settings);
     }
 
-    /// Connects a control with a field: `edited` is the signal of the user's edits, `setter` shows a value.
+    /// Connects a control with a field: `edited` is the signal of its changes, `setter` shows a value.
     template <typename Control, typename Value, typename Edited, typename Setter>
     void bind(Control* control, Value Settings::*field, Edited edited, Setter setter) {
-        connect(control, edited, this, [this, field](const Value& value) { write(field, value); });
+        connect(control, edited, this, [this, field](const Value& value) { edit(field, value); });
         m_shows.push_back(
             [control, field, setter](const Settings& settings) { (control->*setter)(settings.*field); });
     }
 
     Store& m_store;
+    bool m_isShowing = false;
     std::vector<std::function<void(const Settings&)>> m_shows;
 };
 

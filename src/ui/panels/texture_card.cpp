@@ -121,8 +121,12 @@ void TextureCard::setAsset(const std::optional<TextureAsset>& asset) {
     }
     // The keyboard stays in the card whose button it has just pressed.
     if (focusWithin && !(m_choose->hasFocus() || m_replace->hasFocus() || m_remove->hasFocus())) {
-        (filled ? m_replace : m_choose)->setFocus(Qt::OtherFocusReason);
+        takeFocus();
     }
+}
+
+void TextureCard::takeFocus() {
+    (m_choose->isHidden() ? m_replace : m_choose)->setFocus(Qt::OtherFocusReason);
 }
 
 void TextureCard::setDropTarget(bool isTarget) {

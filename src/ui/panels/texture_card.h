@@ -43,6 +43,9 @@ public:
     /// Shows `asset`, or the button to choose one.
     void setAsset(const std::optional<TextureAsset>& asset);
 
+    /// Gives the keyboard to the button that chooses a texture.
+    void takeFocus();
+
     /// Whether files are being dragged over the card.
     bool isDropTarget() const { return m_isDropTarget; }
 

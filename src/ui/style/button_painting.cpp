@@ -102,7 +102,8 @@ void paintButton(QPainter& painter, const QStyleOptionButton& option) {
     const QRect labelArea(left + labelOffset, 0, labelWidth + 1, option.rect.height());
     painter.setPen(tint.text);
     painter.drawText(placed(option, labelArea), Qt::AlignCenter | Qt::TextShowMnemonic, option.text);
-    paintFocusRing(painter, option, option.rect, metrics::controlRadius);
+    paintFocusRing(painter, option, option.rect, metrics::controlRadius,
+                   isProminent(option) ? RingGround::accent : RingGround::plain);
 }
 
 QSize buttonSize(const QStyleOptionButton& option) {

@@ -13,6 +13,8 @@ QColor towardsText(const QPalette& palette, double part) {
 
 QColor accentColor(const QPalette& palette) { return palette.color(QPalette::Active, QPalette::Highlight); }
 
+QColor ringColor(const QPalette& palette) { return mixed(accentColor(palette), primaryColor(palette), 0.15); }
+
 QColor onAccentColor(const QPalette& palette) {
     return palette.color(QPalette::Active, QPalette::HighlightedText);
 }

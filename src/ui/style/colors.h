@@ -10,6 +10,8 @@ namespace quarlin {
 
 /// The color of what is active or most important.
 QColor accentColor(const QPalette& palette);
+/// The ring around what has the keyboard: the accent color, with enough contrast to buttons.
+QColor ringColor(const QPalette& palette);
 /// Text on the accent color.
 QColor onAccentColor(const QPalette& palette);
 /// Text and symbols.

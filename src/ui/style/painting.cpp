@@ -24,26 +24,33 @@ void paintSurface(QPainter& painter, const QRectF& rectangle, double radius, con
 
 double deviceScale(const QPainter& painter) { return painter.deviceTransform().m11(); }
 
-void paintRing(QPainter& painter, const QPalette& palette, const QRectF& rectangle, double radius) {
+void paintRing(QPainter& painter, const QPalette& palette, const QRectF& rectangle, double radius,
+               RingGround ground) {
+    constexpr double thickness = 2;
+    const bool isOnAccent = ground == RingGround::accent;
+    const double distance = isOnAccent ? thickness / 2 + 1.5 : thickness / 2;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(withOpacity(accentColor(palette), 0.75), 2));
+    painter.setPen(QPen(isOnAccent ? onAccentColor(palette) : ringColor(palette), thickness));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(rectangle.adjusted(1, 1, -1, -1), radius - 1, radius - 1);
+    painter.drawRoundedRect(rectangle.adjusted(distance, distance, -distance, -distance), radius - distance,
+                            radius - distance);
     painter.restore();
 }
 
-void paintFocusRing(QPainter& painter, const QStyleOption& control, const QRectF& rectangle, double radius) {
+void paintFocusRing(QPainter& painter, const QStyleOption& control, const QRectF& rectangle, double radius,
+                    RingGround ground) {
     constexpr QStyle::State focusedByKeyboard = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
     if ((control.state & focusedByKeyboard) == focusedByKeyboard) {
-        paintRing(painter, control.palette, rectangle, radius);
+        paintRing(painter, control.palette, rectangle, radius, ground);
     }
 }
 
-void paintFocusRing(QPainter& painter, const QWidget& control, const QRectF& rectangle, double radius) {
+void paintFocusRing(QPainter& painter, const QWidget& control, const QRectF& rectangle, double radius,
+                    RingGround ground) {
     QStyleOption option;
     option.initFrom(&control);
-    paintFocusRing(painter, option, rectangle, radius);
+    paintFocusRing(painter, option, rectangle, radius, ground);
 }
 
 }  // namespace quarlin

@@ -10,6 +10,7 @@ using namespace Qt::StringLiterals;
 using namespace quarlin;
 using namespace quarlin::tests;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 namespace {
@@ -22,6 +23,16 @@ TEST_F(Usage, VersionIsOneLine) {
     EXPECT_EQ(outcome.output, "quarlin-cli " QUARLIN_VERSION "\n");
     EXPECT_EQ(outcome.errors, "");
 }
+
+#ifdef Q_OS_LINUX
+// Loading libvips, with all that it needs, takes longer than everything else at the start.
+TEST_F(Usage, StartsWithoutLibvips) {
+    const Outcome libraries =
+        runCliThroughShell(u"LD_TRACE_LOADED_OBJECTS=1 exec \"$@\""_s, {u"--version"_s});
+    EXPECT_THAT(libraries.output, HasSubstr("libQt6Core"));
+    EXPECT_THAT(libraries.output, Not(HasSubstr("libvips")));
+}
+#endif
 
 TEST_F(Usage, HelpNamesTheCommands) {
     const Outcome outcome = runCli({u"--help"_s});

@@ -1,3 +1,4 @@
+#include "contrast.h"
 #include "model/texture_slot_kind.h"
 #include "ui/display/symbol_view.h"
 #include "ui/display/text_label.h"
@@ -106,18 +107,6 @@ TEST(Typography, FollowsALargerApplicationFont) {
 }
 
 TEST(Colors, SecondaryTextIsReadableInLightAndInDark) {
-    const auto luminance = [](const QColor& color) {
-        const auto linear = [](double value) {
-            return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-               0.0722 * linear(color.blueF());
-    };
-    const auto contrast = [&](const QColor& a, const QColor& b) {
-        const double first = luminance(a);
-        const double second = luminance(b);
-        return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
-    };
     for (const bool isDark : {false, true}) {
         isDark ? useDarkPalette() : useLightPalette();
         const QPalette palette = QApplication::palette();

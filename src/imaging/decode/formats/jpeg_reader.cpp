@@ -2,11 +2,11 @@
 
 #include "imaging/decode/alternative_rows.h"
 #include "imaging/decode/decode_error.h"
+#include "imaging/decode/default_cmyk_profile.h"
 #include "imaging/decode/formats/jpeg_decompressor.h"
 #include "imaging/decode/formats/jpeg_padding.h"
 #include "imaging/decode/row_conversion.h"
 #include "imaging/decode/two_step_reader.h"
-#include "imaging/decode/vips_library.h"
 
 #include <utility>
 #include <vector>

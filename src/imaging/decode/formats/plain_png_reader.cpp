@@ -1,12 +1,12 @@
 #include "imaging/decode/formats/plain_png_reader.h"
 
 #include "imaging/base/pixel_size.h"
-#include "imaging/pixels/convert_pixels.h"
 #include "imaging/decode/decode_error.h"
 #include "imaging/decode/formats/png_chunk_reader.h"
 #include "imaging/decode/formats/png_reader.h"
 #include "imaging/decode/two_step_reader.h"
 #include "imaging/deflate/inflate_stream.h"
+#include "imaging/pixels/convert_pixels.h"
 #include "imaging/png/png_signature.h"
 #include "imaging/png/unfilter.h"
 

@@ -1,8 +1,8 @@
 #include "imaging/decode/formats/tga_reader.h"
 
 #include "imaging/base/pixel_size.h"
-#include "imaging/pixels/convert_pixels.h"
 #include "imaging/decode/decode_error.h"
+#include "imaging/pixels/convert_pixels.h"
 #include "imaging/pixels/pixel_image.h"
 
 #include <QtEndian>

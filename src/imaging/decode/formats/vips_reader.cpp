@@ -2,11 +2,10 @@
 
 #include "imaging/base/pixel_size.h"
 #include "imaging/decode/decode_error.h"
+#include "imaging/decode/default_cmyk_profile.h"
 #include "imaging/decode/row_conversion.h"
 #include "imaging/decode/two_step_reader.h"
 #include "imaging/decode/vips_library.h"
-
-#include <vips/vips.h>
 
 #include <algorithm>
 #include <array>
@@ -17,16 +16,18 @@ namespace quarlin {
 
 namespace {
 
+const VipsFunctions& library() { return vipsLibrary(); }
+
 struct Unreferencer {
-    void operator()(void* object) const { g_object_unref(object); }
+    void operator()(void* object) const { library().g_object_unref(object); }
 };
 using Image = std::unique_ptr<VipsImage, Unreferencer>;
 using Region = std::unique_ptr<VipsRegion, Unreferencer>;
 
 [[noreturn]] void refuse() {
     const bool lacksMemory =
-        std::string_view(vips_error_buffer()).find("out of memory") != std::string_view::npos;
-    vips_error_clear();
+        std::string_view(library().vips_error_buffer()).find("out of memory") != std::string_view::npos;
+    library().vips_error_clear();
     throw DecodeError(lacksMemory ? DecodeProblem::tooLarge : DecodeProblem::damaged);
 }
 
@@ -48,20 +49,22 @@ bool isSupportedLoader(const char* loader) {
     return loader != nullptr && std::find(supported.begin(), supported.end(), loader) != supported.end();
 }
 
-bool isCmyk(VipsImage* image) { return vips_image_guess_interpretation(image) == VIPS_INTERPRETATION_CMYK; }
+bool isCmyk(VipsImage* image) {
+    return library().vips_image_guess_interpretation(image) == VIPS_INTERPRETATION_CMYK;
+}
 
 SampleForm formOf(VipsImage* image) {
-    return {.channels = vips_image_get_bands(image),
-            .hasAlpha = vips_image_hasalpha(image) != 0,
-            .bits = vips_image_get_format(image) == VIPS_FORMAT_USHORT ? 16 : 8};
+    return {.channels = library().vips_image_get_bands(image),
+            .hasAlpha = library().vips_image_hasalpha(image) != 0,
+            .bits = library().vips_image_get_format(image) == VIPS_FORMAT_USHORT ? 16 : 8};
 }
 
 QByteArray embeddedProfile(VipsImage* image) {
     const void* data = nullptr;
     std::size_t size = 0;
-    if (vips_image_get_typeof(image, VIPS_META_ICC_NAME) == 0 ||
-        vips_image_get_blob(image, VIPS_META_ICC_NAME, &data, &size) != 0) {
-        vips_error_clear();
+    if (library().vips_image_get_typeof(image, VIPS_META_ICC_NAME) == 0 ||
+        library().vips_image_get_blob(image, VIPS_META_ICC_NAME, &data, &size) != 0) {
+        library().vips_error_clear();
         return {};
     }
     return {static_cast<const char*>(data), static_cast<qsizetype>(size)};
@@ -70,14 +73,14 @@ QByteArray embeddedProfile(VipsImage* image) {
 /// The image with 8-bit sRGB samples, whatever it holds.
 Image plainSRGB(const Image& image) {
     const Image converted = result([&](VipsImage** out) {
-        return vips_colourspace(image.get(), out, VIPS_INTERPRETATION_sRGB, nullptr);
+        return library().vips_colourspace(image.get(), out, VIPS_INTERPRETATION_sRGB, nullptr);
     });
-    return result([&](VipsImage** out) { return vips_cast_uchar(converted.get(), out, nullptr); });
+    return result([&](VipsImage** out) { return library().vips_cast_uchar(converted.get(), out, nullptr); });
 }
 
 /// Whether a `RowConversion` can convert the samples: 8 or 16 bits of gray, RGB or inks.
 bool hasOrdinarySamples(VipsImage* image) {
-    const VipsBandFormat format = vips_image_get_format(image);
+    const VipsBandFormat format = library().vips_image_get_format(image);
     const int channels = formOf(image).colorChannels();
     return (format == VIPS_FORMAT_UCHAR || format == VIPS_FORMAT_USHORT) &&
            (channels == 1 || channels == 3 || isCmyk(image));
@@ -87,8 +90,9 @@ class VipsReader final : public TwoStepReader {
 public:
     /// `image` reads from `bytes`.
     VipsReader(QByteArray bytes, Image image, const SampleForm& form, RowConversion conversion)
-        : TwoStepReader(vips_image_get_width(image.get()), vips_image_get_height(image.get()),
-                        vips_image_get_width(image.get()) * form.bytesPerPixel()),
+        : TwoStepReader(library().vips_image_get_width(image.get()),
+                        library().vips_image_get_height(image.get()),
+                        library().vips_image_get_width(image.get()) * form.bytesPerPixel()),
           m_bytes(std::move(bytes)),
           m_image(std::move(image)),
           m_conversion(std::move(conversion)) {}
@@ -96,15 +100,18 @@ public:
 private:
     void decodeRows(std::int64_t count, std::uint8_t* samples) override {
         // A region belongs to the thread that made it, and the next rows may be decoded by another one.
-        const Region region(vips_region_new(m_image.get()));
+        const Region region(library().vips_region_new(m_image.get()));
         const VipsRect area{0, static_cast<int>(m_decodedRows), static_cast<int>(width()),
                             static_cast<int>(count)};
-        if (!region || vips_region_prepare(region.get(), &area) != 0) {
+        if (!region || library().vips_region_prepare(region.get(), &area) != 0) {
             refuse();
         }
-        for (std::int64_t row = 0; row < count; ++row) {
-            std::copy_n(VIPS_REGION_ADDR(region.get(), 0, static_cast<int>(m_decodedRows + row)),
-                        samplesPerRow(), samples + row * samplesPerRow());
+        // The region holds whole rows, at least those of the area.
+        const std::uint8_t* row = VIPS_REGION_ADDR_TOPLEFT(region.get()) +
+                                  (m_decodedRows - region->valid.top) * VIPS_REGION_LSKIP(region.get());
+        for (std::int64_t index = 0; index < count; ++index) {
+            samples = std::copy_n(row, samplesPerRow(), samples);
+            row += VIPS_REGION_LSKIP(region.get());
         }
         m_decodedRows += count;
     }
@@ -122,16 +129,16 @@ private:
 }  // namespace
 
 OpenedImage openWithVips(QByteArray bytes, const ProfileOfChannels& otherProfile, ColorHandling handling) {
-    startVips();
     const auto size = static_cast<std::size_t>(bytes.size());
-    const char* loader = vips_foreign_find_load_buffer(bytes.constData(), size);
+    const char* loader = library().vips_foreign_find_load_buffer(bytes.constData(), size);
     if (!isSupportedLoader(loader)) {
         refuse();
     }
-    Image image(vips_image_new_from_buffer(bytes.constData(), size, "", "access", VIPS_ACCESS_SEQUENTIAL,
-                                           "fail_on", VIPS_FAIL_ON_ERROR, nullptr));
-    if (!image || !isPlausibleSize(vips_image_get_width(image.get()), vips_image_get_height(image.get()),
-                                   bytes.size())) {
+    Image image(library().vips_image_new_from_buffer(bytes.constData(), size, "", "access",
+                                                     VIPS_ACCESS_SEQUENTIAL, "fail_on", VIPS_FAIL_ON_ERROR,
+                                                     nullptr));
+    if (!image || !isPlausibleSize(library().vips_image_get_width(image.get()),
+                                   library().vips_image_get_height(image.get()), bytes.size())) {
         refuse();
     }
     if (!hasOrdinarySamples(image.get())) {

@@ -1,11 +1,11 @@
 #include "imaging/decode/formats/tiff/tiff_reader.h"
 
 #include "imaging/color/color_profile.h"
-#include "imaging/pixels/convert_pixels.h"
 #include "imaging/decode/decode_error.h"
+#include "imaging/decode/default_cmyk_profile.h"
 #include "imaging/decode/formats/tiff/tiff_samples.h"
 #include "imaging/decode/two_step_reader.h"
-#include "imaging/decode/vips_library.h"
+#include "imaging/pixels/convert_pixels.h"
 
 #include <algorithm>
 #include <array>
