@@ -1,9 +1,17 @@
-# Only for the Debian package: its own changelog and copyright file, and the dependencies found in the programs.
+# Only for the Debian package: its own changelog and copyright file, and the packages that it needs.
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "VOREK TECH <quarlin@vorek.invalid>")
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# dependencies.cmake finds the libraries when the package is made.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS OFF)
+find_program(DPKG_SHLIBDEPS dpkg-shlibdeps)
+configure_file(${CMAKE_CURRENT_LIST_DIR}/dependencies.cmake.in dependencies.cmake.configured @ONLY)
+file(
+  GENERATE
+  OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake
+  INPUT ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake.configured)
+set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake)
 # The programs load libvips and libheif when a file needs them, so they are not among the dependencies found in them.
 find_program(dpkg_query dpkg-query NO_CACHE)
 if(dpkg_query)
@@ -16,6 +24,9 @@ if(dpkg_query)
   endforeach()
   list(JOIN loaded_packages ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
 endif()
+# What the 3D view imports while it runs.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
+    "qml6-module-quick3d, qml6-module-qtquick, qml6-module-qtqml, qml6-module-qtqml-workerscript")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)

@@ -5,6 +5,7 @@
 #include "stores/material_store.h"
 #include "stores/normal_generator_store.h"
 #include "ui/window/busy_pointer.h"
+#include "view3d/maps/material_maps.h"
 
 #include <QAction>
 #include <QApplication>
@@ -34,9 +35,16 @@ MainWindow::MainWindow(MaterialStore& materialStore, NormalGeneratorStore& norma
     addFileMenu();
     menuBar()->addMenu(new EditMenu(this));
     addMaterialMenu();
+    addViewMenu();
     addHelpMenu();
     new BusyPointer(materialStore, this);
     new BusyPointer(normalStore, this);
+
+    const auto showIn3D = [this, materials = toolMaterial(materialStore), maps = toolMaterial(normalStore)] {
+        m_materialView.setMaterial(m_content->selectedTool() == StudioTool::pbr ? materials : maps);
+    };
+    connect(m_content, &ContentView::toolChanged, this, showIn3D);
+    showIn3D();
 }
 
 void MainWindow::addFileMenu() {
@@ -53,6 +61,11 @@ void MainWindow::addMaterialMenu() {
     menu->addAction(&m_materialActions.preview);
     menu->addSeparator();
     menu->addAction(&m_materialActions.reset);
+}
+
+void MainWindow::addViewMenu() {
+    QMenu* menu = menuBar()->addMenu(u"&View"_s);
+    menu->addAction(&m_materialView.action());
 }
 
 void MainWindow::addHelpMenu() {

@@ -2,6 +2,7 @@
 
 #include "ui/panels/tool_actions.h"
 #include "ui/viewer/map_viewer.h"
+#include "view3d/window/material_view.h"
 
 #include <QMainWindow>
 
@@ -25,6 +26,7 @@ public:
 private:
     void addFileMenu();
     void addMaterialMenu();
+    void addViewMenu();
     void addHelpMenu();
     void showAbout();
 
@@ -32,6 +34,7 @@ private:
     ToolActions m_normalActions;
     ContentView* m_content;
     MapViewer m_viewer;
+    MaterialView m_materialView{this};
 };
 
 }  // namespace quarlin
