@@ -27,6 +27,10 @@ public:
 
     StudioTool selectedTool() const;
 
+Q_SIGNALS:
+    /// Another tool is shown.
+    void toolChanged();
+
 private:
     void addTool(StudioTool tool, QWidget* workspace, ToolActions& actions);
     void showTool();

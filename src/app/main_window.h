@@ -22,7 +22,8 @@ public:
 
 private:
     void addFileMenu();
-    void addMaterialMenu();
+    /// A menu with the actions of one tool, which acts on that tool whichever one is shown.
+    void addToolMenu(const QString& title, ToolActions& actions);
     void addHelpMenu();
     void showAbout();
 
