@@ -25,7 +25,8 @@ public:
 
 private:
     void addFileMenu();
-    void addMaterialMenu();
+    /// A menu with the actions of one tool, which acts on that tool whichever one is shown.
+    void addToolMenu(const QString& title, ToolActions& actions);
     void addViewMenu();
     void addHelpMenu();
     void showAbout();
