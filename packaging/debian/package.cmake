@@ -12,14 +12,17 @@ file(
   OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake
   INPUT ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake.configured)
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake)
-# The programs load libvips when a file needs it, so it is not among the dependencies found in them.
+# The programs load libvips and libheif when a file needs them, so they are not among the dependencies found in them.
 find_program(dpkg_query dpkg-query NO_CACHE)
 if(dpkg_query)
-  find_library(vips_file NAMES vips HINTS ${VIPS_LIBRARY_DIRS} REQUIRED NO_CACHE)
-  file(REAL_PATH ${vips_file} vips_file)
-  execute_process(COMMAND ${dpkg_query} --search ${vips_file} OUTPUT_VARIABLE vips_package COMMAND_ERROR_IS_FATAL ANY)
-  string(REGEX REPLACE ":.*" "" vips_package "${vips_package}")
-  set(CPACK_DEBIAN_PACKAGE_DEPENDS "${vips_package} (>= ${VIPS_VERSION})")
+  foreach(library VIPS HEIF)
+    list(GET ${library}_LINK_LIBRARIES 0 file)
+    file(REAL_PATH ${file} file)
+    execute_process(COMMAND ${dpkg_query} --search ${file} OUTPUT_VARIABLE package COMMAND_ERROR_IS_FATAL ANY)
+    string(REGEX REPLACE ":.*" "" package "${package}")
+    list(APPEND loaded_packages "${package} (>= ${${library}_VERSION})")
+  endforeach()
+  list(JOIN loaded_packages ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
 endif()
 # What the 3D view imports while it runs.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS

@@ -129,7 +129,7 @@ class DebianPackage(Installed, unittest.TestCase):
 
     def test_it_asks_for_the_libraries_that_the_programs_load(self):
         dependencies = [entry.split()[0] for entry in self.field("Depends").split(", ")]
-        for library in ("libqt6widgets6", "libqt6svg6", "libvips42", "libisal2", "liblcms2-2", "libtbb12"):
+        for library in ("libqt6widgets6", "libqt6svg6", "libvips42", "libheif1", "libisal2", "liblcms2-2", "libtbb12"):
             self.assertIn(library, dependencies)
 
     def test_it_bears_the_version(self):
