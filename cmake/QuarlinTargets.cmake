@@ -21,14 +21,18 @@ if(QUARLIN_SANITIZE)
   target_link_options(quarlin_flags INTERFACE -fsanitize=${QUARLIN_SANITIZE})
 endif()
 
-# quarlin_room(ROOM SOURCES ... LINK ... [PRIVATE_LINK ...] [PIXEL_LOOPS]): the static library of the folder src/ROOM.
-# LINK names the rooms that it may include and any other libraries that its headers need, PRIVATE_LINK those that only
-# its sources need; the test Rooms compares the includes with both. PIXEL_LOOPS turns on all optimizations that keep the
-# arithmetic exact.
+# quarlin_room(ROOM SOURCES ... LINK ... [PRIVATE_LINK ...] [PIXEL_LOOPS] [MODULE]): the static library of the folder
+# src/ROOM. LINK names the rooms that it may include and any other libraries that its headers need, PRIVATE_LINK those
+# that only its sources need; the test Rooms compares the includes with both. PIXEL_LOOPS turns on all optimizations that
+# keep the arithmetic exact. With MODULE it is a library that the program loads while it runs.
 function(quarlin_room room)
-  cmake_parse_arguments(ROOM "PIXEL_LOOPS" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
+  cmake_parse_arguments(ROOM "PIXEL_LOOPS;MODULE" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
   string(REPLACE "/" "_" name ${room})
-  add_library(quarlin_${name} STATIC ${ROOM_SOURCES})
+  if(ROOM_MODULE)
+    add_library(quarlin_${name} MODULE ${ROOM_SOURCES})
+  else()
+    add_library(quarlin_${name} STATIC ${ROOM_SOURCES})
+  endif()
   add_library(quarlin::${name} ALIAS quarlin_${name})
   target_include_directories(quarlin_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(quarlin_${name} PUBLIC ${ROOM_LINK} PRIVATE quarlin_flags ${ROOM_PRIVATE_LINK})

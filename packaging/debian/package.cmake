@@ -1,18 +1,32 @@
-# Only for the Debian package: its own changelog and copyright file, and the dependencies found in the programs.
+# Only for the Debian package: its own changelog and copyright file, and the packages that it needs.
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "VOREK TECH <quarlin@vorek.invalid>")
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The programs load libvips when a file needs it, so it is not among the dependencies found in them.
+# dependencies.cmake finds the libraries when the package is made.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS OFF)
+find_program(DPKG_SHLIBDEPS dpkg-shlibdeps)
+configure_file(${CMAKE_CURRENT_LIST_DIR}/dependencies.cmake.in dependencies.cmake.configured @ONLY)
+file(
+  GENERATE
+  OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake
+  INPUT ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake.configured)
+set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake)
+# The programs load libvips and libheif when a file needs them, so they are not among the dependencies found in them.
 find_program(dpkg_query dpkg-query NO_CACHE)
 if(dpkg_query)
-  find_library(vips_file NAMES vips HINTS ${VIPS_LIBRARY_DIRS} REQUIRED NO_CACHE)
-  file(REAL_PATH ${vips_file} vips_file)
-  execute_process(COMMAND ${dpkg_query} --search ${vips_file} OUTPUT_VARIABLE vips_package COMMAND_ERROR_IS_FATAL ANY)
-  string(REGEX REPLACE ":.*" "" vips_package "${vips_package}")
-  set(CPACK_DEBIAN_PACKAGE_DEPENDS "${vips_package} (>= ${VIPS_VERSION})")
+  foreach(library VIPS HEIF)
+    list(GET ${library}_LINK_LIBRARIES 0 file)
+    file(REAL_PATH ${file} file)
+    execute_process(COMMAND ${dpkg_query} --search ${file} OUTPUT_VARIABLE package COMMAND_ERROR_IS_FATAL ANY)
+    string(REGEX REPLACE ":.*" "" package "${package}")
+    list(APPEND loaded_packages "${package} (>= ${${library}_VERSION})")
+  endforeach()
+  list(JOIN loaded_packages ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
 endif()
+# What the 3D view imports while it runs.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
+    "qml6-module-quick3d, qml6-module-qtquick, qml6-module-qtqml, qml6-module-qtqml-workerscript")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)

@@ -54,6 +54,7 @@ void ContentView::showTool() {
     m_header->setTool(selectedTool());
     m_toolBar->showGroup(m_tabs->currentIndex());
     keepKeyboardInTool();
+    Q_EMIT toolChanged();
 }
 
 void ContentView::keepKeyboardInTool() {

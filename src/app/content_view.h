@@ -31,6 +31,10 @@ public:
     /// The panel that shows the previews of `tool`.
     PreviewPanel& previewPanel(StudioTool tool) const;
 
+Q_SIGNALS:
+    /// Another tool is shown.
+    void toolChanged();
+
 private:
     void addTool(StudioTool tool, QWidget* workspace, ToolActions& actions);
     void showTool();

@@ -7,6 +7,7 @@
 #include "ui/help/help_window.h"
 #include "ui/window/busy_pointer.h"
 #include "ui/window/window_drop.h"
+#include "view3d/maps/material_maps.h"
 
 #include <QAction>
 #include <QApplication>
@@ -31,17 +32,27 @@ MainWindow::MainWindow(MaterialStore& materialStore, NormalGeneratorStore& norma
       m_content(new ContentView(materialStore, m_materialActions, normalStore, m_normalActions)),
       m_viewer(materialStore, normalStore) {
     setWindowTitle(u"VOREK TECH Quarlin"_s);
-    setMinimumSize(minimumContentSize);
+    m_content->setMinimumSize(minimumContentSize);
     setCentralWidget(m_content);
     m_viewer.openTilesOf(m_content->previewPanel(StudioTool::pbr), m_viewer.materialMaps());
     m_viewer.openTilesOf(m_content->previewPanel(StudioTool::normalGenerator), m_viewer.generatorMaps());
     addFileMenu();
     menuBar()->addMenu(new EditMenu(this));
-    addMaterialMenu();
+    addToolMenu(u"&Material"_s, m_materialActions);
+    addToolMenu(u"Map &Generator"_s, m_normalActions);
+    addViewMenu();
     addHelpMenu();
     connect(new WindowDrop(this), &WindowDrop::dropped, this, &MainWindow::loadFiles);
+    // Read before the content.
+    menuBar()->lower();
     new BusyPointer(materialStore, this);
     new BusyPointer(normalStore, this);
+
+    const auto showIn3D = [this, materials = toolMaterial(materialStore), maps = toolMaterial(normalStore)] {
+        m_materialView.setMaterial(m_content->selectedTool() == StudioTool::pbr ? materials : maps);
+    };
+    connect(m_content, &ContentView::toolChanged, this, showIn3D);
+    showIn3D();
 }
 
 MainWindow::~MainWindow() = default;
@@ -57,18 +68,34 @@ void MainWindow::loadFiles(const QList<QUrl>& files) {
 
 void MainWindow::addFileMenu() {
     QMenu* menu = menuBar()->addMenu(u"&File"_s);
+    // The export of the tool that is shown.
+    menu->addAction(&m_materialActions.openExport);
+    menu->addAction(&m_normalActions.openExport);
+    const auto showTool = [this] {
+        const bool isMaterial = m_content->selectedTool() == StudioTool::pbr;
+        m_materialActions.openExport.setVisible(isMaterial);
+        m_normalActions.openExport.setVisible(!isMaterial);
+    };
+    connect(m_content, &ContentView::toolChanged, this, showTool);
+    showTool();
+    menu->addSeparator();
     QAction* quit = menu->addAction(u"&Quit"_s);
     quit->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Q)});
     quit->setMenuRole(QAction::QuitRole);
     connect(quit, &QAction::triggered, qApp, &QApplication::closeAllWindows);
 }
 
-void MainWindow::addMaterialMenu() {
-    QMenu* menu = menuBar()->addMenu(u"&Material"_s);
-    menu->addAction(&m_materialActions.exportSet);
-    menu->addAction(&m_materialActions.preview);
+void MainWindow::addToolMenu(const QString& title, ToolActions& actions) {
+    QMenu* menu = menuBar()->addMenu(title);
+    menu->addAction(&actions.exportSet);
+    menu->addAction(&actions.preview);
     menu->addSeparator();
-    menu->addAction(&m_materialActions.reset);
+    menu->addAction(&actions.reset);
+}
+
+void MainWindow::addViewMenu() {
+    QMenu* menu = menuBar()->addMenu(u"&View"_s);
+    menu->addAction(&m_materialView.action());
 }
 
 void MainWindow::addHelpMenu() {

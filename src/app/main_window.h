@@ -2,6 +2,7 @@
 
 #include "ui/panels/tool_actions.h"
 #include "ui/viewer/map_viewer.h"
+#include "view3d/window/material_view.h"
 
 #include <QList>
 #include <QMainWindow>
@@ -35,7 +36,9 @@ public:
 
 private:
     void addFileMenu();
-    void addMaterialMenu();
+    /// A menu with the actions of one tool, which acts on that tool whichever one is shown.
+    void addToolMenu(const QString& title, ToolActions& actions);
+    void addViewMenu();
     void addHelpMenu();
     void showAbout();
     void showHelp();
@@ -47,6 +50,7 @@ private:
     ContentView* m_content;
     MapViewer m_viewer;
     std::unique_ptr<HelpWindow> m_help;
+    MaterialView m_materialView{this};
 };
 
 }  // namespace quarlin

@@ -108,7 +108,7 @@ PixelSize TextureProcessor::resolvedOutputSize(const TextureAsset& base, const C
     return quarlin::resolvedOutputSize(base, settings);
 }
 
-PixelSize TextureProcessor::previewSize(PixelSize size) { return quarlin::previewSize(size); }
+PixelSize TextureProcessor::previewSize(PixelSize size) { return quarlin::previewSize(size, previewSide); }
 
 PixelImage TextureProcessor::makeORM(const TextureMap& textures, const ConversionSettings& settings,
                                      std::int64_t width, std::int64_t height) const {
@@ -154,9 +154,9 @@ ExportResult TextureProcessor::exportGeneratedNormalSet(const std::optional<Text
     return exportGeneratedSet(source, settings, parentDirectory);
 }
 
-OutputPreviews TextureProcessor::buildPreviews(const TextureMap& textures,
-                                               const ConversionSettings& settings) const {
-    return buildMaterialPreviews(textures, settings);
+OutputPreviews TextureProcessor::buildPreviews(const TextureMap& textures, const ConversionSettings& settings,
+                                               std::int64_t longestSide) const {
+    return buildMaterialPreviews(textures, settings, longestSide);
 }
 
 QImage TextureProcessor::makeMaterialImage(MaterialImage image, const TextureMap& textures,
@@ -172,8 +172,9 @@ QImage TextureProcessor::makeGeneratedMap(GeneratedMap map, const TextureAsset& 
 }
 
 NormalPreviews TextureProcessor::buildNormalPreviews(const std::optional<TextureAsset>& source,
-                                                     const NormalGeneratorSettings& settings) const {
-    return buildGeneratedPreviews(source, settings);
+                                                     const NormalGeneratorSettings& settings,
+                                                     std::int64_t longestSide) const {
+    return buildGeneratedPreviews(source, settings, longestSide);
 }
 
 }  // namespace quarlin

@@ -109,8 +109,10 @@ public:
     PixelImage makeORM(const TextureMap& textures, const ConversionSettings& settings, std::int64_t width,
                        std::int64_t height) const;
 
-    /// The preview tiles of a material, computed as the export computes its files.
-    OutputPreviews buildPreviews(const TextureMap& textures, const ConversionSettings& settings) const;
+    /// The preview tiles of a material, computed as the export computes its files, at most `longestSide` on
+    /// the long side.
+    OutputPreviews buildPreviews(const TextureMap& textures, const ConversionSettings& settings,
+                                 std::int64_t longestSide = previewSide) const;
 
     /// An image of a material set at the size of the export, with the pixels that the export writes. A null
     /// image when the texture that it is made from is not loaded, or when `progress` ends the work. Throws as
@@ -130,9 +132,10 @@ public:
     NormalOutputs makeGeneratedNormalOutputs(const QUrl& sourceURL, const NormalGeneratorSettings& settings,
                                              std::int64_t width, std::int64_t height) const;
 
-    /// The preview tiles of the generator; none without a source.
+    /// The preview tiles of the generator, at most `longestSide` on the long side; none without a source.
     NormalPreviews buildNormalPreviews(const std::optional<TextureAsset>& source,
-                                       const NormalGeneratorSettings& settings) const;
+                                       const NormalGeneratorSettings& settings,
+                                       std::int64_t longestSide = previewSide) const;
 
     /// An image of a generated set at the size of the export, with the pixels that the export writes. A null
     /// image when `progress` ends the work. Throws as `renderImage`.
@@ -145,7 +148,11 @@ public:
                                           const NormalGeneratorSettings& settings,
                                           const QUrl& parentDirectory) const;
 
-    /// The size of a preview: at most 512 on the long side, the short side truncated but at least 1.
+    /// The long side of a preview tile is at most this.
+    static constexpr std::int64_t previewSide = 512;
+
+    /// The size of a preview tile: at most `previewSide` on the long side, the short side truncated but at
+    /// least 1.
     static PixelSize previewSize(PixelSize size);
 
     // ---- Documents

@@ -7,8 +7,10 @@
 #include "stores/tool_store.h"
 
 #include <QList>
+#include <QUuid>
 
 #include <functional>
+#include <map>
 
 namespace quarlin {
 
@@ -30,6 +32,9 @@ public:
     const ConversionSettings& settings() const { return m_settings; }
     /// The pictures of the last preview; empty until the first one is built.
     const OutputPreviews& previews() const { return m_previews; }
+
+    /// Whether there are previews, and other inputs or settings would give other ones.
+    bool hasOutdatedPreviews() const;
 
     /// Whether the one required input is loaded.
     bool canExport() const { return m_textures.contains(TextureSlotKind::baseColor); }
@@ -78,6 +83,9 @@ private:
     TextureMap m_textures;
     ConversionSettings m_settings;
     OutputPreviews m_previews;
+    /// What the previews show.
+    std::map<TextureSlotKind, QUuid> m_previewedTextures;
+    ConversionSettings m_previewedSettings;
 };
 
 }  // namespace quarlin

@@ -21,9 +21,9 @@ void useLightPalette() { QApplication::setPalette(lightPalette()); }
 
 void useDarkPalette() { QApplication::setPalette(darkPalette()); }
 
-int runTestsInApplication(int argc, char** argv) {
+int runTestsInApplication(int argc, char** argv, const char* platform) {
     ::testing::InitGoogleTest(&argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_PLATFORM", platform);
     qputenv("QT_SCALE_FACTOR_ROUNDING_POLICY", "PassThrough");
     qputenv("FONTCONFIG_FILE", QUARLIN_TEST_FONTS);
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);

@@ -21,8 +21,7 @@ PixelSize resolvedOutputSize(const TextureMap& textures, const ConversionSetting
     return resolvedOutputSize((base != textures.end() ? base : textures.begin())->second, settings);
 }
 
-PixelSize previewSize(PixelSize size) {
-    constexpr std::int64_t longestSide = 512;
+PixelSize previewSize(PixelSize size, std::int64_t longestSide) {
     const std::int64_t longest = std::max(size.width, size.height);
     if (longest <= longestSide) {
         return size;

@@ -5,6 +5,8 @@
 #include "model/output_resolution.h"
 #include "model/texture_asset.h"
 
+#include <cstdint>
+
 namespace quarlin {
 
 /// The output size: square for a fixed resolution, else the base texture's own.
@@ -15,7 +17,7 @@ PixelSize resolvedOutputSize(std::int64_t baseWidth, std::int64_t baseHeight, Ou
 /// be a texture.
 PixelSize resolvedOutputSize(const TextureMap& textures, const ConversionSettings& settings);
 
-/// The size of a preview: at most 512 on the long side, the short side truncated but at least 1.
-PixelSize previewSize(PixelSize size);
+/// The size of a preview: at most `longestSide` on the long side, the short side truncated but at least 1.
+PixelSize previewSize(PixelSize size, std::int64_t longestSide);
 
 }  // namespace quarlin

@@ -14,12 +14,12 @@
 namespace quarlin {
 
 NormalPreviews buildGeneratedPreviews(const std::optional<TextureAsset>& source,
-                                      const NormalGeneratorSettings& settings) {
+                                      const NormalGeneratorSettings& settings, std::int64_t longestSide) {
     if (!source) {
         return {};
     }
-    const PixelSize size =
-        previewSize(resolvedOutputSize(source->pixelWidth, source->pixelHeight, settings.outputResolution));
+    const PixelSize size = previewSize(
+        resolvedOutputSize(source->pixelWidth, source->pixelHeight, settings.outputResolution), longestSide);
     const QImage rendered = renderTexture(*source, size);
     const NormalOutputs outputs = generateOutputs(ImageView(rendered), settings);
     NormalPreviews previews;

@@ -10,6 +10,7 @@
 #include <QImage>
 #include <QUrl>
 
+#include <cstdint>
 #include <optional>
 
 namespace quarlin {
@@ -20,7 +21,7 @@ ExportResult exportGeneratedSet(const std::optional<TextureAsset>& source,
                                 const NormalGeneratorSettings& settings, const QUrl& parentDirectory);
 
 NormalPreviews buildGeneratedPreviews(const std::optional<TextureAsset>& source,
-                                      const NormalGeneratorSettings& settings);
+                                      const NormalGeneratorSettings& settings, std::int64_t longestSide);
 
 QImage makeGeneratedMap(GeneratedMap map, const TextureAsset& source, const NormalGeneratorSettings& settings,
                         const RowProgress& progress);

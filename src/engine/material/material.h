@@ -11,6 +11,8 @@
 #include <QImage>
 #include <QUrl>
 
+#include <cstdint>
+
 namespace quarlin {
 
 // The operations of `TextureProcessor` on the textures of a material. They are described there.
@@ -18,7 +20,8 @@ namespace quarlin {
 ExportResult exportMaterialSet(const TextureMap& textures, const ConversionSettings& settings,
                                const QUrl& parentDirectory);
 
-OutputPreviews buildMaterialPreviews(const TextureMap& textures, const ConversionSettings& settings);
+OutputPreviews buildMaterialPreviews(const TextureMap& textures, const ConversionSettings& settings,
+                                     std::int64_t longestSide);
 
 QImage makeMaterialImage(MaterialImage image, const TextureMap& textures, const ConversionSettings& settings,
                          const RowProgress& progress);

@@ -20,11 +20,12 @@
 
 namespace quarlin {
 
-OutputPreviews buildMaterialPreviews(const TextureMap& textures, const ConversionSettings& settings) {
+OutputPreviews buildMaterialPreviews(const TextureMap& textures, const ConversionSettings& settings,
+                                     std::int64_t longestSide) {
     if (textures.empty()) {
         return {};
     }
-    const PixelSize size = previewSize(resolvedOutputSize(textures, settings));
+    const PixelSize size = previewSize(resolvedOutputSize(textures, settings), longestSide);
     const MaterialSources sources(textures);
 
     constexpr auto images = allCases<MaterialImage>();

@@ -1,11 +1,9 @@
 #include "imaging/decode/vips_library.h"
 
 #include "imaging/decode/decode_error.h"
-
-#include <QLibrary>
+#include "imaging/decode/loaded_library.h"
 
 #include <optional>
-#include <type_traits>
 
 namespace quarlin {
 
@@ -15,40 +13,34 @@ namespace {
 
 /// Returns nothing if the library, or a function in it, is missing.
 std::optional<VipsFunctions> loadedFunctions() {
-    // The version in the file name is that of the interface that was compiled against.
-    QLibrary library(u"vips"_s, VIPS_LIBRARY_CURRENT - VIPS_LIBRARY_AGE);
+    LoadedLibrary library(u"vips"_s, VIPS_LIBRARY_CURRENT - VIPS_LIBRARY_AGE);
     VipsFunctions functions;
-    bool isComplete = library.load();
-    const auto find = [&](auto& function, const char* name) {
-        function = reinterpret_cast<std::remove_reference_t<decltype(function)>>(library.resolve(name));
-        isComplete = isComplete && function != nullptr;
-    };
-    find(functions.g_log_set_handler, "g_log_set_handler");
-    find(functions.g_object_unref, "g_object_unref");
-    find(functions.vips_area_unref, "vips_area_unref");
-    find(functions.vips_blob_get, "vips_blob_get");
-    find(functions.vips_block_untrusted_set, "vips_block_untrusted_set");
-    find(functions.vips_cache_set_max, "vips_cache_set_max");
-    find(functions.vips_cast_uchar, "vips_cast_uchar");
-    find(functions.vips_colourspace, "vips_colourspace");
-    find(functions.vips_concurrency_set, "vips_concurrency_set");
-    find(functions.vips_error_buffer, "vips_error_buffer");
-    find(functions.vips_error_clear, "vips_error_clear");
-    find(functions.vips_foreign_find_load_buffer, "vips_foreign_find_load_buffer");
-    find(functions.vips_image_get_bands, "vips_image_get_bands");
-    find(functions.vips_image_get_blob, "vips_image_get_blob");
-    find(functions.vips_image_get_format, "vips_image_get_format");
-    find(functions.vips_image_get_height, "vips_image_get_height");
-    find(functions.vips_image_get_typeof, "vips_image_get_typeof");
-    find(functions.vips_image_get_width, "vips_image_get_width");
-    find(functions.vips_image_guess_interpretation, "vips_image_guess_interpretation");
-    find(functions.vips_image_hasalpha, "vips_image_hasalpha");
-    find(functions.vips_image_new_from_buffer, "vips_image_new_from_buffer");
-    find(functions.vips_init, "vips_init");
-    find(functions.vips_profile_load, "vips_profile_load");
-    find(functions.vips_region_new, "vips_region_new");
-    find(functions.vips_region_prepare, "vips_region_prepare");
-    return isComplete ? std::optional(functions) : std::nullopt;
+    library.find(functions.g_log_set_handler, "g_log_set_handler");
+    library.find(functions.g_object_unref, "g_object_unref");
+    library.find(functions.vips_area_unref, "vips_area_unref");
+    library.find(functions.vips_blob_get, "vips_blob_get");
+    library.find(functions.vips_block_untrusted_set, "vips_block_untrusted_set");
+    library.find(functions.vips_cache_set_max, "vips_cache_set_max");
+    library.find(functions.vips_cast_uchar, "vips_cast_uchar");
+    library.find(functions.vips_colourspace, "vips_colourspace");
+    library.find(functions.vips_concurrency_set, "vips_concurrency_set");
+    library.find(functions.vips_error_buffer, "vips_error_buffer");
+    library.find(functions.vips_error_clear, "vips_error_clear");
+    library.find(functions.vips_foreign_find_load_buffer, "vips_foreign_find_load_buffer");
+    library.find(functions.vips_image_get_bands, "vips_image_get_bands");
+    library.find(functions.vips_image_get_blob, "vips_image_get_blob");
+    library.find(functions.vips_image_get_format, "vips_image_get_format");
+    library.find(functions.vips_image_get_height, "vips_image_get_height");
+    library.find(functions.vips_image_get_typeof, "vips_image_get_typeof");
+    library.find(functions.vips_image_get_width, "vips_image_get_width");
+    library.find(functions.vips_image_guess_interpretation, "vips_image_guess_interpretation");
+    library.find(functions.vips_image_hasalpha, "vips_image_hasalpha");
+    library.find(functions.vips_image_new_from_buffer, "vips_image_new_from_buffer");
+    library.find(functions.vips_init, "vips_init");
+    library.find(functions.vips_profile_load, "vips_profile_load");
+    library.find(functions.vips_region_new, "vips_region_new");
+    library.find(functions.vips_region_prepare, "vips_region_prepare");
+    return library.isComplete() ? std::optional(functions) : std::nullopt;
 }
 
 std::optional<VipsFunctions> startedLibrary() {

@@ -1,5 +1,6 @@
 #include "ui/panels/preview_tile.h"
 
+#include "ui/accessibility/accessible_role.h"
 #include "ui/display/picture_view.h"
 #include "ui/display/text_label.h"
 #include "ui/panels/tile_accessible.h"
@@ -21,6 +22,7 @@ PreviewTile::PreviewTile(const PreviewTileContent& content, QWidget* parent)
       m_image(new SquarePictureView(metrics::cornerRadius)),
       m_title(new TextLabel({}, TextStyle::headline)),
       m_subtitle(new TextLabel({}, TextStyle::caption, TextWeight::secondary)) {
+    presentAs(*this, QAccessible::Grouping, content.title);
     auto* stack = new QVBoxLayout(this);
     stack->setContentsMargins(8, 8, 8, 8);
     stack->setSpacing(8);
@@ -54,6 +56,7 @@ void PreviewTile::setContent(const PreviewTileContent& content) {
     m_image->setImage(content.image);
     m_title->setText(content.title);
     m_subtitle->setText(content.subtitle);
+    m_image->setAccessibleName(content.title);
     setAccessibleName(content.title);
     setAccessibleDescription(content.subtitle);
 }

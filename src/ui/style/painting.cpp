@@ -23,6 +23,16 @@ void paintSurface(QPainter& painter, const QRectF& rectangle, double radius, con
     painter.restore();
 }
 
+void paintDot(QPainter& painter, const QPalette& palette, const QPointF& center) {
+    constexpr double radius = 3;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette.color(QPalette::Active, QPalette::Window), 1));
+    painter.setBrush(accentColor(palette));
+    painter.drawEllipse(center, radius + 0.5, radius + 0.5);
+    painter.restore();
+}
+
 double deviceScale(const QPainter& painter) { return painter.deviceTransform().m11(); }
 
 void paintCheckerboard(QPainter& painter, const QPalette& palette, const QRect& rectangle) {

@@ -15,6 +15,9 @@ namespace quarlin {
 void paintSurface(QPainter& painter, const QRectF& rectangle, double radius, const QColor& fill,
                   const QColor& border);
 
+/// Draws the dot that marks what wants attention, with a rim in the window's color.
+void paintDot(QPainter& painter, const QPalette& palette, const QPointF& center);
+
 /// The number of device pixels per pixel that `painter` draws with.
 double deviceScale(const QPainter& painter);
 

@@ -25,12 +25,13 @@ TEST_F(Usage, VersionIsOneLine) {
 }
 
 #ifdef Q_OS_LINUX
-// Loading libvips, with all that it needs, takes longer than everything else at the start.
-TEST_F(Usage, StartsWithoutLibvips) {
+// Loading them, with all that they need, takes longer than everything else at the start.
+TEST_F(Usage, StartsWithoutTheLibrariesThatFewFilesNeed) {
     const Outcome libraries =
         runCliThroughShell(u"LD_TRACE_LOADED_OBJECTS=1 exec \"$@\""_s, {u"--version"_s});
     EXPECT_THAT(libraries.output, HasSubstr("libQt6Core"));
     EXPECT_THAT(libraries.output, Not(HasSubstr("libvips")));
+    EXPECT_THAT(libraries.output, Not(HasSubstr("libheif")));
 }
 #endif
 

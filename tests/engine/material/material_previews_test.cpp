@@ -96,6 +96,16 @@ TEST_F(MaterialPreviews, TakeTheirSizeFromTheBaseColorWhereThereIsOne) {
     }
 }
 
+TEST_F(MaterialPreviews, AreAsLargeAsAskedFor) {
+    load(TextureSlotKind::baseColor, smoothPicture(1000, 30));
+    for (const auto& [longestSide, size] :
+         {std::pair(2048, QSize(1000, 30)), std::pair(700, QSize(700, 21)), std::pair(10, QSize(10, 1))}) {
+        for (const auto& [kind, image] : processor.buildPreviews(textures, settings, longestSide)) {
+            EXPECT_EQ(image.size(), size) << title(kind).toStdString();
+        }
+    }
+}
+
 TEST_F(MaterialPreviews, OfALargeBaseColorAreAtMost512) {
     load(TextureSlotKind::baseColor, smoothPicture(1000, 3));
     for (const auto& [kind, image] : previews()) {

@@ -4,13 +4,12 @@
 #include "imaging/color/coded_colors.h"
 #include "imaging/decode/decode_error.h"
 #include "imaging/decode/formats/heif/coded_images.h"
+#include "imaging/decode/formats/heif/heif_library.h"
 #include "imaging/decode/formats/heif/orientation.h"
 #include "imaging/decode/row_conversion.h"
 #include "imaging/decode/two_step_reader.h"
 
 #include <QtEndian>
-
-#include <libheif/heif.h>
 
 #include <algorithm>
 #include <array>
@@ -24,18 +23,21 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const HeifFunctions& library() { return heifLibrary(); }
+
 /// Deletes what the library has made by one of its own functions.
 template <auto release>
 struct Releaser {
     template <typename Object>
     void operator()(Object* object) const {
-        release(object);
+        (library().*release)(object);
     }
 };
-using Context = std::unique_ptr<heif_context, Releaser<heif_context_free>>;
-using ImageHandle = std::unique_ptr<heif_image_handle, Releaser<heif_image_handle_release>>;
-using DecodedImage = std::unique_ptr<heif_image, Releaser<heif_image_release>>;
-using CodedProfile = std::unique_ptr<heif_color_profile_nclx, Releaser<heif_nclx_color_profile_free>>;
+using Context = std::unique_ptr<heif_context, Releaser<&HeifFunctions::heif_context_free>>;
+using ImageHandle = std::unique_ptr<heif_image_handle, Releaser<&HeifFunctions::heif_image_handle_release>>;
+using DecodedImage = std::unique_ptr<heif_image, Releaser<&HeifFunctions::heif_image_release>>;
+using CodedProfile =
+    std::unique_ptr<heif_color_profile_nclx, Releaser<&HeifFunctions::heif_nclx_color_profile_free>>;
 
 void expectOk(const heif_error& error) {
     if (error.code == heif_error_Memory_allocation_error) {
@@ -47,9 +49,10 @@ void expectOk(const heif_error& error) {
 }
 
 QByteArray embeddedProfile(const heif_image_handle* handle) {
-    const std::size_t size = heif_image_handle_get_raw_color_profile_size(handle);
+    const std::size_t size = library().heif_image_handle_get_raw_color_profile_size(handle);
     QByteArray profile(static_cast<qsizetype>(size), '\0');
-    if (size == 0 || heif_image_handle_get_raw_color_profile(handle, profile.data()).code != heif_error_Ok) {
+    if (size == 0 ||
+        library().heif_image_handle_get_raw_color_profile(handle, profile.data()).code != heif_error_Ok) {
         return {};
     }
     return profile;
@@ -57,7 +60,7 @@ QByteArray embeddedProfile(const heif_image_handle* handle) {
 
 std::optional<NamedProfile> profileOfCode(const heif_image_handle* handle) {
     heif_color_profile_nclx* found = nullptr;
-    const heif_error error = heif_image_handle_get_nclx_color_profile(handle, &found);
+    const heif_error error = library().heif_image_handle_get_nclx_color_profile(handle, &found);
     const CodedProfile code(found);
     if (error.code != heif_error_Ok || !code) {
         return std::nullopt;
@@ -74,11 +77,11 @@ std::optional<NamedProfile> profileOfCode(const heif_image_handle* handle) {
 SampleForm formOf(const heif_image_handle* handle) {
     constexpr int usualDepth = 8;
     SampleForm form;
-    form.hasAlpha = heif_image_handle_has_alpha_channel(handle) != 0;
+    form.hasAlpha = library().heif_image_handle_has_alpha_channel(handle) != 0;
     form.channels = form.hasAlpha ? 4 : 3;
-    form.bits = heif_image_handle_get_luma_bits_per_pixel(handle) > usualDepth ? 16 : 8;
-    form.alpha = heif_image_handle_is_premultiplied_alpha(handle) != 0 ? FileAlpha::premultiplied
-                                                                       : FileAlpha::straight;
+    form.bits = library().heif_image_handle_get_luma_bits_per_pixel(handle) > usualDepth ? 16 : 8;
+    form.alpha = library().heif_image_handle_is_premultiplied_alpha(handle) != 0 ? FileAlpha::premultiplied
+                                                                                 : FileAlpha::straight;
     return form;
 }
 
@@ -116,9 +119,10 @@ struct Plane {
 
 Plane planeOf(const heif_image* image) {
     constexpr heif_channel channel = heif_channel_interleaved;
-    Plane plane{heif_image_get_width(image, channel), heif_image_get_height(image, channel),
-                heif_image_get_bits_per_pixel_range(image, channel)};
-    plane.pixels = heif_image_get_plane_readonly(image, channel, &plane.bytesPerRow);
+    Plane plane{library().heif_image_get_width(image, channel),
+                library().heif_image_get_height(image, channel),
+                library().heif_image_get_bits_per_pixel_range(image, channel)};
+    plane.pixels = library().heif_image_get_plane_readonly(image, channel, &plane.bytesPerRow);
     return plane;
 }
 
@@ -178,24 +182,24 @@ OpenedImage openHeif(const QByteArray& bytes, ColorHandling handling) {
     // No image of the file may have a side above this, not even one that is not asked for: the library would
     // take memory for it.
     constexpr int longestSide = 1 << 14;
-    const Context context(heif_context_alloc());
-    heif_context_set_maximum_image_size_limit(context.get(), longestSide);
-    expectOk(heif_context_read_from_memory_without_copy(context.get(), file->constData(),
-                                                        static_cast<std::size_t>(file->size()), nullptr));
+    const Context context(library().heif_context_alloc());
+    library().heif_context_set_maximum_image_size_limit(context.get(), longestSide);
+    expectOk(library().heif_context_read_from_memory_without_copy(
+        context.get(), file->constData(), static_cast<std::size_t>(file->size()), nullptr));
     heif_image_handle* primary = nullptr;
-    expectOk(heif_context_get_primary_image_handle(context.get(), &primary));
+    expectOk(library().heif_context_get_primary_image_handle(context.get(), &primary));
     const ImageHandle handle(primary);
-    if (!isPlausibleSize(heif_image_handle_get_width(primary), heif_image_handle_get_height(primary),
-                         file->size())) {
+    if (!isPlausibleSize(library().heif_image_handle_get_width(primary),
+                         library().heif_image_handle_get_height(primary), file->size())) {
         throw DecodeError(DecodeProblem::damaged);
     }
     const SampleForm form = formOf(primary);
     heif_image* decoded = nullptr;
-    expectOk(heif_decode_image(primary, &decoded, heif_colorspace_RGB, chromaOf(form), nullptr));
+    expectOk(library().heif_decode_image(primary, &decoded, heif_colorspace_RGB, chromaOf(form), nullptr));
     DecodedImage image(decoded);
     const Plane plane = planeOf(decoded);
-    const std::int64_t width = heif_image_handle_get_width(primary);
-    const std::int64_t height = heif_image_handle_get_height(primary);
+    const std::int64_t width = library().heif_image_handle_get_width(primary);
+    const std::int64_t height = library().heif_image_handle_get_height(primary);
     const bool hasSize = plane.width == width && plane.height == height;
     // Some encoders declare the size that the image has once it is rotated.
     const bool hasSizeOfRotated = plane.width == height && plane.height == width && *file != bytes;
