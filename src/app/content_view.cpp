@@ -4,6 +4,7 @@
 #include "ui/generator/generator_workspace.h"
 #include "ui/layout/separator.h"
 #include "ui/material/material_workspace.h"
+#include "ui/panels/preview_panel.h"
 #include "ui/panels/texture_card.h"
 #include "ui/panels/tool_actions.h"
 #include "ui/style/symbol.h"
@@ -39,6 +40,10 @@ ContentView::ContentView(MaterialStore& materialStore, ToolActions& materialActi
 }
 
 StudioTool ContentView::selectedTool() const { return static_cast<StudioTool>(m_tabs->currentIndex()); }
+
+PreviewPanel& ContentView::previewPanel(StudioTool tool) const {
+    return *m_tabs->widget(static_cast<int>(tool))->findChild<PreviewPanel*>();
+}
 
 void ContentView::addTool(StudioTool tool, QWidget* workspace, ToolActions& actions) {
     m_tabs->addTab(workspace, symbolIcon(systemImage(tool)), title(tool));

@@ -11,6 +11,7 @@ namespace quarlin {
 class BrandHeader;
 class MaterialStore;
 class NormalGeneratorStore;
+class PreviewPanel;
 class ToolActions;
 class ToolBar;
 class ToolTabs;
@@ -26,6 +27,9 @@ public:
                 ToolActions& normalActions, QWidget* parent = nullptr);
 
     StudioTool selectedTool() const;
+
+    /// The panel that shows the previews of `tool`.
+    PreviewPanel& previewPanel(StudioTool tool) const;
 
 Q_SIGNALS:
     /// Another tool is shown.

@@ -1,7 +1,9 @@
 #include "app/desktop_chooser.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QFileDialog>
+#include <QSettings>
 
 namespace quarlin {
 
@@ -18,16 +20,47 @@ QString patterns(ImageFileType type) {
     return result.join(u' ');
 }
 
-std::optional<QUrl> answer(QFileDialog& dialog) {
+/// Lets the windows below a dialog that has closed paint what it has covered. The work that follows keeps the
+/// program from painting, and without a compositor nobody else does it.
+void repaintWindows() {
+    // A window manager takes its frame away and activates the window below when it gets round to it.
+    constexpr int longest = 250;
+    QDeadlineTimer patience(longest);
+    while (QGuiApplication::focusWindow() == nullptr && !patience.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
+    }
+    // Until the display server has said what has been uncovered.
+    constexpr int settling = 40;
+    patience.setRemainingTime(settling);
+    while (!patience.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, settling);
+    }
+}
+
+/// Asks, beginning in the folder `place`, which becomes the one of the answer.
+std::optional<QUrl> answer(QFileDialog& dialog, QUrl& place) {
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setWindowModality(Qt::ApplicationModal);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedUrls().isEmpty()) {
+    if (place.isValid()) {
+        dialog.setDirectoryUrl(place);
+    }
+    const bool isAccepted = dialog.exec() == QDialog::Accepted && !dialog.selectedUrls().isEmpty();
+    repaintWindows();
+    if (!isAccepted) {
         return std::nullopt;
     }
-    return dialog.selectedUrls().constFirst();
+    const QUrl chosen = dialog.selectedUrls().constFirst();
+    const bool isFolder = dialog.fileMode() == QFileDialog::Directory;
+    place = isFolder ? chosen : chosen.adjusted(QUrl::RemoveFilename | QUrl::StripTrailingSlash);
+    return chosen;
 }
 
 }  // namespace
+
+DesktopChooser::DesktopChooser() {
+    // Qt's own dialog writes a history of folders into a settings file. Here that file cannot be made.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, u"/dev/null"_s);
+}
 
 QStringList DesktopChooser::nameFilters(const std::vector<ImageFileType>& types) {
     QStringList all;
@@ -46,7 +79,7 @@ std::optional<QUrl> DesktopChooser::chooseFile(const FileQuestion& question) {
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(nameFilters(question.types));
     dialog.setLabelText(QFileDialog::Accept, question.confirmLabel);
-    return answer(dialog);
+    return answer(dialog, m_texturePlace);
 }
 
 std::optional<QUrl> DesktopChooser::chooseFolder(const FolderQuestion& question) {
@@ -54,7 +87,7 @@ std::optional<QUrl> DesktopChooser::chooseFolder(const FolderQuestion& question)
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     dialog.setLabelText(QFileDialog::Accept, question.confirmLabel);
-    return answer(dialog);
+    return answer(dialog, m_exportPlace);
 }
 
 }  // namespace quarlin

@@ -25,15 +25,21 @@ constexpr QSize minimumContentSize(1120, 720);
 MainWindow::MainWindow(MaterialStore& materialStore, NormalGeneratorStore& normalStore)
     : m_materialActions(materialStore),
       m_normalActions(normalStore),
-      m_content(new ContentView(materialStore, m_materialActions, normalStore, m_normalActions)) {
+      m_content(new ContentView(materialStore, m_materialActions, normalStore, m_normalActions)),
+      m_viewer(materialStore, normalStore) {
     setWindowTitle(u"VOREK TECH Quarlin"_s);
-    setMinimumSize(minimumContentSize);
+    m_content->setMinimumSize(minimumContentSize);
     setCentralWidget(m_content);
+    m_viewer.openTilesOf(m_content->previewPanel(StudioTool::pbr), m_viewer.materialMaps());
+    m_viewer.openTilesOf(m_content->previewPanel(StudioTool::normalGenerator), m_viewer.generatorMaps());
     addFileMenu();
     menuBar()->addMenu(new EditMenu(this));
-    addMaterialMenu();
+    addToolMenu(u"&Material"_s, m_materialActions);
+    addToolMenu(u"Map &Generator"_s, m_normalActions);
     addViewMenu();
     addHelpMenu();
+    // Read before the content.
+    menuBar()->lower();
     new BusyPointer(materialStore, this);
     new BusyPointer(normalStore, this);
 
@@ -46,18 +52,29 @@ MainWindow::MainWindow(MaterialStore& materialStore, NormalGeneratorStore& norma
 
 void MainWindow::addFileMenu() {
     QMenu* menu = menuBar()->addMenu(u"&File"_s);
+    // The export of the tool that is shown.
+    menu->addAction(&m_materialActions.openExport);
+    menu->addAction(&m_normalActions.openExport);
+    const auto showTool = [this] {
+        const bool isMaterial = m_content->selectedTool() == StudioTool::pbr;
+        m_materialActions.openExport.setVisible(isMaterial);
+        m_normalActions.openExport.setVisible(!isMaterial);
+    };
+    connect(m_content, &ContentView::toolChanged, this, showTool);
+    showTool();
+    menu->addSeparator();
     QAction* quit = menu->addAction(u"&Quit"_s);
     quit->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Q)});
     quit->setMenuRole(QAction::QuitRole);
     connect(quit, &QAction::triggered, qApp, &QApplication::closeAllWindows);
 }
 
-void MainWindow::addMaterialMenu() {
-    QMenu* menu = menuBar()->addMenu(u"&Material"_s);
-    menu->addAction(&m_materialActions.exportSet);
-    menu->addAction(&m_materialActions.preview);
+void MainWindow::addToolMenu(const QString& title, ToolActions& actions) {
+    QMenu* menu = menuBar()->addMenu(title);
+    menu->addAction(&actions.exportSet);
+    menu->addAction(&actions.preview);
     menu->addSeparator();
-    menu->addAction(&m_materialActions.reset);
+    menu->addAction(&actions.reset);
 }
 
 void MainWindow::addViewMenu() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/panels/tool_actions.h"
+#include "ui/viewer/map_viewer.h"
 #include "view3d/window/material_view.h"
 
 #include <QMainWindow>
@@ -20,10 +21,12 @@ public:
     MainWindow(MaterialStore& materialStore, NormalGeneratorStore& normalStore);
 
     ContentView* content() const { return m_content; }
+    const MapViewer& viewer() const { return m_viewer; }
 
 private:
     void addFileMenu();
-    void addMaterialMenu();
+    /// A menu with the actions of one tool, which acts on that tool whichever one is shown.
+    void addToolMenu(const QString& title, ToolActions& actions);
     void addViewMenu();
     void addHelpMenu();
     void showAbout();
@@ -31,6 +34,7 @@ private:
     ToolActions m_materialActions;
     ToolActions m_normalActions;
     ContentView* m_content;
+    MapViewer m_viewer;
     MaterialView m_materialView{this};
 };
 

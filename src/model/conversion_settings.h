@@ -37,4 +37,7 @@ struct ConversionSettings {
     bool operator==(const ConversionSettings&) const = default;
 };
 
+/// Whether both give the same images: they may differ in the name and in which documents are written.
+bool haveSameImages(const ConversionSettings& a, const ConversionSettings& b);
+
 }  // namespace quarlin

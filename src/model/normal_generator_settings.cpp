@@ -1,5 +1,6 @@
 #include "model/normal_generator_settings.h"
 
+#include "model/generated_set.h"
 #include "model/material_name.h"
 
 namespace quarlin {
@@ -10,6 +11,17 @@ QString NormalGeneratorSettings::defaultMaterialName() { return u"VOREK_Normal"_
 
 QString NormalGeneratorSettings::safeMaterialName() const {
     return quarlin::safeMaterialName(materialName, defaultMaterialName());
+}
+
+bool haveSameImages(const NormalGeneratorSettings& a, const NormalGeneratorSettings& b) {
+    NormalGeneratorSettings others = a;
+    others.materialName = b.materialName;
+    for (const SetFile<NormalGeneratorSettings>& file : EnumerationTable<GeneratedFile>::rows) {
+        if (file.isExported != nullptr) {
+            others.*file.isExported = b.*file.isExported;
+        }
+    }
+    return others == b;
 }
 
 }  // namespace quarlin

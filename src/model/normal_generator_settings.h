@@ -47,4 +47,7 @@ struct NormalGeneratorSettings {
     bool operator==(const NormalGeneratorSettings&) const = default;
 };
 
+/// Whether both give the same images: they may differ in the name and in which files are written.
+bool haveSameImages(const NormalGeneratorSettings& a, const NormalGeneratorSettings& b);
+
 }  // namespace quarlin

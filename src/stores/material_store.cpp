@@ -6,6 +6,18 @@ namespace quarlin {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+std::map<TextureSlotKind, QUuid> idsOf(const TextureMap& textures) {
+    std::map<TextureSlotKind, QUuid> ids;
+    for (const auto& [slot, asset] : textures) {
+        ids.emplace(slot, asset.id);
+    }
+    return ids;
+}
+
+}  // namespace
+
 MaterialStore::MaterialStore(Chooser& chooser, Clock clock)
     : ToolStore(chooser, std::move(clock),
                 u"Load Base Color first, then add Normal, AO, Roughness/Gloss and Metallic as "
@@ -68,9 +80,16 @@ void MaterialStore::buildPreview() {
         return;
     }
     publish(StoreProperty::previews, m_previews, std::move(previews));
+    m_previewedTextures = idsOf(m_textures);
+    m_previewedSettings = m_settings;
     if (!m_previews.empty()) {
         appendLog(u"Preview updated."_s);
     }
+}
+
+bool MaterialStore::hasOutdatedPreviews() const {
+    return !m_previews.empty() &&
+           (m_previewedTextures != idsOf(m_textures) || !haveSameImages(m_previewedSettings, m_settings));
 }
 
 void MaterialStore::exportMaterialSet() {

@@ -6,6 +6,10 @@
 #include "model/texture_slot_kind.h"
 #include "stores/tool_store.h"
 
+#include <QUuid>
+
+#include <map>
+
 namespace quarlin {
 
 /// The state of the PBR Material tool, and the user's actions on it.
@@ -24,6 +28,9 @@ public:
     const ConversionSettings& settings() const { return m_settings; }
     /// The pictures of the last preview; empty until the first one is built.
     const OutputPreviews& previews() const { return m_previews; }
+
+    /// Whether there are previews, and other inputs or settings would give other ones.
+    bool hasOutdatedPreviews() const;
 
     /// Whether the one required input is loaded.
     bool canExport() const { return m_textures.contains(TextureSlotKind::baseColor); }
@@ -62,6 +69,9 @@ private:
     TextureMap m_textures;
     ConversionSettings m_settings;
     OutputPreviews m_previews;
+    /// What the previews show.
+    std::map<TextureSlotKind, QUuid> m_previewedTextures;
+    ConversionSettings m_previewedSettings;
 };
 
 }  // namespace quarlin

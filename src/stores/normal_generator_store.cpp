@@ -58,9 +58,16 @@ void NormalGeneratorStore::buildPreview() {
         return;
     }
     publish(StoreProperty::previews, m_previews, std::move(previews));
+    m_previewedSource = m_source ? m_source->id : QUuid();
+    m_previewedSettings = m_settings;
     if (!m_previews.empty()) {
         appendLog(u"Generated map preview updated."_s);
     }
+}
+
+bool NormalGeneratorStore::hasOutdatedPreviews() const {
+    return !m_previews.empty() && (!m_source || m_previewedSource != m_source->id ||
+                                   !haveSameImages(m_previewedSettings, m_settings));
 }
 
 void NormalGeneratorStore::exportSet() {

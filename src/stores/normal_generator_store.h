@@ -5,6 +5,8 @@
 #include "model/texture_asset.h"
 #include "stores/tool_store.h"
 
+#include <QUuid>
+
 namespace quarlin {
 
 /// The state of the Map Generator tool, and the user's actions on it.
@@ -23,6 +25,9 @@ public:
     const NormalGeneratorSettings& settings() const { return m_settings; }
     /// The pictures of the last preview; empty until the first one is built.
     const NormalPreviews& previews() const { return m_previews; }
+
+    /// Whether there are previews, and another source or other settings would give other ones.
+    bool hasOutdatedPreviews() const;
 
     /// Whether a source is loaded.
     bool canExport() const { return m_source.has_value(); }
@@ -59,6 +64,9 @@ private:
     std::optional<TextureAsset> m_source;
     NormalGeneratorSettings m_settings;
     NormalPreviews m_previews;
+    /// What the previews show.
+    QUuid m_previewedSource;
+    NormalGeneratorSettings m_previewedSettings;
 };
 
 }  // namespace quarlin

@@ -36,6 +36,10 @@ public:
 
     /// The folder that received the last successful export.
     const std::optional<QUrl>& lastExportURL() const { return m_lastExportURL; }
+    bool hasExport() const { return m_lastExportURL.has_value(); }
+
+    /// Adds `message` to the log as the reason why an action has failed.
+    void reportFailure(const QString& message);
 
 Q_SIGNALS:
     /// `property` is about to change; its old value can still be read.
@@ -63,9 +67,6 @@ protected:
 
     /// Adds `message` with the time as the first line of the log.
     void appendLog(const QString& message);
-
-    /// Adds `message` to the log as the reason why an action has failed.
-    void reportFailure(const QString& message);
 
     /// Resets the state that both tools share: no last export, and a log with the one line "Inputs cleared.".
     void resetShared();

@@ -2,7 +2,9 @@
 
 #include "view_fixture.h"
 
+#include <QDir>
 #include <QFileDialog>
+#include <QSettings>
 #include <QTimer>
 
 #include <functional>
@@ -79,6 +81,52 @@ TEST_F(DesktopChooserTest, ReturnsTheChosenFolder) {
     const auto chosen = chooser.chooseFolder({u"Title"_s, u"Here"_s});
     ASSERT_TRUE(chosen.has_value());
     EXPECT_EQ(QFileInfo(chosen->toLocalFile()), QFileInfo(folder.url().toLocalFile()));
+}
+
+TEST_F(DesktopChooserTest, RemembersThePlacesOfTexturesAndExportsApart) {
+    const QUrl file = folder.texture(u"a.png"_s);
+    ASSERT_TRUE(QDir(folder.path({})).mkdir(u"sets"_s));
+    const QString sets = folder.path(u"sets"_s);
+    const auto choose = [](QFileDialog& dialog, const QString& path) {
+        dialog.setDirectory(QFileInfo(path).path());
+        dialog.selectFile(path);
+        static_cast<QDialog&>(dialog).accept();
+    };
+    whenAsked([&](QFileDialog& dialog) { choose(dialog, file.toLocalFile()); });
+    ASSERT_TRUE(chooser.chooseFile(imageQuestion()).has_value());
+    whenAsked([&](QFileDialog& dialog) { choose(dialog, sets); });
+    ASSERT_TRUE(chooser.chooseFolder({u"Title"_s, u"Here"_s}).has_value());
+    whenAsked([&](QFileDialog& dialog) { EXPECT_EQ(dialog.directory(), QDir(folder.path({}))); });
+    EXPECT_EQ(chooser.chooseFile(imageQuestion()), std::nullopt);
+    whenAsked([&](QFileDialog& dialog) { EXPECT_EQ(dialog.directory(), QDir(sets)); });
+    EXPECT_EQ(chooser.chooseFolder({u"Title"_s, u"Here"_s}), std::nullopt);
+}
+
+TEST_F(DesktopChooserTest, WritesNoHistory) {
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path(u"settings"_s));
+    DesktopChooser own;
+    whenAsked([](QFileDialog& dialog) { dialog.reject(); });
+    EXPECT_EQ(own.chooseFile(imageQuestion()), std::nullopt);
+    EXPECT_FALSE(QFileInfo::exists(folder.path(u"settings"_s)));
+}
+
+TEST_F(DesktopChooserTest, LetsTheWindowPaintBeforeItReturns) {
+    QWidget window;
+    window.resize(300, 200);
+    window.show();
+    window.activateWindow();
+    settle();
+    bool isPainted = false;
+    whenAsked([&](QFileDialog& dialog) {
+        // What the display server asks for once the dialog is gone.
+        QObject::connect(&dialog, &QDialog::finished, &window, [&] {
+            QMetaObject::invokeMethod(
+                &window, [&] { isPainted = true; }, Qt::QueuedConnection);
+        });
+        dialog.reject();
+    });
+    EXPECT_EQ(chooser.chooseFile(imageQuestion()), std::nullopt);
+    EXPECT_TRUE(isPainted);
 }
 
 TEST(NameFilters, OfferAllTypesTogetherAndThenEachInOrder) {

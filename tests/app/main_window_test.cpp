@@ -1,4 +1,5 @@
 #include "model/texture_slot_kind.h"
+#include "ui/controls/link_button.h"
 #include "ui/controls/name_field.h"
 #include "ui/panels/texture_card.h"
 #include "window_fixture.h"
@@ -39,9 +40,9 @@ TEST_F(MainWindowTest, IsTitledAndNeverTooSmall) {
     EXPECT_EQ(window.windowTitle(), u"VOREK TECH Quarlin"_s);
     window.resize(10, 10);
     settle();
-    EXPECT_EQ(window.size(), QSize(1120, 720));
-    EXPECT_LE(window.minimumSizeHint().width(), 1120);
-    EXPECT_LE(window.minimumSizeHint().height(), 720);
+    EXPECT_EQ(window.content()->size(), QSize(1120, 720));
+    EXPECT_LE(window.content()->minimumSizeHint().width(), 1120);
+    EXPECT_LE(window.content()->minimumSizeHint().height(), 720);
 }
 
 TEST_F(MainWindowTest, StartsWithTheIdealWidthsAsFarAsTheyFit) {
@@ -286,7 +287,7 @@ TEST_F(MainWindowTest, LogsAFailedLoadAndAFailedExportWhereTheyCanBeRead) {
     const QString text = page().findChild<QTextEdit*>()->toPlainText();
     EXPECT_TRUE(text.contains(u"Load failed: Could not read image: b.png"_s));
     EXPECT_TRUE(text.contains(u"Export failed: "_s));
-    EXPECT_FALSE(child<TextLabel>(page(), u"lastExport"_s).isVisible());
+    EXPECT_FALSE(child<LinkButton>(page(), u"lastExport"_s).isVisible());
 }
 
 TEST_F(MainWindowTest, LoadsADropAndExportsIt) {
@@ -300,7 +301,7 @@ TEST_F(MainWindowTest, LoadsADropAndExportsIt) {
     chooser.folder = folder.url();
     click(child<Button>(page(), u"export"_s));
     EXPECT_TRUE(QFile::exists(folder.path(u"Brick/Brick_BaseColor.png"_s)));
-    EXPECT_EQ(child<TextLabel>(page(), u"lastExport"_s).text(), u"Brick"_s);
+    EXPECT_EQ(child<LinkButton>(page(), u"lastExport"_s).text(), u"Brick"_s);
 }
 
 }  // namespace

@@ -1,7 +1,9 @@
 #include "ui/controls/button.h"
 
+#include "ui/style/painting.h"
 #include "ui/style/symbol.h"
 
+#include <QPainter>
 #include <QStyleOptionButton>
 
 namespace quarlin {
@@ -17,6 +19,22 @@ Button* Button::symbolOnly(const QString& symbol, const QString& help, QWidget* 
     button->setToolTip(help);
     button->setAccessibleName(help);
     return button;
+}
+
+void Button::setMark(const QString& reason) {
+    m_isMarked = !reason.isEmpty();
+    setAccessibleDescription(reason);
+    update();
+}
+
+void Button::paintEvent(QPaintEvent* event) {
+    QPushButton::paintEvent(event);
+    if (m_isMarked) {
+        constexpr double distance = 6;
+        const double x = layoutDirection() == Qt::LeftToRight ? width() - distance : distance;
+        QPainter painter(this);
+        paintDot(painter, palette(), {x, distance});
+    }
 }
 
 void Button::initStyleOption(QStyleOptionButton* option) const {

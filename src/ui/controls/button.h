@@ -20,14 +20,20 @@ public:
     /// A bare symbol; `help` is its tooltip and its accessible name.
     static Button* symbolOnly(const QString& symbol, const QString& help, QWidget* parent = nullptr);
 
+    /// Marks the button with a dot, for the reason `reason`; an empty one removes the mark.
+    void setMark(const QString& reason);
+    bool isMarked() const { return m_isMarked; }
+
     QString symbol() const { return icon().name(); }
     ButtonStyle buttonStyle() const { return m_style; }
 
 protected:
     void initStyleOption(QStyleOptionButton* option) const override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     ButtonStyle m_style;
+    bool m_isMarked = false;
 };
 
 }  // namespace quarlin

@@ -1,5 +1,6 @@
 #include "ui/controls/segmented_picker.h"
 
+#include "ui/accessibility/accessible_role.h"
 #include "ui/controls/segment.h"
 #include "ui/style/colors.h"
 #include "ui/style/metrics.h"
@@ -15,7 +16,7 @@ namespace quarlin {
 
 SegmentedPicker::SegmentedPicker(const QString& label, const QStringList& titles, QWidget* parent)
     : QWidget(parent), m_segments(new QButtonGroup(this)) {
-    setAccessibleName(label);
+    presentAs(*this, QAccessible::Grouping, label);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);

@@ -1,6 +1,7 @@
 #include "ui/controls/slider_row.h"
 
 #include "model/formatters.h"
+#include "ui/accessibility/accessible_role.h"
 #include "ui/controls/slider.h"
 #include "ui/display/text_label.h"
 
@@ -22,6 +23,8 @@ constexpr int spacing = 10;
 SliderRow::SliderRow(const QString& title, const ValueRange& range, std::function<QString(double)> format,
                      QWidget* parent)
     : QWidget(parent) {
+    // Qt would name the row after the box that it is in.
+    presentAs(*this, QAccessible::Client, title);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(spacing);

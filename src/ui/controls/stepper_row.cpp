@@ -1,5 +1,6 @@
 #include "ui/controls/stepper_row.h"
 
+#include "ui/accessibility/accessible_role.h"
 #include "ui/controls/stepper.h"
 #include "ui/display/text_label.h"
 
@@ -8,6 +9,8 @@
 namespace quarlin {
 
 StepperRow::StepperRow(const QString& title, int minimum, int maximum, QWidget* parent) : QWidget(parent) {
+    // Qt would name the row after the box that it is in.
+    presentAs(*this, QAccessible::Client, title);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(8);

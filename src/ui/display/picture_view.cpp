@@ -1,5 +1,7 @@
 #include "ui/display/picture_view.h"
 
+#include "ui/accessibility/accessible_role.h"
+#include "ui/style/checkerboard.h"
 #include "ui/style/colors.h"
 #include "ui/style/painting.h"
 
@@ -11,6 +13,7 @@ namespace quarlin {
 PictureView::PictureView(double radius, bool outlined, QWidget* parent)
     : QWidget(parent), m_radius(radius), m_outlined(outlined) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    presentAs(*this, QAccessible::Graphic, {});
 }
 
 void PictureView::setImage(const QImage& image) {
@@ -43,6 +46,10 @@ void PictureView::paintEvent(QPaintEvent*) {
         // A brush rather than a clip, because its edge is smooth. One pixel of the brush is one of the
         // device.
         painter.setPen(Qt::NoPen);
+        if (m_image.hasAlphaChannel()) {
+            painter.setBrush(checkerboard(palette()));
+            painter.drawRoundedRect(rect(), m_radius, m_radius);
+        }
         QBrush brush(picture);
         brush.setTransform(QTransform::fromScale(1 / scale, 1 / scale));
         painter.setBrush(brush);

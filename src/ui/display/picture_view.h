@@ -7,7 +7,7 @@
 namespace quarlin {
 
 /// A picture that fills its frame: scaled until it covers the frame, the rest cut off, the corners
-/// rounded.
+/// rounded. A checkerboard shows where it is transparent.
 class PictureView : public QWidget {
     Q_OBJECT
 

@@ -1,6 +1,7 @@
 #include "ui/generator/generator_input_panel.h"
 
 #include "stores/normal_generator_store.h"
+#include "ui/accessibility/accessible_role.h"
 #include "ui/controls/button.h"
 #include "ui/panels/observe.h"
 #include "ui/panels/panel_header.h"
@@ -16,6 +17,7 @@ using namespace Qt::StringLiterals;
 
 GeneratorInputPanel::GeneratorInputPanel(NormalGeneratorStore& store, ToolActions& actions, QWidget* parent)
     : QWidget(parent) {
+    presentAs(*this, QAccessible::Pane, u"Map Source"_s);
     auto* stack = new QVBoxLayout(this);
     stack->setContentsMargins(0, 0, 0, 0);
     stack->setSpacing(0);

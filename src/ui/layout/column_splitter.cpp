@@ -50,6 +50,13 @@ ColumnSplitter::ColumnSplitter(QWidget* inputs, QWidget* settings, QWidget* prev
     add(inputs, inputColumn);
     add(settings, settingsColumn);
     add(previews, previewColumn);
+    // Qt puts each column before the others, also for assistive technology, which reads them in that order.
+    for (int column = 0; column < count(); ++column) {
+        widget(column)->raise();
+    }
+    for (int column = 0; column < count(); ++column) {
+        handle(column)->raise();
+    }
     connect(this, &QSplitter::splitterMoved, this, [this] { m_widths = sizes(); });
 }
 

@@ -3,6 +3,7 @@
 #include "model/texture_asset.h"
 #include "model/texture_slot_kind.h"
 #include "stores/material_store.h"
+#include "ui/accessibility/accessible_role.h"
 #include "ui/controls/button.h"
 #include "ui/layout/scroll_panel.h"
 #include "ui/panels/observe.h"
@@ -43,6 +44,7 @@ TextureCard* makeCard(MaterialStore& store, TextureSlotKind kind) {
 
 TextureSidebar::TextureSidebar(MaterialStore& store, ToolActions& actions, QWidget* parent)
     : QWidget(parent) {
+    presentAs(*this, QAccessible::Pane, u"Textures"_s);
     auto* stack = new QVBoxLayout(this);
     stack->setContentsMargins(0, 0, 0, 0);
     stack->setSpacing(0);

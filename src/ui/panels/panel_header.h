@@ -13,6 +13,9 @@ class PanelHeader : public QWidget {
 public:
     explicit PanelHeader(const QString& title, QWidget* parent = nullptr);
 
+    /// Puts `widget` next to the title.
+    void addToTitle(QWidget* widget);
+
     /// Puts `widget` at the end of the row. A widget that can grow takes at most the room next to the title.
     void addAtEnd(QWidget* widget, int stretch = 0);
 

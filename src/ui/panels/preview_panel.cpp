@@ -1,6 +1,9 @@
 #include "ui/panels/preview_panel.h"
 
 #include "imaging/files/file_names.h"
+#include "ui/accessibility/accessible_role.h"
+#include "ui/controls/link_button.h"
+#include "ui/display/status_dot.h"
 #include "ui/display/text_label.h"
 #include "ui/layout/adaptive_grid.h"
 #include "ui/layout/scroll_panel.h"
@@ -9,8 +12,10 @@
 #include "ui/panels/failure_alert.h"
 #include "ui/panels/log_view.h"
 #include "ui/panels/panel_header.h"
+#include "ui/panels/tool_actions.h"
 #include "ui/style/metrics.h"
 
+#include <QDir>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -26,17 +31,30 @@ constexpr int rowSpacing = 14;
 constexpr int minimumTileWidth = 140;
 constexpr int tileSpacing = 12;
 
+/// Lets Tab reach `widget`, which is new, right before `next`.
+void placeBefore(QWidget& next, QWidget& widget) {
+    QWidget* previous = next.previousInFocusChain();
+    while (previous != &next && (previous->focusPolicy() == Qt::NoFocus || previous == &widget)) {
+        previous = previous->previousInFocusChain();
+    }
+    QWidget::setTabOrder(previous, &widget);
+}
+
 }  // namespace
 
 PreviewPanel::PreviewPanel(const QString& emptySymbol, QWidget* parent) : QWidget(parent) {
+    presentAs(*this, QAccessible::Pane, u"Preview"_s);
     auto* stack = new QVBoxLayout(this);
     stack->setContentsMargins(0, 0, 0, 0);
     stack->setSpacing(0);
 
     auto* header = new PanelHeader(u"Preview"_s);
-    m_lastExport = new TextLabel({}, TextStyle::caption, TextWeight::secondary);
+    m_outdated = new StatusDot(outdatedPreviewsText());
+    m_outdated->setObjectName(u"outdated"_s);
+    header->addToTitle(m_outdated);
+    m_lastExport = new LinkButton;
     m_lastExport->setObjectName(u"lastExport"_s);
-    m_lastExport->setElided(true);
+    connect(m_lastExport, &LinkButton::clicked, this, &PreviewPanel::exportFolderRequested);
     header->addAtEnd(m_lastExport);
     stack->addWidget(header);
 
@@ -58,6 +76,7 @@ PreviewPanel::PreviewPanel(const QString& emptySymbol, QWidget* parent) : QWidge
     m_alert = new FailureAlert(this);
 
     setTiles({});
+    setOutdated(false);
     setLastExport(std::nullopt);
 }
 
@@ -70,7 +89,11 @@ void PreviewPanel::setTiles(const std::vector<PreviewTileContent>& contents) {
         if (QLayoutItem* item = m_grid->itemAt(static_cast<int>(index))) {
             static_cast<PreviewTile*>(item->widget())->setContent(contents[index]);
         } else {
-            m_grid->addWidget(new PreviewTile(contents[index]));
+            auto* tile = new PreviewTile(contents[index]);
+            connect(tile, &PreviewTile::opened, this,
+                    [this, index] { Q_EMIT tileOpened(static_cast<int>(index)); });
+            m_grid->addWidget(tile);
+            placeBefore(*m_log, *tile);
         }
     }
     m_empty->setVisible(contents.empty());
@@ -80,7 +103,10 @@ void PreviewPanel::setTiles(const std::vector<PreviewTileContent>& contents) {
 void PreviewPanel::setLastExport(const std::optional<QUrl>& folder) {
     m_lastExport->setVisible(folder.has_value());
     m_lastExport->setText(folder ? lastPathComponent(*folder) : QString());
+    m_lastExport->setToolTip(folder ? QDir::toNativeSeparators(folder->toLocalFile()) : QString());
 }
+
+void PreviewPanel::setOutdated(bool isOutdated) { m_outdated->setVisible(isOutdated); }
 
 void PreviewPanel::setLogLines(const QStringList& lines) {
     QStringList oldestFirst = lines;

@@ -16,7 +16,8 @@ struct PreviewTileContent {
     QImage image;
 };
 
-/// One preview: the picture, square, over its title and a short description.
+/// One preview: the picture, square, over its title and a short description. A double click, Enter or its
+/// context menu opens it.
 class PreviewTile : public QWidget {
     Q_OBJECT
 
@@ -29,7 +30,12 @@ public:
     QString subtitle() const;
     const QImage& image() const;
 
+Q_SIGNALS:
+    /// The user wants to look at the picture closely.
+    void opened();
+
 protected:
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -1,5 +1,6 @@
 #include "ui/panels/settings_panel.h"
 
+#include "ui/accessibility/accessible_role.h"
 #include "ui/controls/button.h"
 #include "ui/display/text_label.h"
 #include "ui/panels/tool_actions.h"
@@ -24,6 +25,7 @@ constexpr QMargins panelMargins(metrics::standardPadding, metrics::standardPaddi
 
 SettingsPanel::SettingsPanel(const QString& heading, QWidget* parent)
     : ScrollPanel(groupSpacing, panelMargins, parent) {
+    presentAs(*this, QAccessible::Pane, heading);
     auto* title = new TextLabel(heading, TextStyle::title3);
     // As high as the headings of the other columns, which have buttons in their rows.
     title->setMinimumHeight(metrics::headerRowHeight);

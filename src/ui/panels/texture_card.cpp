@@ -1,6 +1,7 @@
 #include "ui/panels/texture_card.h"
 
 #include "stores/dropped_file.h"
+#include "ui/accessibility/accessible_role.h"
 #include "ui/controls/button.h"
 #include "ui/display/badge.h"
 #include "ui/display/picture_view.h"
@@ -38,7 +39,7 @@ TextureCard::TextureCard(const TextureCardTexts& texts, DropHandler drop, QWidge
     : QWidget(parent), m_drop(std::move(drop)) {
     setAcceptDrops(true);
     setToolTip(texts.help);
-    setAccessibleName(texts.title);
+    presentAs(*this, QAccessible::Grouping, texts.title);
     setAccessibleDescription(texts.help);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 
@@ -50,6 +51,9 @@ TextureCard::TextureCard(const TextureCardTexts& texts, DropHandler drop, QWidge
     m_choose = new Button(ButtonStyle::bordered, u"plus"_s, u"Choose"_s);
     m_choose->setObjectName(u"choose"_s);
     m_choose->setAccessibleName(u"Choose "_s + texts.subject);
+    // Where the keyboard goes, assistive technology reads what a tooltip shows to others.
+    m_choose->setAccessibleDescription(texts.required ? u"Required. "_s + texts.help : texts.help);
+    m_replace->setAccessibleDescription(texts.help);
     stack->addWidget(m_choose);
 
     connect(m_remove, &Button::clicked, this, &TextureCard::removeRequested);
@@ -113,6 +117,7 @@ void TextureCard::setAsset(const std::optional<TextureAsset>& asset) {
     m_choose->setVisible(!filled);
     if (asset) {
         m_thumbnail->setImage(asset->preview);
+        m_thumbnail->setAccessibleName(asset->fileName);
         m_fileName->setText(asset->fileName);
         m_size->setText(asset->sizeLabel());
         m_size->setToolTip(asset->valueNote());

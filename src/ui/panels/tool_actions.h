@@ -9,6 +9,7 @@ namespace quarlin {
 class Button;
 class MaterialStore;
 class NormalGeneratorStore;
+class ToolStore;
 enum class ButtonStyle;
 
 /// How an action looks on a button. A button without a text is a bare symbol, named by the action's tooltip.
@@ -39,11 +40,18 @@ public:
     Button* makeToolBarButton();
     Button* makePanelButton(ButtonStyle style);
 
+    /// Marks the buttons of the action, for the reason `reason`; an empty one removes the marks.
+    void setMark(const QString& reason);
+
+Q_SIGNALS:
+    void markChanged(const QString& reason);
+
 private:
     Button* makeButton(const ButtonLook& look, ButtonStyle style);
 
     ButtonLook m_toolBar;
     ButtonLook m_panel;
+    QString m_mark;
 };
 
 /// The actions of a tool. Each is declared here, and the menu, the toolbar and the panels take it from here.
@@ -56,6 +64,10 @@ public:
     ToolAction preview;
     ToolAction exportSet;
     ToolAction reset;
+    ToolAction openExport;
 };
+
+/// What the mark of outdated previews means.
+QString outdatedPreviewsText();
 
 }  // namespace quarlin

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "stores/tool_store.h"
+#include "ui/panels/export_folder.h"
 #include "ui/panels/observe.h"
 #include "ui/panels/preview_panel.h"
 
@@ -21,17 +22,20 @@ std::vector<PreviewTileContent> previewTiles(const std::map<Kind, QImage>& previ
     return tiles;
 }
 
-/// A preview panel that shows what `store` publishes.
+/// A preview panel that shows what `store` publishes. `store` must outlive it.
 template <typename Store>
-PreviewPanel* makePreviewPanel(const Store& store, const QString& emptySymbol) {
+PreviewPanel* makePreviewPanel(Store& store, const QString& emptySymbol) {
     auto* panel = new PreviewPanel(emptySymbol);
     observe(panel, store, [panel, &store] {
         panel->setTiles(previewTiles(store.previews()));
+        panel->setOutdated(store.hasOutdatedPreviews());
         panel->setLastExport(store.lastExportURL());
         panel->setLogLines(store.logLines());
     });
     // Later, as the redraw that shows the line of the log.
     QObject::connect(&store, &ToolStore::failed, panel, &PreviewPanel::showFailure, Qt::QueuedConnection);
+    QObject::connect(panel, &PreviewPanel::exportFolderRequested, &store,
+                     [&store] { openExportFolder(store); });
     return panel;
 }
 

@@ -2,6 +2,7 @@
 
 #include "ui/style/colors.h"
 
+#include <QImage>
 #include <QStyleOption>
 #include <QWidget>
 
@@ -22,7 +23,29 @@ void paintSurface(QPainter& painter, const QRectF& rectangle, double radius, con
     painter.restore();
 }
 
+void paintDot(QPainter& painter, const QPalette& palette, const QPointF& center) {
+    constexpr double radius = 3;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette.color(QPalette::Active, QPalette::Window), 1));
+    painter.setBrush(accentColor(palette));
+    painter.drawEllipse(center, radius + 0.5, radius + 0.5);
+    painter.restore();
+}
+
 double deviceScale(const QPainter& painter) { return painter.deviceTransform().m11(); }
+
+void paintCheckerboard(QPainter& painter, const QPalette& palette, const QRect& rectangle) {
+    constexpr int square = 8;
+    QImage squares(2 * square, 2 * square, QImage::Format_RGB32);
+    squares.fill(mixed(palette.color(QPalette::Active, QPalette::Base), Qt::gray, 0.15));
+    QPainter pattern(&squares);
+    const QColor darker = mixed(palette.color(QPalette::Active, QPalette::Base), Qt::gray, 0.5);
+    pattern.fillRect(0, 0, square, square, darker);
+    pattern.fillRect(square, square, square, square, darker);
+    pattern.end();
+    painter.fillRect(rectangle, QBrush(squares));
+}
 
 void paintRing(QPainter& painter, const QPalette& palette, const QRectF& rectangle, double radius,
                RingGround ground) {

@@ -10,6 +10,9 @@ namespace quarlin {
 
 namespace {
 
+/// No text is smaller, in pixels: below it letters run into each other.
+constexpr int leastPixelSize = 11;
+
 /// The size of the body step, which the ratios refer to.
 constexpr double bodySize = 13;
 
@@ -53,9 +56,12 @@ QFont font(TextStyle style) {
     }
     const double ratio = size(style) / bodySize;
     if (base.pixelSize() > 0) {
-        result.setPixelSize(std::max(1, qRound(base.pixelSize() * ratio)));
+        result.setPixelSize(std::max(leastPixelSize, qRound(base.pixelSize() * ratio)));
     } else {
         result.setPointSizeF(base.pointSizeF() * ratio);
+        if (QFontInfo(result).pixelSize() < leastPixelSize) {
+            result.setPixelSize(leastPixelSize);
+        }
     }
     result.setWeight(weight(style));
     return result;

@@ -8,7 +8,7 @@ namespace quarlin {
 /// size the user reads at.
 enum class TextStyle { title3Bold, title3, headline, body, callout, caption, monospacedCaption };
 
-/// The font of `style`, derived from the application's font.
+/// The font of `style`, derived from the application's font. No smaller than 11 pixels.
 QFont font(TextStyle style);
 
 /// `length`, given in device-independent pixels for a body of 13, at the size of the application's font.

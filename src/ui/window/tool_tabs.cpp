@@ -17,6 +17,8 @@ ToolTabs::ToolTabs(QWidget* parent) : QTabWidget(parent) {
     // The tab under the pointer is drawn differently.
     tabBar()->setAttribute(Qt::WA_Hover);
     tabBar()->setAccessibleName(u"Tools"_s);
+    // Read before the pages.
+    tabBar()->lower();
 }
 
 void ToolTabs::paintEvent(QPaintEvent*) {

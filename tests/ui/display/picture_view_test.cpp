@@ -68,4 +68,19 @@ TEST(PictureView, RoundsItsCorners) {
     EXPECT_EQ(shown.pixelColor(27, 0), QColor(Qt::red));
 }
 
+TEST(PictureView, ShowsACheckerboardWhereThePictureIsTransparent) {
+    QImage image(64, 64, QImage::Format_RGBA8888_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter(&image).fillRect(32, 0, 32, 64, Qt::red);
+    PictureView view(0, false);
+    view.setFixedSize(64, 64);
+    view.setImage(image);
+    const QImage shown = view.grab().toImage();
+    EXPECT_NE(shown.pixel(4, 4), shown.pixel(12, 4));
+    EXPECT_EQ(shown.pixel(4, 4), shown.pixel(12, 12));
+    EXPECT_EQ(shown.pixel(4, 4), shown.pixel(20, 4));
+    EXPECT_EQ(shown.pixelColor(40, 4), QColor(Qt::red));
+    EXPECT_EQ(shown.pixelColor(48, 4), QColor(Qt::red));
+}
+
 }  // namespace

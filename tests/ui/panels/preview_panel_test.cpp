@@ -5,6 +5,7 @@
 #include "model/texture_slot_kind.h"
 #include "stores/material_store.h"
 #include "stores/normal_generator_store.h"
+#include "ui/controls/link_button.h"
 #include "ui/display/symbol_view.h"
 #include "ui/layout/adaptive_grid.h"
 #include "ui/panels/empty_preview.h"
@@ -46,7 +47,7 @@ protected:
     QWidget& view = window.view();
     LogView& log = *view.findChild<LogView*>();
     EmptyPreview& empty = *view.findChild<EmptyPreview*>();
-    TextLabel& lastExport = child<TextLabel>(view, u"lastExport"_s);
+    LinkButton& lastExport = child<LinkButton>(view, u"lastExport"_s);
 };
 
 class MaterialPreviewPanel : public PanelFixture<MaterialStore> {

@@ -107,11 +107,12 @@ private:
             refuse();
         }
         // The region holds whole rows, at least those of the area.
-        const std::uint8_t* row = VIPS_REGION_ADDR_TOPLEFT(region.get()) +
-                                  (m_decodedRows - region->valid.top) * VIPS_REGION_LSKIP(region.get());
+        const auto rowSkip = static_cast<std::int64_t>(VIPS_REGION_LSKIP(region.get()));
+        const std::uint8_t* row =
+            VIPS_REGION_ADDR_TOPLEFT(region.get()) + (m_decodedRows - region->valid.top) * rowSkip;
         for (std::int64_t index = 0; index < count; ++index) {
             samples = std::copy_n(row, samplesPerRow(), samples);
-            row += VIPS_REGION_LSKIP(region.get());
+            row += rowSkip;
         }
         m_decodedRows += count;
     }

@@ -1,0 +1,1 @@
+#include "ui/viewer/map_source.h"
