@@ -89,6 +89,14 @@ class Installed:
         # Text and icons have smooth edges with many colors; an empty window has only a few.
         self.assertGreater(colors, 100)
 
+    def test_the_material_opens_in_3d(self):
+        picture = self.prefix / "view3d.png"
+        run(sys.executable, SOURCE / "tests/view3d/on_screen.py", self.prefix / "bin/quarlin", QT_QPA_PLATFORM="xcb",
+            QT_PLUGIN_PATH=PLUGINS, QT_QPA_GENERIC_PLUGINS=f"first-paint-in-3d:{picture}")
+        title, window, colors = run("identify", "-format", "%[Title]\n%[Description]\n%k", picture).split("\n")
+        self.assertEqual((title, window), ("Material in 3D", "quarlin::MaterialWindow"))
+        self.assertGreater(int(colors), 100)
+
     def test_the_menu_entry_is_valid_and_starts_the_window(self):
         entry = self.prefix / "share/applications/quarlin.desktop"
         run("desktop-file-validate", entry)
@@ -131,6 +139,12 @@ class DebianPackage(Installed, unittest.TestCase):
         dependencies = [entry.split()[0] for entry in self.field("Depends").split(", ")]
         for library in ("libqt6widgets6", "libqt6svg6", "libvips42", "libheif1", "libisal2", "liblcms2-2", "libtbb12"):
             self.assertIn(library, dependencies)
+
+    def test_it_recommends_what_only_the_3d_view_loads(self):
+        recommended = [entry.split()[0] for entry in self.field("Recommends").split(", ")]
+        for package in ("libqt6quick3d6", "libqt6quickwidgets6", "qml6-module-quick3d", "qml6-module-qtquick"):
+            self.assertIn(package, recommended)
+            self.assertNotIn(package, self.field("Depends"))
 
     def test_it_bears_the_version(self):
         self.assertEqual(self.field("Version"), f"{VERSION}-1")

@@ -21,7 +21,13 @@ struct SceneMaps {
     /// Linear: the tangent-space normal, green up.
     QImage normal;
 
-    bool operator==(const SceneMaps&) const = default;
+    bool isEmpty() const { return baseColor.isNull() && orm.isNull() && normal.isNull(); }
+
+    /// Whether they are the same images, not only images that look the same.
+    bool isSameAs(const SceneMaps& other) const {
+        return baseColor.cacheKey() == other.baseColor.cacheKey() && orm.cacheKey() == other.orm.cacheKey() &&
+               normal.cacheKey() == other.normal.cacheKey();
+    }
 };
 
 /// A picture of a material on a solid.

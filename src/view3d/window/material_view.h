@@ -42,7 +42,7 @@ public:
 private:
     QWidget* m_mainWindow;
     QString m_moduleFile;
-    QAction m_action;
+    QAction m_action{this};
     /// Kept while the program runs, so that the window opens as it was closed.
     SceneLook m_look;
     std::optional<ToolMaterial> m_material;

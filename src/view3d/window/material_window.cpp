@@ -103,14 +103,14 @@ QWidget* MaterialWindow::makePicture() {
 
 void MaterialWindow::showMaps() {
     const SceneMaps previews = m_material->previews();
-    const bool isEmpty = previews == SceneMaps();
-    m_caption->setText(isEmpty ? u"No previews yet: load a texture first."_s : m_material->name());
-    if (previews == m_previews) {
+    m_caption->setText(previews.isEmpty() ? u"No previews yet: load a texture first."_s : m_material->name());
+    // Only the settings or the log have changed.
+    if (previews.isSameAs(m_previews)) {
         return;
     }
     m_previews = previews;
     m_scene->setMaps(previews);
-    if (isEmpty) {
+    if (previews.isEmpty()) {
         m_details.cancel();
     } else {
         m_details.build(m_material->details());
