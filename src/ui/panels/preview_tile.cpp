@@ -1,6 +1,5 @@
 #include "ui/panels/preview_tile.h"
 
-#include "ui/accessibility/accessible_role.h"
 #include "ui/display/picture_view.h"
 #include "ui/display/text_label.h"
 #include "ui/panels/tile_accessible.h"
@@ -22,7 +21,6 @@ PreviewTile::PreviewTile(const PreviewTileContent& content, QWidget* parent)
       m_image(new SquarePictureView(metrics::cornerRadius)),
       m_title(new TextLabel({}, TextStyle::headline)),
       m_subtitle(new TextLabel({}, TextStyle::caption, TextWeight::secondary)) {
-    presentAs(*this, QAccessible::Grouping, content.title);
     auto* stack = new QVBoxLayout(this);
     stack->setContentsMargins(8, 8, 8, 8);
     stack->setSpacing(8);
