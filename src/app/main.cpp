@@ -66,9 +66,6 @@ int main(int argc, char** argv) {
     if (const auto status = answer(arguments)) {
         return *status;
     }
-    if (!arguments.files.isEmpty()) {
-        return reject(u"Unexpected argument '"_s + arguments.files.first() + u'\'');
-    }
     QApplication::setApplicationName(u"quarlin"_s);
     QApplication::setApplicationVersion(QStringLiteral(QUARLIN_VERSION));
     QApplication::setDesktopFileName(u"quarlin"_s);
@@ -79,5 +76,6 @@ int main(int argc, char** argv) {
     const auto colorScheme = followDesktopColorScheme();
     VorekQuarlinApp program;
     program.start();
+    program.openFiles(arguments.files);
     return QApplication::exec();
 }

@@ -4,7 +4,9 @@
 #include "app/edit_menu.h"
 #include "stores/material_store.h"
 #include "stores/normal_generator_store.h"
+#include "ui/help/help_window.h"
 #include "ui/window/busy_pointer.h"
+#include "ui/window/window_drop.h"
 #include "view3d/maps/material_maps.h"
 
 #include <QAction>
@@ -23,7 +25,9 @@ constexpr QSize minimumContentSize(1120, 720);
 }  // namespace
 
 MainWindow::MainWindow(MaterialStore& materialStore, NormalGeneratorStore& normalStore)
-    : m_materialActions(materialStore),
+    : m_materialStore(materialStore),
+      m_normalStore(normalStore),
+      m_materialActions(materialStore),
       m_normalActions(normalStore),
       m_content(new ContentView(materialStore, m_materialActions, normalStore, m_normalActions)),
       m_viewer(materialStore, normalStore) {
@@ -38,6 +42,7 @@ MainWindow::MainWindow(MaterialStore& materialStore, NormalGeneratorStore& norma
     addToolMenu(u"Map &Generator"_s, m_normalActions);
     addViewMenu();
     addHelpMenu();
+    connect(new WindowDrop(this), &WindowDrop::dropped, this, &MainWindow::loadFiles);
     // Read before the content.
     menuBar()->lower();
     new BusyPointer(materialStore, this);
@@ -48,6 +53,17 @@ MainWindow::MainWindow(MaterialStore& materialStore, NormalGeneratorStore& norma
     };
     connect(m_content, &ContentView::toolChanged, this, showIn3D);
     showIn3D();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::loadFiles(const QList<QUrl>& files) {
+    switch (m_content->selectedTool()) {
+        case StudioTool::pbr:
+            return m_materialStore.importFiles(files);
+        case StudioTool::normalGenerator:
+            return m_normalStore.importFiles(files);
+    }
 }
 
 void MainWindow::addFileMenu() {
@@ -84,9 +100,21 @@ void MainWindow::addViewMenu() {
 
 void MainWindow::addHelpMenu() {
     QMenu* menu = menuBar()->addMenu(u"&Help"_s);
+    QAction* help = menu->addAction(u"Quarlin &Help"_s);
+    help->setShortcut(QKeySequence::HelpContents);
+    connect(help, &QAction::triggered, this, &MainWindow::showHelp);
     QAction* about = menu->addAction(u"&About Quarlin"_s);
     about->setMenuRole(QAction::AboutRole);
     connect(about, &QAction::triggered, this, &MainWindow::showAbout);
+}
+
+void MainWindow::showHelp() {
+    if (!m_help) {
+        m_help = std::make_unique<HelpWindow>();
+        // The program ends with its main window.
+        m_help->setAttribute(Qt::WA_QuitOnClose, false);
+    }
+    m_help->open();
 }
 
 void MainWindow::showAbout() {

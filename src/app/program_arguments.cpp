@@ -30,9 +30,10 @@ ProgramArguments readArguments(const QStringList& arguments, ToolkitOptions tool
 }
 
 QString programHelp() {
-    return u"Usage: quarlin [OPTION...]\n"
+    return u"Usage: quarlin [OPTION...] [FILE...]\n"
            "\n"
            "Opens the window, in which textures become PBR material sets for Second Life and glTF 2.0.\n"
+           "Several files, or a folder, are matched to the slots of a material by their names.\n"
            "\n"
            "  -h, --help  print this help\n"
            "  --version   print the version\n"

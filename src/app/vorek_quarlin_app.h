@@ -5,6 +5,8 @@
 #include "stores/material_store.h"
 #include "stores/normal_generator_store.h"
 
+#include <QStringList>
+
 namespace quarlin {
 
 /// The running program: the stores of both tools, kept from start to end, and the window that shows them.
@@ -16,6 +18,9 @@ public:
 
     /// Shows the window in front of all others.
     void start();
+
+    /// Loads the files and folders at `paths`, which may be relative, once the window is shown.
+    void openFiles(const QStringList& paths);
 
     MainWindow& window() { return m_window; }
 

@@ -1,17 +1,18 @@
 #include "stores/dropped_file.h"
 
-#include <QList>
 #include <QMimeData>
-
-#include <algorithm>
 
 namespace quarlin {
 
+QList<QUrl> droppedFiles(const QMimeData& data) {
+    QList<QUrl> files = data.urls();
+    files.removeIf([](const QUrl& url) { return !url.isLocalFile(); });
+    return files;
+}
+
 std::optional<QUrl> droppedFile(const QMimeData& data) {
-    const QList<QUrl> urls = data.urls();
-    const auto file =
-        std::find_if(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
-    return file == urls.end() ? std::nullopt : std::optional(*file);
+    const QList<QUrl> files = droppedFiles(data);
+    return files.isEmpty() ? std::nullopt : std::optional(files.front());
 }
 
 }  // namespace quarlin

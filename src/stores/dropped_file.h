@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QUrl>
 
 #include <optional>
@@ -7,6 +8,9 @@
 class QMimeData;
 
 namespace quarlin {
+
+/// The local files and folders in dragged data.
+QList<QUrl> droppedFiles(const QMimeData& data);
 
 /// The first local file in dragged data, or nothing when there is none.
 std::optional<QUrl> droppedFile(const QMimeData& data);

@@ -1,5 +1,9 @@
 #include "stores/material_store.h"
 
+#include "imaging/files/file_names.h"
+#include "imaging/pixels/pixel_image.h"
+#include "stores/incoming_files.h"
+
 #include <utility>
 
 namespace quarlin {
@@ -32,24 +36,74 @@ void MaterialStore::chooseTexture(TextureSlotKind slot) {
                 [this, slot](const QUrl& file) { importTexture(file, slot); });
 }
 
-void MaterialStore::importTexture(const QUrl& url, TextureSlotKind slot) {
+bool MaterialStore::load(const std::function<TextureAsset()>& read, TextureSlotKind slot,
+                         const QString& materialName) {
     std::optional<TextureAsset> asset;
-    if (!attempt(u"Load"_s, [&] { asset = processor().loadAsset(url); })) {
-        return;
+    if (!attempt(u"Load"_s, [&] { asset = read(); })) {
+        return false;
     }
     TextureMap textures = m_textures;
     textures.insert_or_assign(slot, *asset);
     publish(StoreProperty::inputs, m_textures, std::move(textures));
-    if (slot == TextureSlotKind::baseColor) {
+    if (slot == TextureSlotKind::baseColor &&
+        m_settings.materialName == ConversionSettings::defaultMaterialName()) {
         ConversionSettings settings = m_settings;
-        settings.materialName =
-            adoptedName(settings.materialName, ConversionSettings::defaultMaterialName(), url);
+        settings.materialName = materialName;
         if (settings != m_settings) {
             publish(StoreProperty::settings, m_settings, std::move(settings));
         }
     }
     appendLog(title(slot) + u" loaded: "_s + asset->fileName + u", "_s + asset->sizeLabel());
-    buildPreview();
+    return true;
+}
+
+void MaterialStore::importTexture(const QUrl& url, TextureSlotKind slot) {
+    if (load([&] { return processor().loadAsset(url); }, slot, fileStem(url))) {
+        buildPreview();
+    }
+}
+
+TextureAsset MaterialStore::readInput(const MaterialInput& input) const {
+    const QUrl file = QUrl::fromLocalFile(input.path);
+    if (!input.channel) {
+        return processor().loadAsset(file);
+    }
+    TextureAsset asset = processor().openAsset(file, *input.channel);
+    // The card shows a small picture of the channel; previews and exports read the file.
+    const PixelSize size = TextureProcessor::previewSize({asset.pixelWidth, asset.pixelHeight});
+    asset.preview = processor().makeNSImage(processor().renderImage(asset, size.width, size.height));
+    return asset;
+}
+
+void MaterialStore::importFiles(const QList<QUrl>& locations) {
+    const IncomingMaterial incoming = incomingMaterial(locations);
+    for (const QString& note : incoming.notes) {
+        appendLog(note);
+    }
+    if (incoming.failure) {
+        reportFailure(u"Load failed: "_s + *incoming.failure);
+        return;
+    }
+    const TextureSet& set = incoming.set;
+    bool isLoaded = false;
+    for (const auto& [slot, input] : set.files) {
+        isLoaded |= load([&] { return readInput(input); }, slot, set.material);
+    }
+    ConversionSettings settings = m_settings;
+    settings.roughnessInputIsGloss |= set.roughnessIsGloss;
+    settings.flipNormalGreen |= set.normalIsDirectX;
+    if (settings.roughnessInputIsGloss != m_settings.roughnessInputIsGloss) {
+        appendLog(u"The roughness texture is a gloss map by its name."_s);
+    }
+    if (settings.flipNormalGreen != m_settings.flipNormalGreen) {
+        appendLog(u"The normal map is for DirectX by its name."_s);
+    }
+    if (settings != m_settings) {
+        publish(StoreProperty::settings, m_settings, std::move(settings));
+    }
+    if (isLoaded) {
+        buildPreview();
+    }
 }
 
 bool MaterialStore::acceptDrop(const QMimeData& data, TextureSlotKind slot) {

@@ -6,11 +6,15 @@
 #include "model/texture_slot_kind.h"
 #include "stores/tool_store.h"
 
+#include <QList>
 #include <QUuid>
 
+#include <functional>
 #include <map>
 
 namespace quarlin {
+
+struct MaterialInput;
 
 /// The state of the PBR Material tool, and the user's actions on it.
 class MaterialStore : public ToolStore {
@@ -49,6 +53,11 @@ public:
     /// color file becomes that of a material that still has the default name.
     void importTexture(const QUrl& url, TextureSlotKind slot);
 
+    /// Loads the textures of a material from files and folders, matched to slots by their names, each as
+    /// `importTexture` does, and then rebuilds the previews. Of several materials the first is loaded. Gloss
+    /// and normals for DirectX, as far as the names tell, switch their settings on.
+    void importFiles(const QList<QUrl>& locations);
+
     /// Imports the first file of the dragged `data` into `slot` after this call has returned. Returns whether
     /// there is a file.
     bool acceptDrop(const QMimeData& data, TextureSlotKind slot);
@@ -66,6 +75,11 @@ public:
     void exportMaterialSet();
 
 private:
+    /// Fills `slot`; a material that still has the default name takes `materialName`. Returns whether it
+    /// could be loaded.
+    bool load(const std::function<TextureAsset()>& read, TextureSlotKind slot, const QString& materialName);
+    TextureAsset readInput(const MaterialInput& input) const;
+
     TextureMap m_textures;
     ConversionSettings m_settings;
     OutputPreviews m_previews;

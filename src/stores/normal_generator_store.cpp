@@ -1,5 +1,7 @@
 #include "stores/normal_generator_store.h"
 
+#include "stores/incoming_files.h"
+
 #include <utility>
 
 namespace quarlin {
@@ -33,6 +35,18 @@ void NormalGeneratorStore::importSourceTexture(const QUrl& url) {
     }
     appendLog(u"Source loaded: "_s + asset->fileName + u", "_s + asset->sizeLabel());
     buildPreview();
+}
+
+void NormalGeneratorStore::importFiles(const QList<QUrl>& locations) {
+    const IncomingSource incoming = incomingSource(locations);
+    for (const QString& note : incoming.notes) {
+        appendLog(note);
+    }
+    if (incoming.failure) {
+        reportFailure(u"Load failed: "_s + *incoming.failure);
+    } else {
+        importSourceTexture(incoming.file);
+    }
 }
 
 bool NormalGeneratorStore::acceptDrop(const QMimeData& data) {

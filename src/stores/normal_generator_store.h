@@ -5,6 +5,7 @@
 #include "model/texture_asset.h"
 #include "stores/tool_store.h"
 
+#include <QList>
 #include <QUuid>
 
 namespace quarlin {
@@ -44,6 +45,9 @@ public:
     /// Loads the source and rebuilds the previews. Its file name becomes that of a material that still has
     /// the default name.
     void importSourceTexture(const QUrl& url);
+
+    /// Loads the first of the files and folders that can be a source, as `importSourceTexture` does.
+    void importFiles(const QList<QUrl>& locations);
 
     /// Imports the first file of the dragged `data` after this call has returned. Returns whether there is a
     /// file.

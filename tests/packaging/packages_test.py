@@ -101,7 +101,10 @@ class Installed:
         entry = self.prefix / "share/applications/quarlin.desktop"
         run("desktop-file-validate", entry)
         lines = entry.read_text().splitlines()
-        self.assertIn("Exec=quarlin", lines)
+        self.assertIn("Exec=quarlin %F", lines)
+        types = next(line for line in lines if line.startswith("MimeType="))
+        for kind in ("png", "jpeg", "tiff", "bmp", "gif", "heif", "webp", "avif", "x-tga"):
+            self.assertIn(f"image/{kind};", types)
         self.assertIn("Icon=quarlin", lines)
 
     def test_the_description_for_software_centres_is_valid(self):

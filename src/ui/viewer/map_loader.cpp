@@ -25,7 +25,7 @@ MapLoader::~MapLoader() {
     m_thread.waitForDone();
 }
 
-void MapLoader::load(const MapWork& work, int rows) {
+void MapLoader::load(const ShownMapWork& work, int rows) {
     cancel();
     const auto job = std::make_shared<Job>();
     m_job = job;

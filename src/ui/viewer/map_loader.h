@@ -21,7 +21,7 @@ public:
     ~MapLoader() override;
 
     /// Starts to make a map of `rows` rows.
-    void load(const MapWork& work, int rows);
+    void load(const ShownMapWork& work, int rows);
 
     /// Ends the work; nothing more is reported.
     void cancel();

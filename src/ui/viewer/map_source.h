@@ -13,7 +13,7 @@ namespace quarlin {
 
 /// Makes a map. Holds all that it needs, and may be called on any thread. Returns a null image when
 /// `progress` ends the work; throws the engine's errors.
-using MapWork = std::function<QImage(const RowProgress& progress)>;
+using ShownMapWork = std::function<QImage(const RowProgress& progress)>;
 
 /// A map that the viewer can show.
 struct ShownMap {
@@ -39,7 +39,7 @@ public:
     virtual std::vector<ShownMap> maps() const = 0;
 
     /// Makes the image at the size of the export. `isFlipped`: with its green flipped, if it has normals.
-    virtual MapWork workFor(int image, bool isFlipped) const = 0;
+    virtual ShownMapWork workFor(int image, bool isFlipped) const = 0;
 
     /// The name of the material that the maps belong to.
     virtual QString materialName() const = 0;

@@ -58,7 +58,7 @@ std::vector<ShownMap> MaterialMaps::maps() const {
                                           MaterialImage::normal, m_settings.flipNormalGreen);
 }
 
-MapWork MaterialMaps::workFor(int image, bool isFlipped) const {
+ShownMapWork MaterialMaps::workFor(int image, bool isFlipped) const {
     ConversionSettings settings = m_settings;
     settings.flipNormalGreen = isFlipped;
     return [image, settings, textures = m_textures](const RowProgress& progress) {
@@ -87,7 +87,7 @@ std::vector<ShownMap> GeneratorMaps::maps() const {
     return shownMaps(m_store.previews(), size, GeneratedMap::normal, m_settings.flipGreen);
 }
 
-MapWork GeneratorMaps::workFor(int image, bool isFlipped) const {
+ShownMapWork GeneratorMaps::workFor(int image, bool isFlipped) const {
     NormalGeneratorSettings settings = m_settings;
     settings.flipGreen = isFlipped;
     return [image, settings, source = m_source](const RowProgress& progress) {

@@ -23,7 +23,7 @@ public:
     explicit MaterialMaps(const MaterialStore& store, QObject* parent = nullptr);
 
     std::vector<ShownMap> maps() const override;
-    MapWork workFor(int image, bool isFlipped) const override;
+    ShownMapWork workFor(int image, bool isFlipped) const override;
     QString materialName() const override { return m_settings.materialName; }
 
 private:
@@ -43,7 +43,7 @@ public:
     explicit GeneratorMaps(const NormalGeneratorStore& store, QObject* parent = nullptr);
 
     std::vector<ShownMap> maps() const override;
-    MapWork workFor(int image, bool isFlipped) const override;
+    ShownMapWork workFor(int image, bool isFlipped) const override;
     QString materialName() const override { return m_settings.materialName; }
 
 private:

@@ -38,7 +38,7 @@ TEST_F(MaterialViewerPictures, FittedWithTransparency) {
     expectPictures(viewer, u"viewer_fitted"_s);
 }
 
-TEST_F(MaterialViewerPictures, TiledWithTheFocusOnTheChannels) {
+TEST_F(MaterialViewerPictures, TiledInGreenWithTheFocusOnAButton) {
     open(MaterialImage::baseColor);
     press(canvas, Qt::Key_T);
     press(canvas, Qt::Key_G);
