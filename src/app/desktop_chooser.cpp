@@ -5,6 +5,8 @@
 #include <QFileDialog>
 #include <QSettings>
 
+#include <functional>
+
 namespace quarlin {
 
 using namespace Qt::StringLiterals;
@@ -37,22 +39,31 @@ void repaintWindows() {
     }
 }
 
-/// Asks, beginning in the folder `place`, which becomes the one of the answer.
-std::optional<QUrl> answer(QFileDialog& dialog, QUrl& place) {
+/// The answer of `dialog`, which begins in the folder `place` if that is valid.
+std::optional<QUrl> answerOf(QFileDialog& dialog, const QUrl& place) {
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setWindowModality(Qt::ApplicationModal);
     if (place.isValid()) {
         dialog.setDirectoryUrl(place);
     }
-    const bool isAccepted = dialog.exec() == QDialog::Accepted && !dialog.selectedUrls().isEmpty();
-    repaintWindows();
-    if (!isAccepted) {
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedUrls().isEmpty()) {
         return std::nullopt;
     }
-    const QUrl chosen = dialog.selectedUrls().constFirst();
-    const bool isFolder = dialog.fileMode() == QFileDialog::Directory;
-    place = isFolder ? chosen : chosen.adjusted(QUrl::RemoveFilename | QUrl::StripTrailingSlash);
-    return chosen;
+    return dialog.selectedUrls().constFirst();
+}
+
+/// Asks with a dialog that `prepare` has set up, and returns once it is gone from the screen.
+std::optional<QUrl> ask(const QString& title, const QUrl& place,
+                        const std::function<void(QFileDialog&)>& prepare) {
+    std::optional<QUrl> answer;
+    {
+        QFileDialog dialog(QApplication::activeWindow(), title);
+        prepare(dialog);
+        answer = answerOf(dialog, place);
+        // Its end takes the list of suggestions from the screen as well.
+    }
+    repaintWindows();
+    return answer;
 }
 
 }  // namespace
@@ -74,20 +85,28 @@ QStringList DesktopChooser::nameFilters(const std::vector<ImageFileType>& types)
 }
 
 std::optional<QUrl> DesktopChooser::chooseFile(const FileQuestion& question) {
-    QFileDialog dialog(QApplication::activeWindow(), question.title);
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setOption(QFileDialog::HideNameFilterDetails);
-    dialog.setNameFilters(nameFilters(question.types));
-    dialog.setLabelText(QFileDialog::Accept, question.confirmLabel);
-    return answer(dialog, m_texturePlace);
+    const auto file = ask(question.title, m_texturePlace, [&question](QFileDialog& dialog) {
+        dialog.setFileMode(QFileDialog::ExistingFile);
+        dialog.setOption(QFileDialog::HideNameFilterDetails);
+        dialog.setNameFilters(nameFilters(question.types));
+        dialog.setLabelText(QFileDialog::Accept, question.confirmLabel);
+    });
+    if (file) {
+        m_texturePlace = file->adjusted(QUrl::RemoveFilename | QUrl::StripTrailingSlash);
+    }
+    return file;
 }
 
 std::optional<QUrl> DesktopChooser::chooseFolder(const FolderQuestion& question) {
-    QFileDialog dialog(QApplication::activeWindow(), question.title);
-    dialog.setFileMode(QFileDialog::Directory);
-    dialog.setOption(QFileDialog::ShowDirsOnly);
-    dialog.setLabelText(QFileDialog::Accept, question.confirmLabel);
-    return answer(dialog, m_exportPlace);
+    const auto folder = ask(question.title, m_exportPlace, [&question](QFileDialog& dialog) {
+        dialog.setFileMode(QFileDialog::Directory);
+        dialog.setOption(QFileDialog::ShowDirsOnly);
+        dialog.setLabelText(QFileDialog::Accept, question.confirmLabel);
+    });
+    if (folder) {
+        m_exportPlace = *folder;
+    }
+    return folder;
 }
 
 }  // namespace quarlin

@@ -2,8 +2,12 @@
 
 #include "view_fixture.h"
 
+#include <QAbstractItemView>
+#include <QCompleter>
 #include <QDir>
 #include <QFileDialog>
+#include <QLineEdit>
+#include <QPointer>
 #include <QSettings>
 #include <QTimer>
 
@@ -108,6 +112,18 @@ TEST_F(DesktopChooserTest, WritesNoHistory) {
     whenAsked([](QFileDialog& dialog) { dialog.reject(); });
     EXPECT_EQ(own.chooseFile(imageQuestion()), std::nullopt);
     EXPECT_FALSE(QFileInfo::exists(folder.path(u"settings"_s)));
+}
+
+TEST_F(DesktopChooserTest, LeavesNoListOfSuggestionsOnTheScreen) {
+    QPointer<QWidget> list;
+    whenAsked([&](QFileDialog& dialog) {
+        auto* name = dialog.findChild<QLineEdit*>();
+        name->completer()->popup()->show();
+        list = name->completer()->popup();
+        dialog.reject();
+    });
+    EXPECT_EQ(chooser.chooseFolder({u"Title"_s, u"Here"_s}), std::nullopt);
+    EXPECT_TRUE(list == nullptr || !list->isVisible());
 }
 
 TEST_F(DesktopChooserTest, LetsTheWindowPaintBeforeItReturns) {

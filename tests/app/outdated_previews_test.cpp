@@ -17,7 +17,14 @@ protected:
 
     /// Whether the previews are marked as out of date; the header and both buttons must agree.
     bool areMarked() const {
-        const bool header = child<QWidget>(page(), u"outdated"_s).isVisible();
+        const QWidget& dot = child<QWidget>(page(), u"outdated"_s);
+        const bool header = dot.isVisible();
+        if (header) {
+            // Next to the title, which stays where it is.
+            const TextLabel& title = withText<TextLabel>(*dot.parentWidget(), u"Preview"_s);
+            EXPECT_EQ(title.x(), 16);
+            EXPECT_EQ(dot.x(), title.geometry().right() + 1 + 6);
+        }
         EXPECT_EQ(preview().isMarked(), header);
         EXPECT_EQ(toolBarButtons()[0]->isMarked(), header);
         return header;

@@ -23,7 +23,7 @@ protected:
     }
 
     /// Work that waits for its `gate`.
-    MapWork gated(int width) {
+    SceneMapWork gated(int width) {
         return [this, width] {
             gate.acquire();
             return maps(width);

@@ -56,7 +56,7 @@ TEST_F(MaterialMaps, InDetailAreTheExportsUpToTheirLimit) {
 
 TEST_F(MaterialMaps, InDetailKeepTheTexturesAndSettingsOfTheirTime) {
     materials.importTexture(folder.save(u"Wall.png"_s, paintedTiles(32, 32)), TextureSlotKind::baseColor);
-    const MapWork work = toolMaterial(materials).details();
+    const SceneMapWork work = toolMaterial(materials).details();
     materials.reset();
     const SceneMaps maps = work();
     ASSERT_FALSE(maps.orm.isNull());

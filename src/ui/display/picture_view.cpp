@@ -47,8 +47,9 @@ void PictureView::paintEvent(QPaintEvent*) {
         // device.
         painter.setPen(Qt::NoPen);
         if (m_image.hasAlphaChannel()) {
+            // Smaller than the picture, or it would show through at the smooth corners of an opaque one.
             painter.setBrush(checkerboard(palette()));
-            painter.drawRoundedRect(rect(), m_radius, m_radius);
+            painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), m_radius - 1, m_radius - 1);
         }
         QBrush brush(picture);
         brush.setTransform(QTransform::fromScale(1 / scale, 1 / scale));

@@ -21,6 +21,7 @@ public:
 
 private:
     QHBoxLayout* m_row;
+    QHBoxLayout* m_title;
 };
 
 }  // namespace quarlin

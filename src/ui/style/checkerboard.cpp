@@ -10,13 +10,12 @@ namespace quarlin {
 
 QBrush checkerboard(const QPalette& palette) {
     constexpr int edge = 8;
-    const QColor window = palette.color(QPalette::Active, QPalette::Window);
-    const QColor text = primaryColor(palette);
+    const QColor base = palette.color(QPalette::Active, QPalette::Base);
     QImage squares(2 * edge, 2 * edge, QImage::Format_RGB32);
-    squares.fill(mixed(window, text, 0.06));
+    squares.fill(mixed(base, Qt::gray, 0.15));
     QPainter painter(&squares);
-    for (const QPoint& corner : {QPoint(edge, 0), QPoint(0, edge)}) {
-        painter.fillRect(QRect(corner, QSize(edge, edge)), mixed(window, text, 0.2));
+    for (const QPoint& corner : {QPoint(0, 0), QPoint(edge, edge)}) {
+        painter.fillRect(QRect(corner, QSize(edge, edge)), mixed(base, Qt::gray, 0.5));
     }
     painter.end();
     return QBrush(squares);

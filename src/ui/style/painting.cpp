@@ -35,18 +35,6 @@ void paintDot(QPainter& painter, const QPalette& palette, const QPointF& center)
 
 double deviceScale(const QPainter& painter) { return painter.deviceTransform().m11(); }
 
-void paintCheckerboard(QPainter& painter, const QPalette& palette, const QRect& rectangle) {
-    constexpr int square = 8;
-    QImage squares(2 * square, 2 * square, QImage::Format_RGB32);
-    squares.fill(mixed(palette.color(QPalette::Active, QPalette::Base), Qt::gray, 0.15));
-    QPainter pattern(&squares);
-    const QColor darker = mixed(palette.color(QPalette::Active, QPalette::Base), Qt::gray, 0.5);
-    pattern.fillRect(0, 0, square, square, darker);
-    pattern.fillRect(square, square, square, square, darker);
-    pattern.end();
-    painter.fillRect(rectangle, QBrush(squares));
-}
-
 void paintRing(QPainter& painter, const QPalette& palette, const QRectF& rectangle, double radius,
                RingGround ground) {
     constexpr double thickness = 2;

@@ -21,9 +21,6 @@ void paintDot(QPainter& painter, const QPalette& palette, const QPointF& center)
 /// The number of device pixels per pixel that `painter` draws with.
 double deviceScale(const QPainter& painter);
 
-/// Fills `rectangle` with the squares that show through where a picture is transparent.
-void paintCheckerboard(QPainter& painter, const QPalette& palette, const QRect& rectangle);
-
 /// What a ring is drawn on, which decides its color.
 enum class RingGround { plain, accent };
 

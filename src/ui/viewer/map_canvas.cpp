@@ -1,5 +1,6 @@
 #include "ui/viewer/map_canvas.h"
 
+#include "ui/style/checkerboard.h"
 #include "ui/style/colors.h"
 #include "ui/style/painting.h"
 #include "ui/viewer/map_region.h"
@@ -317,7 +318,7 @@ void MapCanvas::paintEvent(QPaintEvent* event) {
     drawing.setDevicePixelRatio(density);
     painter.setClipRect(content);
     if (m_map->hasTransparency() && !m_channel) {
-        paintCheckerboard(painter, palette(), seen);
+        painter.fillRect(seen, checkerboard(palette()));
     }
     painter.drawImage(seen.topLeft(), drawing);
     if (m_probe == Probe::middle) {

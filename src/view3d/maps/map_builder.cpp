@@ -11,7 +11,7 @@ MapBuilder::MapBuilder(QObject* parent) : QObject(parent) { m_thread.setMaxThrea
 
 MapBuilder::~MapBuilder() { m_thread.waitForDone(); }
 
-void MapBuilder::build(MapWork work) {
+void MapBuilder::build(SceneMapWork work) {
     ++m_number;
     if (m_isRunning) {
         m_waiting = std::move(work);
@@ -25,7 +25,7 @@ void MapBuilder::cancel() {
     m_waiting.reset();
 }
 
-void MapBuilder::start(MapWork work) {
+void MapBuilder::start(SceneMapWork work) {
     m_isRunning = true;
     m_thread.start([this, number = m_number, work = std::move(work)] {
         std::optional<SceneMaps> maps;

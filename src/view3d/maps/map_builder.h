@@ -20,7 +20,7 @@ public:
     /// Waits for the work under way.
     ~MapBuilder() override;
 
-    void build(MapWork work);
+    void build(SceneMapWork work);
     /// Drops the work under way and waiting: `built` is not emitted for it.
     void cancel();
 
@@ -31,12 +31,12 @@ Q_SIGNALS:
     void built(const quarlin::SceneMaps& maps);
 
 private:
-    void start(MapWork work);
+    void start(SceneMapWork work);
     void finish(std::uint64_t number, const std::optional<SceneMaps>& maps);
 
     QThreadPool m_thread;
     bool m_isRunning = false;
-    std::optional<MapWork> m_waiting;
+    std::optional<SceneMapWork> m_waiting;
     /// Of the newest work.
     std::uint64_t m_number = 0;
 };

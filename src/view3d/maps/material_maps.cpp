@@ -30,7 +30,7 @@ SceneMaps mapsOf(const NormalPreviews& previews) {
 ToolMaterial toolMaterial(const MaterialStore& store) {
     return {store, [&store] { return store.settings().safeMaterialName(); },
             [&store] { return mapsOf(store.previews()); },
-            [&store]() -> MapWork {
+            [&store]() -> SceneMapWork {
                 return [textures = store.textures(), settings = store.settings()] {
                     return mapsOf(TextureProcessor().buildPreviews(textures, settings, detailSide));
                 };
@@ -40,7 +40,7 @@ ToolMaterial toolMaterial(const MaterialStore& store) {
 ToolMaterial toolMaterial(const NormalGeneratorStore& store) {
     return {store, [&store] { return store.settings().safeMaterialName(); },
             [&store] { return mapsOf(store.previews()); },
-            [&store]() -> MapWork {
+            [&store]() -> SceneMapWork {
                 return [source = store.source(), settings = store.settings()] {
                     return mapsOf(TextureProcessor().buildNormalPreviews(source, settings, detailSide));
                 };

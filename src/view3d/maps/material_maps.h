@@ -13,7 +13,7 @@ class NormalGeneratorStore;
 class ToolStore;
 
 /// Computes maps, on any thread. Throws what the engine throws.
-using MapWork = std::function<SceneMaps()>;
+using SceneMapWork = std::function<SceneMaps()>;
 
 /// The material of a tool, for the 3D view.
 struct ToolMaterial {
@@ -24,7 +24,7 @@ struct ToolMaterial {
     std::function<SceneMaps()> previews;
     /// The work that computes the same maps in detail, with the textures and settings of now: at the size of
     /// the export, but at most `detailSide` pixels wide and high.
-    std::function<MapWork()> details;
+    std::function<SceneMapWork()> details;
 };
 
 inline constexpr int detailSide = 2048;

@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QColor>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -29,7 +30,7 @@ std::array<qfloat16, 256> linearValues() {
 
 /// The pixels of `image`, which has four bytes each, without the padding of its rows.
 QByteArray packedBytes(const QImage& image) {
-    const qsizetype bytesPerRow = image.width() * channels;
+    const qsizetype bytesPerRow = channels * image.width();
     QByteArray bytes(bytesPerRow * image.height(), Qt::Uninitialized);
     for (int y = 0; y < image.height(); ++y) {
         std::copy_n(image.constScanLine(y), bytesPerRow, bytes.data() + y * bytesPerRow);
@@ -39,12 +40,12 @@ QByteArray packedBytes(const QImage& image) {
 
 QByteArray decoded(const QImage& image) {
     static const std::array<qfloat16, 256> linear = linearValues();
-    QByteArray bytes(image.width() * image.height() * channels * static_cast<qsizetype>(sizeof(qfloat16)),
+    QByteArray bytes(channels * image.width() * image.height() * static_cast<qsizetype>(sizeof(qfloat16)),
                      Qt::Uninitialized);
     auto* value = reinterpret_cast<qfloat16*>(bytes.data());
     for (int y = 0; y < image.height(); ++y) {
         const uchar* row = image.constScanLine(y);
-        for (qsizetype offset = 0; offset < image.width() * channels; ++offset) {
+        for (qsizetype offset = 0; offset < channels * image.width(); ++offset) {
             *value++ = linear[row[offset]];
         }
     }

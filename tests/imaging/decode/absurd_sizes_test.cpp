@@ -103,6 +103,18 @@ TEST_F(AbsurdSize, OfAPng) {
     }
 }
 
+TEST_F(AbsurdSize, OfAChunkOfAPng) {
+    PngForm form;
+    form.bitDepth = 16;
+    writePngSamples(file, 16, 16, std::vector<std::uint16_t>(1024, 7), form);
+    const QByteArray honest = withPngChunk(readFile(file), "teSt", "data");
+    for (const quint32 length : {quint32{0x7300'001a}, quint32{0x7fff'ffff}, quint32{0xffff'ffff}}) {
+        Claim claim(honest);
+        claim.bigEndian<quint32>(claim.placeOf("teSt") - 4, length);
+        expectRefusedAtOnce(honest, claim.file());
+    }
+}
+
 TEST_F(AbsurdSize, OfAJpeg) {
     for (const bool progressive : {false, true}) {
         JpegForm form;

@@ -19,9 +19,27 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qsizetype chunkOverhead = 12;
+
+/// Whether each chunk before the pixels ends within the file. libpng takes memory for all that a chunk claims
+/// to hold before it reads any of it.
+bool hasWholeChunksBeforePixels(const QByteArray& png) {
+    qsizetype position = pngSignature.size();
+    while (position + chunkOverhead <= png.size()) {
+        const auto length = static_cast<qsizetype>(qFromBigEndian<std::uint32_t>(png.constData() + position));
+        if (QByteArrayView(png.constData() + position + 4, 4) == "IDAT") {
+            return true;
+        }
+        if (length > png.size() - position - chunkOverhead) {
+            return false;
+        }
+        position += chunkOverhead + length;
+    }
+    return false;
+}
+
 /// The encoding exponent of a gAMA chunk that precedes the pixels, in a file without an iCCP or sRGB chunk.
 std::optional<double> onlyGamma(const QByteArray& png) {
-    constexpr qsizetype chunkOverhead = 12;
     std::optional<double> gamma;
     qsizetype position = pngSignature.size();
     while (position + chunkOverhead <= png.size()) {
@@ -54,7 +72,7 @@ OpenedImage openPng(const std::shared_ptr<ByteSource>& source, ColorHandling han
 }
 
 OpenedImage openAnyPng(const QByteArray& bytes, ColorHandling handling) {
-    if (hasWrongPixelChecksum(bytes)) {
+    if (!hasWholeChunksBeforePixels(bytes) || hasWrongPixelChecksum(bytes)) {
         throw DecodeError(DecodeProblem::damaged);
     }
     const auto profileOfFile = [&](int colorChannels) -> std::optional<NamedProfile> {
