@@ -1,11 +1,11 @@
 #include "imaging/decode/formats/bmp/bmp_reader.h"
 
 #include "imaging/base/pixel_size.h"
-#include "imaging/pixels/convert_pixels.h"
 #include "imaging/decode/decode_error.h"
 #include "imaging/decode/formats/bmp/bmp_header.h"
 #include "imaging/decode/formats/bmp/bmp_runs.h"
 #include "imaging/decode/start_imaging.h"
+#include "imaging/pixels/convert_pixels.h"
 #include "imaging/pixels/image_view.h"
 
 #include <QBuffer>
