@@ -95,7 +95,7 @@ std::optional<CheckedImages::Content> CheckedImages::decoded(const QString& name
         checkFileName(name, findings);
         ImageFile file = readImageFile(fileIn(m_folder, name));
         QByteArray bytes = file.file->all();
-        return Content{std::move(bytes), std::move(file.image)};
+        return Content{std::move(bytes), std::move(file.image).convertToFormat(pixelFormat)};
     } catch (const FileError& error) {
         findings.push_back({FindingKind::missingImage, name,
                             QFileInfo::exists(error.file().toLocalFile()) ? u"The image can't be read."_s
