@@ -87,7 +87,7 @@ void MaterialStore::importFiles(const QList<QUrl>& locations) {
     const TextureSet& set = incoming.set;
     bool isLoaded = false;
     for (const auto& [slot, input] : set.files) {
-        isLoaded |= load([&] { return readInput(input); }, slot, set.material);
+        isLoaded |= load([&, &file = input] { return readInput(file); }, slot, set.material);
     }
     ConversionSettings settings = m_settings;
     settings.roughnessInputIsGloss |= set.roughnessIsGloss;
