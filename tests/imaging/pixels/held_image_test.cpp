@@ -49,7 +49,7 @@ TEST(HeldImage, OneColoredOrTransparentPixelAnywhereKeepsTheColors) {
     for (const int height : {1, 16, 17, 40}) {
         const Picture gray = grayPicture(width, height);
         for (std::size_t pixel = 0; pixel < gray.bytes.size() / 4; ++pixel) {
-            for (const std::size_t channel : {0, 1, 2, 3}) {
+            for (std::size_t channel = 0; channel < 4; ++channel) {
                 Picture picture = gray;
                 picture.bytes[pixel * 4 + channel] ^= 1;
                 const QImage image = held(picture);

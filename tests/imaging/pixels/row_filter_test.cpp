@@ -55,14 +55,14 @@ TEST(RowFilter, MatchesItsPlainTwinAtEveryWidthOnEveryInstructionSet) {
 
 TEST(RowFilter, MatchesItsPlainTwinWhereSumsOvershoot) {
     // Filtered columns go below 0 and above 255.
-    for (const std::size_t height : {1, 2, 5, 24}) {
+    for (const std::size_t height : {1U, 2U, 5U, 24U}) {
         expectThatVectorsMatch(noiseRows(height, 400, -60 * one, 320 * one), 400);
     }
 }
 
 TEST(RowFilter, MatchesItsPlainTwinNextToHalves) {
     // Multiples of one half are where rounding decides.
-    for (const std::size_t height : {1, 3}) {
+    for (const std::size_t height : {1U, 3U}) {
         auto rows = noiseRows(height, 400, 0, 510);
         for (auto& row : rows) {
             std::transform(row.begin(), row.end(), row.begin(),
