@@ -85,7 +85,7 @@ QStringList DesktopChooser::nameFilters(const std::vector<ImageFileType>& types)
 }
 
 std::optional<QUrl> DesktopChooser::chooseFile(const FileQuestion& question) {
-    const auto file = ask(question.title, m_texturePlace, [&question](QFileDialog& dialog) {
+    auto file = ask(question.title, m_texturePlace, [&question](QFileDialog& dialog) {
         dialog.setFileMode(QFileDialog::ExistingFile);
         dialog.setOption(QFileDialog::HideNameFilterDetails);
         dialog.setNameFilters(nameFilters(question.types));
@@ -98,7 +98,7 @@ std::optional<QUrl> DesktopChooser::chooseFile(const FileQuestion& question) {
 }
 
 std::optional<QUrl> DesktopChooser::chooseFolder(const FolderQuestion& question) {
-    const auto folder = ask(question.title, m_exportPlace, [&question](QFileDialog& dialog) {
+    auto folder = ask(question.title, m_exportPlace, [&question](QFileDialog& dialog) {
         dialog.setFileMode(QFileDialog::Directory);
         dialog.setOption(QFileDialog::ShowDirsOnly);
         dialog.setLabelText(QFileDialog::Accept, question.confirmLabel);

@@ -20,6 +20,7 @@ class NormalGeneratorStore;
 /// The program's one window, with its menus.
 class MainWindow : public QMainWindow {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(MainWindow)
 
 public:
     /// The stores must outlive the window.

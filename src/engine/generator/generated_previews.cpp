@@ -33,7 +33,7 @@ QImage makeGeneratedMap(GeneratedMap map, const TextureAsset& source, const Norm
                         const RowProgress& progress) {
     const PixelSize size =
         resolvedOutputSize(source.pixelWidth, source.pixelHeight, settings.outputResolution);
-    const QImage rendered = renderTexture(source, size);
+    QImage rendered = renderTexture(source, size);
     if (map == GeneratedMap::source) {
         return rendered;
     }

@@ -54,7 +54,7 @@ QImage makeMaterialImage(MaterialImage image, const TextureMap& textures, const 
     const PixelSize size = resolvedOutputSize(textures, settings);
     const MaterialSources sources(textures);
     if (image == MaterialImage::baseColor) {
-        if (const QImage loaded = sources.loadedImage(TextureSlotKind::baseColor, size); !loaded.isNull()) {
+        if (QImage loaded = sources.loadedImage(TextureSlotKind::baseColor, size); !loaded.isNull()) {
             return loaded;
         }
     }
