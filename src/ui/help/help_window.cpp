@@ -58,7 +58,7 @@ void HelpWindow::styleTables() {
             format.setBorder(1);
             format.setBorderCollapse(true);
             format.setCellPadding(cellPadding);
-            format.setBottomMargin(margin / 2);
+            format.setBottomMargin(margin / 2.0);
             table->setFormat(format);
         }
     }
