@@ -28,6 +28,7 @@ template <typename Image>
 std::vector<ShownMap> shownMaps(const std::map<Image, QImage>& previews, PixelSize size, Image normals,
                                 bool isFlipped) {
     std::vector<ShownMap> maps;
+    maps.reserve(previews.size());
     for (const auto& [image, preview] : previews) {
         maps.push_back({.image = static_cast<int>(image),
                         .title = title(image),
