@@ -2,6 +2,7 @@
 
 #include "viewer_fixture.h"
 
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QWheelEvent>
@@ -123,6 +124,11 @@ TEST_F(MapCanvasTest, IsDraggedWithTheMouse) {
     // The pixel stays under the pointer.
     EXPECT_EQ(place(), before);
     EXPECT_EQ(scrolled(), start - QPoint(40, 20));
+    // After the release, the pointer moves without the map.
+    QMouseEvent back(QEvent::MouseMove, middle, canvas.viewport()->mapToGlobal(middle), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(canvas.viewport(), &back);
+    EXPECT_EQ(place(), before - QPoint(10, 5));
 }
 
 TEST_F(MapCanvasTest, ChangesBetweenThePixelsAndTheWholeMapWithADoubleClick) {
