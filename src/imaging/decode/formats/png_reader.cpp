@@ -72,7 +72,7 @@ OpenedImage openPng(const std::shared_ptr<ByteSource>& source, ColorHandling han
 }
 
 OpenedImage openAnyPng(const QByteArray& bytes, ColorHandling handling) {
-    if (!hasAllChunks(bytes) || hasWrongPixelChecksum(bytes)) {
+    if (!hasAllChunks(bytes) || hasDamagedPixelStream(bytes)) {
         throw DecodeError(DecodeProblem::damaged);
     }
     const auto profileOfFile = [&](int colorChannels) -> std::optional<NamedProfile> {
