@@ -13,7 +13,9 @@ target_compile_options(
             -ffp-contract=off)
 target_compile_definitions(quarlin_flags INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
                                                    QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
-if(QUARLIN_SANITIZE)
+if(NOT QUARLIN_SANITIZE)
+  include(QuarlinHardening)
+else()
   # In instrumented code g++ reports array bounds that are not exceeded. The plain builds keep the warning.
   target_compile_options(quarlin_flags INTERFACE -Wno-array-bounds)
   target_compile_options(quarlin_flags INTERFACE -fsanitize=${QUARLIN_SANITIZE} -fno-omit-frame-pointer
@@ -45,6 +47,12 @@ function(quarlin_room room)
     list(JOIN ${links} " " ${links})
   endforeach()
   set_property(GLOBAL APPEND PROPERTY QUARLIN_ROOMS "${room}: ${ROOM_LINK} | ${ROOM_PRIVATE_LINK}")
+endfunction()
+
+# quarlin_resources(TARGET NAME ...): like qt_add_resources(), in the form without the times of the files, so that the same
+# files give the same program.
+function(quarlin_resources)
+  qt_add_resources(${ARGN} OPTIONS --format-version 1 --compress-algo zlib)
 endfunction()
 
 # Writes the rooms and the rooms that each is linked to, publicly | privately, a line each, for the test Rooms.

@@ -11,22 +11,46 @@ file(
   GENERATE
   OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake
   INPUT ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake.configured)
-set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_BINARY_DIR}/dependencies.cmake)
-# The programs load libvips and libheif when a file needs them, so they are not among the dependencies found in them.
-find_program(dpkg_query dpkg-query NO_CACHE)
-if(dpkg_query)
-  foreach(library VIPS HEIF)
-    list(GET ${library}_LINK_LIBRARIES 0 file)
+# Names and divisions of packages differ from release to release, so they are looked up by their files.
+find_program(DPKG_QUERY dpkg-query NO_CACHE)
+
+# quarlin_package_of(OUTPUT FILE): the package that a file belongs to; empty if there is none.
+function(quarlin_package_of output file)
+  set(package)
+  if(DPKG_QUERY)
     file(REAL_PATH ${file} file)
-    execute_process(COMMAND ${dpkg_query} --search ${file} OUTPUT_VARIABLE package COMMAND_ERROR_IS_FATAL ANY)
+    execute_process(COMMAND ${DPKG_QUERY} --search ${file} OUTPUT_VARIABLE package ERROR_QUIET)
     string(REGEX REPLACE ":.*" "" package "${package}")
+  endif()
+  set(${output} "${package}" PARENT_SCOPE)
+endfunction()
+
+# The programs load libvips and libheif when a file needs them, so they are not among the dependencies found in them.
+set(loaded_packages)
+foreach(library VIPS HEIF)
+  list(GET ${library}_LINK_LIBRARIES 0 file)
+  quarlin_package_of(package ${file})
+  if(package)
     list(APPEND loaded_packages "${package} (>= ${${library}_VERSION})")
-  endforeach()
-  list(JOIN loaded_packages ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
-endif()
+  endif()
+endforeach()
+# Newer releases pack the decoders of libheif one by one; a file without its decoder can't be read.
+list(GET HEIF_LINK_LIBRARIES 0 file)
+get_filename_component(folder ${file} DIRECTORY)
+foreach(decoder libde265 dav1d)
+  quarlin_package_of(package ${folder}/libheif/plugins/libheif-${decoder}.so)
+  list(APPEND loaded_packages ${package})
+endforeach()
+list(JOIN loaded_packages ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
+
 # What the 3D view imports while it runs.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-    "qml6-module-quick3d, qml6-module-qtquick, qml6-module-qtqml, qml6-module-qtqml-workerscript")
+set(imported_packages)
+foreach(module QtQuick3D QtQuick QtQml QtQml/WorkerScript)
+  quarlin_package_of(package ${QT6_INSTALL_PREFIX}/${QT6_INSTALL_QML}/${module}/qmldir)
+  list(APPEND imported_packages ${package})
+endforeach()
+list(REMOVE_DUPLICATES imported_packages)
+list(JOIN imported_packages ", " CPACK_DEBIAN_PACKAGE_RECOMMENDS)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)

@@ -19,6 +19,16 @@ function(quarlin_compressed output input)
     VERBATIM)
 endfunction()
 
+# Versions of AppStream before 1.0 know one form of the developer's name, later ones call it deprecated.
+set(QUARLIN_DEVELOPER_TAG "<developer id=\"tech.vorek\"><name>${CPACK_PACKAGE_VENDOR}</name></developer>")
+find_program(APPSTREAMCLI appstreamcli)
+if(APPSTREAMCLI)
+  execute_process(COMMAND ${APPSTREAMCLI} --version OUTPUT_VARIABLE version COMMAND_ERROR_IS_FATAL ANY)
+  string(REGEX MATCH "[0-9.]+" version "${version}")
+  if(version VERSION_LESS 1.0)
+    set(QUARLIN_DEVELOPER_TAG "<developer_name>${CPACK_PACKAGE_VENDOR}</developer_name>")
+  endif()
+endif()
 configure_file(${CMAKE_CURRENT_LIST_DIR}/quarlin.metainfo.xml.in tech.vorek.quarlin.metainfo.xml @ONLY)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/quarlin.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/tech.vorek.quarlin.metainfo.xml

@@ -1,6 +1,13 @@
 # Completion of quarlin-cli for fish.
 # Generated from the program's options by write_cli_documents.
 
+# Prints words, each after what precedes the last comma of the value at the cursor.
+function __quarlin_cli_list
+    set -l value (commandline -ct | string replace -r '^--[a-z-]*=' '')
+    set -l before (string match -r '^.*,' -- $value)
+    printf '%s\n' "$before"$argv
+end
+
 complete -c quarlin-cli -f
 complete -c quarlin-cli -l help -d 'print the options'
 complete -c quarlin-cli -n __fish_use_subcommand -l version -d 'print the version'
@@ -25,7 +32,7 @@ complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l no-notes -d
 complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l output -x -a '(__fish_complete_directories)' -d 'the folder in which each set'\''s own folder is made'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l recursive -d 'also search the folders inside a folder, except that of --output'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l keep-tree -d 'write each set below --output as its textures are below the searched folder'
-complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l prefer -x -a 'larger smaller lossless lossy gl dx roughness gloss separate packed' -d 'of several files for a slot, take: larger, smaller, lossless, lossy, gl, dx, roughness, gloss, separate, packed, a resolution (2k) or an extension (png) (default larger,lossless,gl,roughness,separate)'
+complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l prefer -x -a '(__quarlin_cli_list larger smaller lossless lossy gl dx roughness gloss separate packed)' -d 'of several files for a slot, take: larger, smaller, lossless, lossy, gl, dx, roughness, gloss, separate, packed, a resolution (2k) or an extension (png) (default larger,lossless,gl,roughness,separate)'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l suffix -x -d 'files whose names end in one of the words are maps of this kind: base-color, normal, normal-gl, normal-dx, occlusion, roughness, gloss, metallic, orm, rma, mra, rom, metallic-roughness, occlusion-roughness, metallic-smoothness, mask-map, height, specular, emissive, opacity, color-with-smoothness, normal-with-height, other, preview; can be given more than once'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l rules -r -F -d 'a text file with a value of --suffix in each line; lines with # are comments'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from material' -l strict -d 'export nothing if a picture of a folder would be left out that may be missing from a material'
@@ -59,7 +66,7 @@ complete -c quarlin-cli -n '__fish_seen_subcommand_from maps' -l all -d 'use eve
 complete -c quarlin-cli -n '__fish_seen_subcommand_from maps' -l output -x -a '(__fish_complete_directories)' -d 'the folder in which each set'\''s own folder is made'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from maps' -l recursive -d 'also search the folders inside a folder, except that of --output'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from maps' -l keep-tree -d 'write each set below --output as its textures are below the searched folder'
-complete -c quarlin-cli -n '__fish_seen_subcommand_from maps' -l prefer -x -a 'larger smaller lossless lossy gl dx roughness gloss separate packed' -d 'of several files for a slot, take: larger, smaller, lossless, lossy, gl, dx, roughness, gloss, separate, packed, a resolution (2k) or an extension (png) (default larger,lossless,gl,roughness,separate)'
+complete -c quarlin-cli -n '__fish_seen_subcommand_from maps' -l prefer -x -a '(__quarlin_cli_list larger smaller lossless lossy gl dx roughness gloss separate packed)' -d 'of several files for a slot, take: larger, smaller, lossless, lossy, gl, dx, roughness, gloss, separate, packed, a resolution (2k) or an extension (png) (default larger,lossless,gl,roughness,separate)'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from maps' -l suffix -x -d 'files whose names end in one of the words are maps of this kind: base-color, normal, normal-gl, normal-dx, occlusion, roughness, gloss, metallic, orm, rma, mra, rom, metallic-roughness, occlusion-roughness, metallic-smoothness, mask-map, height, specular, emissive, opacity, color-with-smoothness, normal-with-height, other, preview; can be given more than once'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from maps' -l rules -r -F -d 'a text file with a value of --suffix in each line; lines with # are comments'
 complete -c quarlin-cli -n '__fish_seen_subcommand_from maps' -l strict -d 'export nothing if a picture of a folder would be left out that may be missing from a material'

@@ -120,8 +120,9 @@ QString fishValue(const CommandOption& option) {
         case ValueKind::folder:
             return u" -x -a '(__fish_complete_directories)'"_s;
         case ValueKind::choice:
-        case ValueKind::choices:
             return u" -x -a "_s + shellWord(option.choices.join(u' '));
+        case ValueKind::choices:
+            return u" -x -a "_s + shellWord(u"(__quarlin_cli_list "_s + option.choices.join(u' ') + u')');
         case ValueKind::other:
             break;
     }
@@ -193,7 +194,15 @@ QString zshCompletion(std::span<Command* const> commands) {
 
 QString fishCompletion(std::span<Command* const> commands) {
     const QString complete = u"complete -c "_s + programName();
-    QString text = u"# Completion of quarlin-cli for fish.\n"_s + origin + u'\n' + complete + u" -f\n"_s +
+    QString text = u"# Completion of quarlin-cli for fish.\n"_s + origin + QStringLiteral(R"(
+# Prints words, each after what precedes the last comma of the value at the cursor.
+function __quarlin_cli_list
+    set -l value (commandline -ct | string replace -r '^--[a-z-]*=' '')
+    set -l before (string match -r '^.*,' -- $value)
+    printf '%s\n' "$before"$argv
+end
+
+)") + complete + u" -f\n"_s +
                    complete + u" -l help -d 'print the options'\n"_s + complete +
                    u" -n __fish_use_subcommand -l version -d 'print the version'\n"_s;
     for (Command* command : commands) {

@@ -31,7 +31,10 @@ bool InflateStream::advance() {
     const auto before = place();
     const int result = isal_inflate(m_state.get());
     m_hasWrongChecksum = result == ISAL_INCORRECT_CHECKSUM;
-    return result == ISAL_DECOMP_OK && place() != before;
+    const bool isOk = result == ISAL_DECOMP_OK;
+    const bool hasProgress = place() != before;
+    m_isCut = isOk && !hasProgress && m_state->avail_in == 0 && m_state->avail_out > 0;
+    return isOk && hasProgress;
 }
 
 bool InflateStream::read(std::span<std::uint8_t> output) {

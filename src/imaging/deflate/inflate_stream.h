@@ -33,12 +33,16 @@ public:
     /// Whether the stream was inflated to its end, where a wrong checksum was found.
     bool hasWrongChecksum() const { return m_hasWrongChecksum; }
 
+    /// Whether the pieces came to an end before the stream did.
+    bool isCut() const { return m_isCut; }
+
 private:
     bool advance();
 
     NextPiece m_nextPiece;
     std::unique_ptr<inflate_state> m_state;
     bool m_hasWrongChecksum = false;
+    bool m_isCut = false;
 };
 
 }  // namespace quarlin

@@ -119,6 +119,21 @@ TEST(InflateStream, AMissingEndIsNoticed) {
     }
 }
 
+TEST(InflateStream, AStreamIsCutOnlyIfItsEndIsMissing) {
+    const Bytes text = someText();
+    const Bytes whole = deflated(text);
+    Bytes output(1000);
+    for (std::size_t missing = 0; missing < 3000; missing += 1 + missing / 5) {
+        const Bytes part(whole.begin(), whole.end() - static_cast<std::ptrdiff_t>(missing));
+        for (const std::size_t pieceSize : {std::size_t{1}, std::size_t{1000}}) {
+            InflateStream stream(eachOf(cut(part, pieceSize)));
+            while (stream.read(output)) {
+            }
+            EXPECT_EQ(stream.isCut(), missing > 0) << missing << ' ' << pieceSize;
+        }
+    }
+}
+
 TEST(InflateStream, DamageIsNoticedByTheChecksumAtTheLatest) {
     const Bytes text = someText();
     const Bytes whole = deflated(text);

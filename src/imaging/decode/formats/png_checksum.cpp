@@ -44,7 +44,7 @@ std::int64_t mostFilteredBytes(std::int64_t width, std::int64_t height) {
 
 }  // namespace
 
-bool hasWrongPixelChecksum(const QByteArray& png) {
+bool hasDamagedPixelStream(const QByteArray& png) {
     const qsizetype header = pngSignature.size() + 8;
     if (png.size() < header + headerSize) {
         return false;
@@ -61,7 +61,7 @@ bool hasWrongPixelChecksum(const QByteArray& png) {
     while (left > 0 && stream.read(part)) {
         left -= static_cast<std::int64_t>(part.size());
     }
-    return stream.hasWrongChecksum();
+    return stream.hasWrongChecksum() || stream.isCut();
 }
 
 }  // namespace quarlin

@@ -4,9 +4,9 @@
 
 namespace quarlin {
 
-/// Whether the pixels of a PNG file inflate to the end, where another checksum than theirs is found. The
-/// general decoder does not compare it, and the checksums of chunks are right if a damaged file was written
-/// anew.
-bool hasWrongPixelChecksum(const QByteArray& png);
+/// Whether the chunks of pixels end before their zlib stream does, or the stream ends with another checksum
+/// than theirs. Not every version of the general decoder notices, and the checksums of chunks are right if a
+/// damaged file was written anew.
+bool hasDamagedPixelStream(const QByteArray& png);
 
 }  // namespace quarlin

@@ -21,17 +21,17 @@ namespace {
 
 constexpr qsizetype chunkOverhead = 12;
 
-/// Whether each chunk before the pixels ends within the file. libpng takes memory for all that a chunk claims
-/// to hold before it reads any of it.
-bool hasWholeChunksBeforePixels(const QByteArray& png) {
+/// Whether each chunk ends within the file, up to that for the end. libpng takes memory for all that a chunk
+/// claims to hold before it reads any of it, and newer versions of libvips do not miss the last chunk.
+bool hasAllChunks(const QByteArray& png) {
     qsizetype position = pngSignature.size();
     while (position + chunkOverhead <= png.size()) {
         const auto length = static_cast<qsizetype>(qFromBigEndian<std::uint32_t>(png.constData() + position));
-        if (QByteArrayView(png.constData() + position + 4, 4) == "IDAT") {
-            return true;
-        }
         if (length > png.size() - position - chunkOverhead) {
             return false;
+        }
+        if (QByteArrayView(png.constData() + position + 4, 4) == "IEND") {
+            return true;
         }
         position += chunkOverhead + length;
     }
@@ -72,7 +72,7 @@ OpenedImage openPng(const std::shared_ptr<ByteSource>& source, ColorHandling han
 }
 
 OpenedImage openAnyPng(const QByteArray& bytes, ColorHandling handling) {
-    if (!hasWholeChunksBeforePixels(bytes) || hasWrongPixelChecksum(bytes)) {
+    if (!hasAllChunks(bytes) || hasDamagedPixelStream(bytes)) {
         throw DecodeError(DecodeProblem::damaged);
     }
     const auto profileOfFile = [&](int colorChannels) -> std::optional<NamedProfile> {
