@@ -13,9 +13,10 @@ target_compile_options(
             -ffp-contract=off)
 target_compile_definitions(quarlin_flags INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
                                                    QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
-if(NOT QUARLIN_SANITIZE)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT QUARLIN_SANITIZE)
   include(QuarlinHardening)
-else()
+endif()
+if(QUARLIN_SANITIZE)
   # In instrumented code g++ reports array bounds that are not exceeded. The plain builds keep the warning.
   target_compile_options(quarlin_flags INTERFACE -Wno-array-bounds)
   target_compile_options(quarlin_flags INTERFACE -fsanitize=${QUARLIN_SANITIZE} -fno-omit-frame-pointer
@@ -38,7 +39,7 @@ function(quarlin_room room)
   add_library(quarlin::${name} ALIAS quarlin_${name})
   target_include_directories(quarlin_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(quarlin_${name} PUBLIC ${ROOM_LINK} PRIVATE quarlin_flags ${ROOM_PRIVATE_LINK})
-  if(ROOM_PIXEL_LOOPS AND NOT QUARLIN_SANITIZE)
+  if(ROOM_PIXEL_LOOPS)
     target_compile_options(quarlin_${name} PRIVATE $<$<NOT:$<CONFIG:Debug>>:-O3>)
   endif()
   foreach(links ROOM_LINK ROOM_PRIVATE_LINK)
