@@ -14,8 +14,8 @@ namespace quarlin {
 
 namespace {
 
-/// What the longest text of a preview needs in the narrowest tile. Much narrower letters would look like those
-/// of another font.
+/// What the longest text of a preview needs in the narrowest tile. Much narrower letters would look like
+/// those of another font.
 constexpr double leastLetterWidth = 0.87;
 
 /// The room for the text, as a part of the width of the text.
