@@ -24,12 +24,13 @@ if(dpkg_query)
   endforeach()
   list(JOIN loaded_packages ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
 endif()
-# What the 3D view imports while it runs.
+# What the 3D view imports while it runs, and Qt's plugin for Wayland sessions.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-    "qml6-module-quick3d, qml6-module-qtquick, qml6-module-qtqml, qml6-module-qtqml-workerscript")
+    "qml6-module-quick3d, qml6-module-qtquick, qml6-module-qtqml, qml6-module-qtqml-workerscript, qt6-wayland")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)
+# The file dialogs, colors and font of GTK desktops.
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-gtk-platformtheme)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
     "Quarlin packs texture files into a material set: base color, a packed
 occlusion, roughness and metallic map, a normal map, a glTF material and
