@@ -50,10 +50,13 @@ foreach(module QtQuick3D QtQuick QtQml QtQml/WorkerScript)
   list(APPEND imported_packages ${package})
 endforeach()
 list(REMOVE_DUPLICATES imported_packages)
+# And Qt's plugin for Wayland sessions.
 list(JOIN imported_packages ", " CPACK_DEBIAN_PACKAGE_RECOMMENDS)
+string(APPEND CPACK_DEBIAN_PACKAGE_RECOMMENDS ", qt6-wayland")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)
+# The file dialogs, colors and font of GTK desktops.
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-gtk-platformtheme)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
     "Quarlin packs texture files into a material set: base color, a packed
 occlusion, roughness and metallic map, a normal map, a glTF material and

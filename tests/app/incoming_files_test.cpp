@@ -1,5 +1,6 @@
 #include "app/vorek_quarlin_app.h"
 #include "model/texture_asset.h"
+#include "ui/controls/name_field.h"
 #include "ui/panels/texture_card.h"
 #include "ui/window/window_drop.h"
 #include "window_fixture.h"
@@ -32,6 +33,27 @@ TEST_F(IncomingFiles, DroppedOutsideACardFillTheSlots) {
     settle();
     EXPECT_EQ(materials.textures().size(), 2U);
     EXPECT_FALSE(maps.canExport());
+}
+
+TEST_F(IncomingFiles, DroppedOnTheNameFillTheSlotsToo) {
+    auto& name = *page().findChild<NameField*>();
+    drag({folder.texture(u"brick_basecolor.png"_s), folder.texture(u"brick_normal.png"_s)});
+    EXPECT_TRUE(dragOver(name, data));
+    EXPECT_TRUE(frame.isVisible());
+    EXPECT_TRUE(dropOn(name, data));
+    settle();
+    EXPECT_EQ(name.text(), u"brick"_s);
+    EXPECT_EQ(materials.textures().size(), 2U);
+}
+
+TEST_F(IncomingFiles, TextCanStillBeDroppedOnTheName) {
+    auto& name = *page().findChild<NameField*>();
+    name.clear();
+    data.setText(u"Brick"_s);
+    EXPECT_TRUE(dragOver(name, data));
+    EXPECT_TRUE(dropOn(name, data));
+    settle();
+    EXPECT_EQ(materials.settings().materialName, u"Brick"_s);
 }
 
 TEST_F(IncomingFiles, AreRefusedWithoutALocalFile) {

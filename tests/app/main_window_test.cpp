@@ -4,9 +4,11 @@
 #include "ui/panels/texture_card.h"
 #include "window_fixture.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QCheckBox>
 #include <QMessageBox>
+#include <QSet>
 #include <QSplitter>
 #include <QTextEdit>
 
@@ -43,6 +45,32 @@ TEST_F(MainWindowTest, IsTitledAndNeverTooSmall) {
     EXPECT_EQ(window.content()->size(), QSize(1120, 720));
     EXPECT_LE(window.content()->minimumSizeHint().width(), 1120);
     EXPECT_LE(window.content()->minimumSizeHint().height(), 720);
+}
+
+/// The letter that is underlined in a text; null if there is none.
+QChar mnemonic(const QString& text) {
+    const QKeySequence keys = QKeySequence::mnemonic(text);
+    return keys.isEmpty() ? QChar() : QChar(keys[0].key());
+}
+
+TEST_F(MainWindowTest, OpensAMenuOrAButtonWithEachUnderlinedLetter) {
+    load(TextureSlotKind::baseColor);
+    loadSource();
+    for (const StudioTool tool : allCases<StudioTool>()) {
+        showTool(tool);
+        QString letters;
+        for (const QAction* menu : window.menuBar()->actions()) {
+            letters += mnemonic(menu->text());
+        }
+        for (const QAbstractButton* button : page().findChildren<QAbstractButton*>()) {
+            if (const QChar letter = mnemonic(button->text()); !letter.isNull()) {
+                letters += letter;
+            }
+        }
+        EXPECT_EQ(letters.size(), 8) << letters.toStdString();
+        EXPECT_EQ(QSet<QChar>(letters.begin(), letters.end()).size(), letters.size())
+            << letters.toStdString();
+    }
 }
 
 TEST_F(MainWindowTest, StartsWithTheIdealWidthsAsFarAsTheyFit) {

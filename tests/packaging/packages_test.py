@@ -195,6 +195,10 @@ class DebianPackage(Installed, unittest.TestCase):
         self.assertEqual(files(), before)
         self.assertNotIn("quarlin", (system / "var/lib/dpkg/status").read_text())
 
+    def test_it_recommends_wayland_and_names_the_theme_of_gtk_desktops(self):
+        self.assertIn("qt6-wayland", self.field("Recommends").split(", "))
+        self.assertEqual(self.field("Suggests"), "qt6-gtk-platformtheme")
+
     def test_it_bears_the_version(self):
         self.assertEqual(self.field("Version"), f"{VERSION}-1")
 

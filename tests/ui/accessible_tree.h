@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAccessible>
+#include <QString>
 #include <QWidget>
 
 namespace quarlin::fixtures {
@@ -20,5 +21,9 @@ template <typename Visit>
 void forEachAccessible(QWidget& widget, const Visit& visit) {
     forEachAccessible(*QAccessible::queryAccessibleInterface(&widget), visit);
 }
+
+/// Compares what a screen reader finds at `widget` and below it with the text named `name` in
+/// tests/app/accessible_trees; see CONTRIBUTING.md for how these texts are updated.
+void expectAccessibleTree(const QWidget& widget, const QString& name);
 
 }  // namespace quarlin::fixtures

@@ -24,6 +24,8 @@ void useDarkPalette() { QApplication::setPalette(darkPalette()); }
 int runTestsInApplication(int argc, char** argv, const char* platform) {
     ::testing::InitGoogleTest(&argc, argv);
     qputenv("QT_QPA_PLATFORM", platform);
+    // Else the offscreen platform uses the OpenGL of a display, if there is one.
+    qputenv("QT_QPA_OFFSCREEN_NO_GLX", "1");
     qputenv("QT_SCALE_FACTOR_ROUNDING_POLICY", "PassThrough");
     qputenv("FONTCONFIG_FILE", QUARLIN_TEST_FONTS);
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);

@@ -19,7 +19,7 @@ class MapBuilders : public testing::Test {
 protected:
     MapBuilders() {
         QObject::connect(&builder, &MapBuilder::built,
-                         [this](const SceneMaps& built) { widths.append(built.baseColor.width()); });
+                         [this](const SceneTextures& built) { widths.append(built.baseColor.size.width()); });
     }
 
     /// Work that waits for its `gate`.

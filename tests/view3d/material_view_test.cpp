@@ -3,8 +3,8 @@
 #include "view3d/window/scene_module.h"
 #include "view_fixture.h"
 
+#include <QFile>
 #include <QMessageBox>
-#include <QOpenGLContext>
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
@@ -48,10 +48,22 @@ TEST_F(MaterialViews, AFileThatIsNoPluginIsReported) {
                     .startsWith(u"The 3D view could not be loaded: "_s));
 }
 
+TEST_F(MaterialViews, ALibraryThatThePluginNeedsIsNamed) {
+    QFile plugin(QStringLiteral(QUARLIN_SCENE_MODULE));
+    ASSERT_TRUE(plugin.open(QIODevice::ReadOnly));
+    QByteArray bytes = plugin.readAll();
+    ASSERT_TRUE(bytes.contains("libQt6Quick3D.so.6"));
+    bytes.replace("libQt6Quick3D.so.6", "libQt6Absent.so.06");
+    const QString needy = folder.path(u"needy.so"_s);
+    QFile copy(needy);
+    ASSERT_TRUE(copy.open(QIODevice::WriteOnly));
+    copy.write(bytes);
+    copy.close();
+    EXPECT_EQ(messageWith(needy),
+              u"The 3D view needs the library libQt6Absent.so.06, which is not installed."_s);
+}
+
 TEST_F(MaterialViews, AScreenWithoutOpenGLIsReported) {
-    if (QOpenGLContext context; context.create()) {
-        GTEST_SKIP() << "Qt's offscreen platform uses the OpenGL of the X server that is there";
-    }
     EXPECT_EQ(messageWith(QStringLiteral(QUARLIN_SCENE_MODULE)),
               u"The 3D view needs OpenGL 3, which this screen does not offer."_s);
 }

@@ -2,6 +2,7 @@
 
 #include "view3d/window/material_window.h"
 
+#include "accessible_tree.h"
 #include "painted_textures.h"
 #include "picture_baseline.h"
 #include "scene_fixture.h"
@@ -12,7 +13,10 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QSemaphore>
 #include <QSignalSpy>
+
+#include <atomic>
 
 using namespace quarlin;
 using namespace quarlin::fixtures;
@@ -128,6 +132,33 @@ TEST_F(MaterialWindows, OpensAsItWasClosed) {
     EXPECT_EQ(child<SegmentedPicker>(window(), u"Shape"_s).currentIndex(), 1);
 }
 
+TEST_F(MaterialWindows, ClosesWithItsKeysWithoutWaitingForMaps) {
+    QSemaphore gate;
+    std::atomic<bool> isDone = false;
+    ToolMaterial slow = toolMaterial(materials);
+    slow.previews = [preview = plainMap(Qt::red)] { return SceneMaps{preview, {}, {}}; };
+    slow.details = [&]() -> SceneMapWork {
+        return [&] {
+            constexpr int longest = 30'000;
+            gate.tryAcquire(1, longest);
+            isDone = true;
+            return SceneMaps();
+        };
+    };
+    view.setMaterial(slow);
+    settle();
+    EXPECT_TRUE(window().isBuilding());
+    press(window(), Qt::Key_Escape);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(view.window(), nullptr);
+    EXPECT_FALSE(isDone);
+    gate.release();
+    view.setMaterial(toolMaterial(materials));
+    view.open();
+    waitForDetails();
+    EXPECT_TRUE(isDone);
+}
+
 TEST_F(MaterialWindows, OpeningItAgainBringsTheSameWindow) {
     MaterialWindow* before = view.window();
     view.open();
@@ -151,6 +182,11 @@ TEST_F(MaterialWindows, ThePictureHasANameForAssistiveTechnology) {
     ASSERT_NE(picture, nullptr);
     EXPECT_EQ(picture->text(QAccessible::Name), u"Material in 3D"_s);
     EXPECT_TRUE(picture->text(QAccessible::Description).contains(u"arrow keys"_s));
+}
+
+TEST_F(MaterialWindows, HasItsTextForScreenReaders) {
+    load(paintedTiles(64, 64));
+    expectAccessibleTree(window(), u"view3d"_s);
 }
 
 TEST_F(MaterialWindows, Pictures) {

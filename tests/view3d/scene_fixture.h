@@ -52,7 +52,7 @@ protected:
 
     /// What the scene looks like with these maps.
     QImage pictureOf(const SceneMaps& maps) {
-        scene->setMaps(maps);
+        scene->setMaps(texturesOf(maps));
         scene->setLook(look);
         // The first picture uploads what has changed.
         scene->picture();

@@ -2,6 +2,9 @@
 
 #include "scene_fixture.h"
 
+#include <QQuickWidget>
+#include <QQuickWindow>
+
 using namespace quarlin;
 using namespace quarlin::fixtures;
 
@@ -116,6 +119,28 @@ TEST_F(SceneMapsOnThePlane, EveryShapeShowsTheMap) {
         expectColor(meanAt(picture, 0.5, 0.5), {10, 200, 90});
         expectColor(meanAt(picture, 0.02, 0.02), {0, 0, 0});
     }
+}
+
+TEST_F(SceneMapsOnThePlane, LargeMapsAreUploadedOneForEachPicture) {
+    const auto* widget = qobject_cast<QQuickWidget*>(scene->widget());
+    ASSERT_NE(widget, nullptr);
+    int pictures = 0;
+    const QObject counting;
+    QObject::connect(widget->quickWindow(), &QQuickWindow::afterRendering, &counting,
+                     [&pictures] { ++pictures; });
+    const QImage large = plainMap({10, 20, 30}).scaled(2048, 2048);
+    scene->setMaps(texturesOf({large, large, large}));
+    constexpr int longest = 30'000;
+    EXPECT_TRUE(QTest::qWaitFor([&pictures] { return pictures == 3; }, longest)) << pictures;
+}
+
+TEST_F(SceneMapsOnThePlane, NewMapsReplaceThoseThatWait) {
+    look.content = SceneContent::normal;
+    const QImage large = plainMap({10, 20, 30}).scaled(2048, 2048);
+    scene->setMaps(texturesOf({large, large, large}));
+    expectColor(meanAt(pictureOf({{}, {}, plainMap({40, 50, 60})}), 0.5, 0.5), {40, 50, 60});
+    settle();
+    expectColor(meanAt(scene->picture(), 0.5, 0.5), {40, 50, 60});
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include "ui/controls/name_field.h"
 
+#include <QDragEnterEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 
 namespace quarlin {
 
@@ -14,6 +16,19 @@ NameField::NameField(QWidget* parent) : QLineEdit(parent) {
 void NameField::showName(const QString& name) {
     if (text() != name) {
         setText(name);
+        if (!hasFocus()) {
+            // A long name is recognized by its beginning.
+            setCursorPosition(0);
+        }
+    }
+}
+
+void NameField::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls()) {
+        // A file is not for the field, which would insert its path, but for the window.
+        event->ignore();
+    } else {
+        QLineEdit::dragEnterEvent(event);
     }
 }
 

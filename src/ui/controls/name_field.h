@@ -16,6 +16,7 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
 };
 
 }  // namespace quarlin

@@ -8,7 +8,26 @@
 #include <QPainter>
 #include <QStyle>
 
+#include <algorithm>
+
 namespace quarlin {
+
+namespace {
+
+/// What the longest text of a preview needs in the narrowest tile. Much narrower letters would look like
+/// those of another font.
+constexpr double leastLetterWidth = 0.87;
+
+/// The room for the text, as a part of the width of the text.
+double roomFor(const QLabel& label) {
+    const int width = label.fontMetrics().horizontalAdvance(label.text());
+    return width == 0 ? 1 : static_cast<double>(label.contentsRect().width()) / width;
+}
+
+/// Whether a part of the text is left out.
+bool isShortened(const QLabel& label) { return roomFor(label) < leastLetterWidth; }
+
+}  // namespace
 
 TextLabel::TextLabel(const QString& text, TextStyle style, TextWeight weight, QWidget* parent)
     : QLabel(text, parent), m_style(style), m_weight(weight) {
@@ -45,9 +64,8 @@ bool TextLabel::event(QEvent* event) {
         applyFont();
     }
     if (event->type() == QEvent::ToolTip) {
-        const bool isShortened = fontMetrics().horizontalAdvance(text()) > contentsRect().width();
         // A tooltip may contain text of a file, which is no markup.
-        const QString shown = toolTip().isEmpty() && isShortened ? text() : toolTip();
+        const QString shown = toolTip().isEmpty() && isShortened(*this) ? text() : toolTip();
         if (!shown.isEmpty()) {
             showPlainToolTip(*this, *static_cast<QHelpEvent*>(event), shown);
             return true;
@@ -62,10 +80,16 @@ void TextLabel::paintEvent(QPaintEvent*) {
     painter.setPen(!isEnabled()                        ? disabledColor(palette())
                    : m_weight == TextWeight::secondary ? secondaryColor(palette())
                                                        : primaryColor(palette()));
-    const QRect area = contentsRect();
-    const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, area.width());
+    const QRectF area = contentsRect();
+    const double narrowing = isShortened(*this) ? 1 : std::min(1.0, roomFor(*this));
+    const QString shown = isShortened(*this)
+                              ? fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width())
+                              : text();
+    painter.translate(area.left(), 0);
+    painter.scale(narrowing, 1);
     painter.drawText(
-        area, static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment())) | Qt::TextSingleLine,
+        QRectF(0, area.top(), area.width() / narrowing, area.height()),
+        static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment())) | Qt::TextSingleLine,
         shown);
 }
 

@@ -9,8 +9,8 @@ namespace quarlin {
 /// How prominent a text is.
 enum class TextWeight { primary, secondary };
 
-/// One line of plain text in a step of the type scale. A text that does not fit is shortened in the middle,
-/// and the whole text is then shown as the tooltip.
+/// One line of plain text in a step of the type scale. A text that does not fit is drawn with slightly
+/// narrower letters, or else shortened in the middle: then the whole text is shown as the tooltip.
 class TextLabel : public QLabel {
     Q_OBJECT
 

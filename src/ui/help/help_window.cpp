@@ -1,11 +1,14 @@
 #include "ui/help/help_window.h"
 
+#include "ui/controls/close_action.h"
 #include "ui/help/guide.h"
 #include "ui/style/colors.h"
 
 #include <QAction>
 #include <QEvent>
+#include <QTextBlock>
 #include <QTextFrame>
+#include <QTextList>
 #include <QTextTable>
 
 namespace quarlin {
@@ -17,8 +20,22 @@ namespace {
 constexpr QSize startSize(760, 780);
 constexpr int margin = 24;
 constexpr int cellPadding = 6;
+/// Above a heading, and below everything but the lines of code.
+constexpr int headingSpacing = 14;
+constexpr int paragraphSpacing = 8;
+constexpr int itemSpacing = 4;
 
 QUrl guideLocation() { return QUrl(u"qrc:/guide/README.md"_s); }
+
+bool isCode(const QTextBlock& block) { return block.blockFormat().hasProperty(QTextFormat::BlockCodeFence); }
+
+int spacingBelow(const QTextBlock& block) {
+    if (isCode(block) && isCode(block.next())) {
+        return 0;
+    }
+    const bool isAmongItems = block.textList() != nullptr && block.next().textList() != nullptr;
+    return isAmongItems ? itemSpacing : paragraphSpacing;
+}
 
 }  // namespace
 
@@ -29,11 +46,11 @@ HelpWindow::HelpWindow(QWidget* parent) : QTextBrowser(parent) {
     setFrameShape(QFrame::NoFrame);
     setOpenExternalLinks(true);
     resize(startSize);
-    auto* close = new QAction(u"Close"_s, this);
-    close->setShortcuts({Qt::Key_Escape, Qt::CTRL | Qt::Key_W});
-    connect(close, &QAction::triggered, this, &QWidget::close);
-    addAction(close);
-    connect(this, &QTextBrowser::sourceChanged, this, &HelpWindow::styleTables);
+    makeCloseAction(*new QAction(this), *this);
+    connect(this, &QTextBrowser::sourceChanged, this, [this] {
+        spaceText();
+        styleTables();
+    });
     setSource(guideLocation());
 }
 
@@ -45,7 +62,26 @@ void HelpWindow::open() {
 
 QVariant HelpWindow::loadResource(int type, const QUrl& name) {
     const QVariant content = QTextBrowser::loadResource(type, name);
-    return name == guideLocation() ? guideOf(QString::fromUtf8(content.toByteArray())) : content;
+    if (type != QTextDocument::MarkdownResource) {
+        return content;
+    }
+    const QString text = QString::fromUtf8(content.toByteArray());
+    return name == guideLocation() ? guideOf(text) : u"Back to [Quarlin Help](../README.md)\n\n"_s + text;
+}
+
+void HelpWindow::spaceText() {
+    QTextCursor cursor(document());
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        cursor.setPosition(block.position());
+        // The cells of a table have a padding.
+        if (cursor.currentTable() == nullptr) {
+            QTextBlockFormat format;
+            const bool isSection = block.blockFormat().headingLevel() > 1;
+            format.setTopMargin(isSection ? headingSpacing : 0);
+            format.setBottomMargin(spacingBelow(block));
+            cursor.mergeBlockFormat(format);
+        }
+    }
 }
 
 void HelpWindow::styleTables() {

@@ -26,10 +26,11 @@ constexpr QMargins panelMargins(metrics::standardPadding, metrics::standardPaddi
 SettingsPanel::SettingsPanel(const QString& heading, QWidget* parent)
     : ScrollPanel(groupSpacing, panelMargins, parent) {
     presentAs(*this, QAccessible::Pane, heading);
-    auto* title = new TextLabel(heading, TextStyle::title3);
-    // As high as the headings of the other columns, which have buttons in their rows.
-    title->setMinimumHeight(metrics::headerRowHeight);
-    rows()->addWidget(title);
+    auto* title = new QHBoxLayout;
+    // At the height of the headings of the other columns, which have buttons in their rows.
+    title->addStrut(metrics::headerRowHeight);
+    title->addWidget(new TextLabel(heading, TextStyle::title3));
+    rows()->addLayout(title);
 }
 
 GroupBox* SettingsPanel::addGroup(const QString& title, int spacing) {

@@ -21,7 +21,7 @@ void bind(ToolAction& action, Store& store, bool (Store::*isUsable)() const, voi
 
 // What both tools have in common.
 ButtonLook buildLook() { return {u"arrow.triangle.2.circlepath"_s, u"Build Preview"_s}; }
-ButtonLook previewLook() { return {u"eye"_s, u"Pre&view"_s}; }
+ButtonLook previewLook() { return {u"eye"_s, u"&Preview"_s}; }
 ButtonLook exportLook(const QString& text) { return {u"square.and.arrow.up"_s, text}; }
 ButtonLook resetLook() { return {u"trash"_s}; }
 
@@ -117,6 +117,10 @@ void ToolAction::setMark(const QString& reason) {
 Button* ToolAction::makeButton(const ButtonLook& look, ButtonStyle style) {
     Button* button = look.text.isEmpty() ? Button::symbolOnly(look.symbol, toolTip())
                                          : new Button(style, look.symbol, look.text);
+    if (look.text.isEmpty()) {
+        // The tooltip may contain the shortcut as well.
+        button->setAccessibleName(text().remove(u'&'));
+    }
     button->setEnabled(isEnabled());
     connect(this, &QAction::enabledChanged, button, &Button::setEnabled);
     button->setMark(m_mark);

@@ -1,9 +1,7 @@
 #include "ui/viewer/map_canvas.h"
 
-#include "ui/style/checkerboard.h"
 #include "ui/style/colors.h"
-#include "ui/style/painting.h"
-#include "ui/viewer/map_region.h"
+#include "ui/viewer/map_painting.h"
 #include "ui/viewer/map_zoom.h"
 
 #include <QPainter>
@@ -26,18 +24,6 @@ constexpr int margin = 12;
 constexpr int keyDistance = 64;
 /// The number of copies across and down.
 constexpr int copies = 3;
-
-/// A cross around the pixel at `place`, which can be seen on any color.
-void paintMark(QPainter& painter, const QPoint& place) {
-    constexpr int inner = 5;
-    constexpr int outer = 12;
-    for (const auto& [color, width] : {std::pair{QColor(Qt::white), 3.0}, {QColor(Qt::black), 1.0}}) {
-        painter.setPen(QPen(color, width));
-        for (const QPoint& direction : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)}) {
-            painter.drawLine(place + inner * direction, place + outer * direction);
-        }
-    }
-}
 
 }  // namespace
 
@@ -309,18 +295,7 @@ void MapCanvas::paintEvent(QPaintEvent* event) {
     if (seen.isEmpty()) {
         return;
     }
-    const double density = deviceScale(painter);
-    QImage drawing = drawnRegion(*m_map, {.origin = (seen.topLeft() - content.topLeft()) / viewScale(),
-                                          .scale = viewScale() * density,
-                                          .size = (QSizeF(seen.size()) * density).toSize(),
-                                          .repeats = m_isTiled,
-                                          .channel = m_channel});
-    drawing.setDevicePixelRatio(density);
-    painter.setClipRect(content);
-    if (m_map->hasTransparency() && !m_channel) {
-        painter.fillRect(seen, checkerboard(palette()));
-    }
-    painter.drawImage(seen.topLeft(), drawing);
+    paintMap(painter, palette(), *m_map, {content, viewScale(), m_isTiled, m_channel}, seen);
     if (m_probe == Probe::middle) {
         paintMark(painter, middle().toPoint());
     }

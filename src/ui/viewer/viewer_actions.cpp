@@ -49,8 +49,6 @@ ViewerActions::ViewerActions(QObject* parent)
     flip.setText(u"Green After Flip"_s);
     flip.setShortcut(Qt::Key_X);
     flip.setCheckable(true);
-    close.setText(u"Close"_s);
-    close.setShortcuts({Qt::Key_Escape, Qt::CTRL | Qt::Key_W});
 
     addGroup({&zoomIn, &zoomOut, &fit, &showPixels});
     addGroup(QList<QAction*>(m_channels.begin(), m_channels.end()));
@@ -78,6 +76,10 @@ std::optional<TextureChannel> ViewerActions::channel() const {
         }
     }
     return std::nullopt;
+}
+
+QString ViewerActions::channelText() const {
+    return m_channels.front()->actionGroup()->checkedAction()->text();
 }
 
 void ViewerActions::addGroup(const QList<QAction*>& group) {

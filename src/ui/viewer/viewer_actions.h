@@ -28,11 +28,14 @@ public:
     QAction tile;
     /// Checkable: the green of normals is flipped.
     QAction flip;
+    /// Set up by the window that it closes.
     QAction close;
 
     /// One of them is checked: the colors, then a channel each, in the order of `TextureChannel`.
     const std::vector<QAction*>& channels() const { return m_channels; }
     std::optional<TextureChannel> channel() const;
+    /// The name of what is checked.
+    QString channelText() const;
 
     /// All of them, in groups, as for a menu.
     const QList<QAction*>& all() const { return m_all; }

@@ -1,5 +1,7 @@
 #include "ui/viewer/viewer_window.h"
 
+#include "ui/accessibility/accessible_role.h"
+#include "ui/controls/close_action.h"
 #include "ui/display/text_label.h"
 #include "ui/panels/empty_preview.h"
 #include "ui/style/metrics.h"
@@ -39,6 +41,16 @@ QString probeText(const ProbedPixel& pixel) {
         .arg(pixel.value.alpha(), widestChannel);
 }
 
+/// The same for a screen reader.
+QString spokenProbe(const ProbedPixel& pixel) {
+    return u"Pixel %1, %2: red %3, green %4, blue %5, alpha %6"_s.arg(pixel.place.x())
+        .arg(pixel.place.y())
+        .arg(pixel.value.red())
+        .arg(pixel.value.green())
+        .arg(pixel.value.blue())
+        .arg(pixel.value.alpha());
+}
+
 }  // namespace
 
 ViewerWindow::ViewerWindow(QWidget* parent)
@@ -70,9 +82,11 @@ ViewerWindow::ViewerWindow(QWidget* parent)
     stack->addLayout(status);
 
     addActions(m_actions.all());
+    makeCloseAction(m_actions.close, *this);
     m_canvas->addActions(m_actions.all());
     m_canvas->setContextMenuPolicy(Qt::ActionsContextMenu);
     connectActions();
+    presentAs(*m_canvas, QAccessible::Graphic, {});
     connect(m_canvas, &MapCanvas::scaleChanged, this, [this] { m_bar->setScale(m_canvas->scale()); });
     connect(m_canvas, &MapCanvas::probeChanged, this, &ViewerWindow::showProbe);
     connect(m_canvas, &MapCanvas::stepRequested, this, &ViewerWindow::step);
@@ -96,12 +110,13 @@ void ViewerWindow::connectActions() {
     run(m_actions.zoomOut, [this] { m_canvas->zoomOut(); });
     run(m_actions.fit, [this] { m_canvas->fit(); });
     run(m_actions.showPixels, [this] { m_canvas->showPixels(); });
-    run(m_actions.close, [this] { close(); });
     connect(&m_actions.tile, &QAction::toggled, m_canvas, &MapCanvas::setTiled);
     // The map from before the flip is shown until the other one is made: the preview could be of either.
     run(m_actions.flip, [this] { loadMap(); });
-    connect(&m_actions, &ViewerActions::channelChanged, this,
-            [this] { m_canvas->setChannel(m_actions.channel()); });
+    connect(&m_actions, &ViewerActions::channelChanged, this, [this] {
+        m_canvas->setChannel(m_actions.channel());
+        announce(m_actions.channelText());
+    });
 }
 
 void ViewerWindow::open(const MapSource& source, int image) {
@@ -171,7 +186,7 @@ void ViewerWindow::showImage(int image) {
     m_actions.flip.setChecked(map.isFlipped);
     setWindowTitle(map.title + u" - "_s + m_source->materialName());
     m_canvas->setAccessibleName(map.title);
-    m_canvas->setAccessibleDescription(map.subtitle);
+    announce(map.subtitle);
     m_canvas->setMap(std::make_shared<MapPyramid>(map.preview, map.size));
     loadMap();
 }
@@ -203,7 +218,13 @@ void ViewerWindow::showState(const QString& text) { m_state->setText(text); }
 void ViewerWindow::showProbe() {
     const auto pixel = m_canvas->probedPixel();
     m_probe->setText(pixel ? probeText(*pixel) : QString());
+    m_probe->setVisible(pixel.has_value());
+    if (pixel) {
+        announce(spokenProbe(*pixel));
+    }
 }
+
+void ViewerWindow::announce(const QString& news) { m_canvas->setAccessibleDescription(news); }
 
 void ViewerWindow::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);

@@ -53,6 +53,8 @@ private:
     void showFailure(const QString& reason);
     void showState(const QString& text);
     void showProbe();
+    /// Gives `news` to screen readers, which read a description of the focused map that changes.
+    void announce(const QString& news);
 
     ViewerActions m_actions;
     MapLoader m_loader;

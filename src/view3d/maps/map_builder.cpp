@@ -28,9 +28,9 @@ void MapBuilder::cancel() {
 void MapBuilder::start(SceneMapWork work) {
     m_isRunning = true;
     m_thread.start([this, number = m_number, work = std::move(work)] {
-        std::optional<SceneMaps> maps;
+        std::optional<SceneTextures> maps;
         try {
-            maps = work();
+            maps = texturesOf(work());
         } catch (const std::exception&) {
             maps.reset();
         }
@@ -40,7 +40,7 @@ void MapBuilder::start(SceneMapWork work) {
     });
 }
 
-void MapBuilder::finish(std::uint64_t number, const std::optional<SceneMaps>& maps) {
+void MapBuilder::finish(std::uint64_t number, const std::optional<SceneTextures>& maps) {
     m_isRunning = false;
     if (m_waiting) {
         start(*std::exchange(m_waiting, std::nullopt));

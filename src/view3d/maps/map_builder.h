@@ -10,8 +10,9 @@
 
 namespace quarlin {
 
-/// Computes maps beside the main thread, one set at a time. Only the newest work counts: what is asked for
-/// while other work runs is started after it, and replaces what was waiting.
+/// Computes maps beside the main thread, one set at a time, in the form that the graphics card takes. Only
+/// the newest work counts: what is asked for while other work runs is started after it, and replaces what was
+/// waiting.
 class MapBuilder : public QObject {
     Q_OBJECT
 
@@ -28,11 +29,11 @@ public:
 
 Q_SIGNALS:
     /// The newest work is done. Work that fails emits nothing: whoever asked has the previews.
-    void built(const quarlin::SceneMaps& maps);
+    void built(const quarlin::SceneTextures& maps);
 
 private:
     void start(SceneMapWork work);
-    void finish(std::uint64_t number, const std::optional<SceneMaps>& maps);
+    void finish(std::uint64_t number, const std::optional<SceneTextures>& maps);
 
     QThreadPool m_thread;
     bool m_isRunning = false;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "view3d/scene/scene.h"
+#include "view3d/scene/scene_textures.h"
 
 #include <QString>
 

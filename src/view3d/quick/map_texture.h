@@ -1,27 +1,24 @@
 #pragma once
 
-#include <QImage>
+#include "view3d/scene/scene_textures.h"
+
 #include <QQuick3DTextureData>
 
 namespace quarlin {
 
-/// What the values of a map are.
-enum class MapValues { srgb, linear };
-
-/// A map of the material on the graphics card. Colors are decoded from sRGB before they are filtered, as glTF
-/// demands; they take half-precision numbers then.
+/// A map of the material on the graphics card.
 class MapTexture : public QQuick3DTextureData {
     Q_OBJECT
 
 public:
-    /// `missing` is shown as long as there is no map.
-    MapTexture(MapValues values, const QColor& missing);
+    /// `format` is that of the map's pixels.
+    explicit MapTexture(Format format) { setFormat(format); }
 
-    void setMap(const QImage& map);
-
-private:
-    MapValues m_values;
-    QColor m_missing;
+    void setMap(const SceneTexture& map) {
+        setSize(map.size);
+        setTextureData(map.pixels);
+        update();
+    }
 };
 
 }  // namespace quarlin

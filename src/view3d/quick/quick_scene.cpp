@@ -5,10 +5,12 @@
 #include <QFile>
 #include <QQmlContext>
 #include <QQmlError>
+#include <QQuickWindow>
 #include <QRegularExpression>
 #include <QResource>
 
 #include <cmath>
+#include <limits>
 
 namespace quarlin {
 
@@ -19,16 +21,16 @@ namespace {
 /// What a white matt surface that faces the lamp reflects of its light.
 constexpr double lampBrightness = 0.75;
 
-// What a material without these maps has: a white color; no occlusion, full roughness, no metal; an even
-// surface.
-constexpr QRgb noColor = qRgb(255, 255, 255);
-constexpr QRgb noOrm = qRgb(255, 255, 0);
-constexpr QRgb noNormal = qRgb(128, 128, 255);
+/// How much goes to the graphics card with one picture. The window waits for it: 100 ms for a color map of
+/// 2048 x 2048, where OpenGL draws in software. Previews fit in together.
+constexpr qsizetype bytesPerPicture = qsizetype{8} << 20U;
 
 /// The sentence for a scene.qml that can't be used.
 QString startingProblem(const QList<QQmlError>& errors) {
     const QString reason = errors.isEmpty() ? QString() : errors.constFirst().description();
-    static const QRegularExpression missingModule(u"module \"([^\"]+)\" is not installed"_s);
+    // A library of Qt may know of a module whose plugin is not there.
+    static const QRegularExpression missingModule(
+        u"module \"([^\"]+)\" (is not installed|plugin \"[^\"]+\" not found)"_s);
     if (const auto match = missingModule.match(reason); match.hasMatch()) {
         return u"The 3D view needs the QML module %1, which is not installed."_s.arg(match.captured(1));
     }
@@ -37,11 +39,8 @@ QString startingProblem(const QList<QQmlError>& errors) {
 
 }  // namespace
 
-QuickScene::QuickScene()
-    : m_baseColor(MapValues::srgb, QColor(noColor)),
-      m_orm(MapValues::linear, QColor(noOrm)),
-      m_normal(MapValues::linear, QColor(noNormal)),
-      m_widget(new QQuickWidget) {
+QuickScene::QuickScene() : m_widget(new QQuickWidget) {
+    setMaps(texturesOf({}));
     m_lightAtlas.setSize({atlasWidth, atlasHeight});
     m_lightAtlas.setFormat(QQuick3DTextureData::RGBA16F);
     m_lightAtlas.setTextureData(QResource(u":/view3d/studio.light"_s).uncompressedData());
@@ -49,6 +48,9 @@ QuickScene::QuickScene()
     m_widget->setResizeMode(QQuickWidget::SizeRootObjectToView);
     m_widget->rootContext()->setContextProperty(u"quickScene"_s, this);
     m_widget->setSource(QUrl(u"qrc:/view3d/scene.qml"_s));
+    connect(
+        m_widget->quickWindow(), &QQuickWindow::afterRendering, this,
+        [this] { showWaitingMaps(bytesPerPicture); }, Qt::QueuedConnection);
     if (m_widget->status() != QQuickWidget::Ready) {
         m_problem = startingProblem(m_widget->errors());
     }
@@ -59,16 +61,25 @@ QuickScene::~QuickScene() {
     delete m_widget;
 }
 
-void QuickScene::setMaps(const SceneMaps& maps) {
-    const auto show = [](MapTexture& texture, QImage& shown, const QImage& map) {
-        if (shown.cacheKey() != map.cacheKey()) {
-            shown = map;
-            texture.setMap(map);
+void QuickScene::setMaps(const SceneTextures& maps) {
+    m_waiting = {{&m_baseColor, maps.baseColor}, {&m_orm, maps.orm}, {&m_normal, maps.normal}};
+    showWaitingMaps(bytesPerPicture);
+}
+
+void QuickScene::showWaitingMaps(qsizetype most) {
+    for (qsizetype shown = 0; !m_waiting.empty(); m_waiting.pop_front()) {
+        const auto& [texture, map] = m_waiting.front();
+        if (shown > 0 && shown + map.pixels.size() > most) {
+            break;
         }
-    };
-    show(m_baseColor, m_maps.baseColor, maps.baseColor);
-    show(m_orm, m_maps.orm, maps.orm);
-    show(m_normal, m_maps.normal, maps.normal);
+        shown += map.pixels.size();
+        texture->setMap(map);
+    }
+}
+
+QImage QuickScene::picture() {
+    showWaitingMaps(std::numeric_limits<qsizetype>::max());
+    return m_widget->grabFramebuffer();
 }
 
 void QuickScene::setLook(const SceneLook& look) {

@@ -8,6 +8,9 @@
 #include <QPointer>
 #include <QQuickWidget>
 
+#include <deque>
+#include <utility>
+
 namespace quarlin {
 
 /// The scene in Qt Quick 3D. scene.qml reads its properties as those of `quickScene`.
@@ -37,9 +40,9 @@ public:
     const QString& problem() const { return m_problem; }
 
     QWidget* widget() override { return m_widget; }
-    void setMaps(const SceneMaps& maps) override;
+    void setMaps(const SceneTextures& maps) override;
     void setLook(const SceneLook& look) override;
-    QImage picture() override { return m_widget->grabFramebuffer(); }
+    QImage picture() override;
 
     QQuick3DTextureData* baseColor() { return &m_baseColor; }
     QQuick3DTextureData* orm() { return &m_orm; }
@@ -61,11 +64,15 @@ Q_SIGNALS:
     void lookChanged();
 
 private:
+    /// Gives the waiting maps to the graphics card, up to `most` bytes of them but at least one.
+    void showWaitingMaps(qsizetype most);
+
     SceneLook m_look;
-    SceneMaps m_maps;
-    MapTexture m_baseColor;
-    MapTexture m_orm;
-    MapTexture m_normal;
+    MapTexture m_baseColor{QQuick3DTextureData::RGBA16F};
+    MapTexture m_orm{QQuick3DTextureData::RGBA8};
+    MapTexture m_normal{QQuick3DTextureData::RGBA8};
+    /// Maps that are not shown yet, and where they belong.
+    std::deque<std::pair<MapTexture*, SceneTexture>> m_waiting;
     QQuick3DTextureData m_lightAtlas;
     ShapeGeometry m_geometry;
     QPointer<QQuickWidget> m_widget;

@@ -39,7 +39,7 @@ void MaterialView::open() {
             box->open();
             return;
         }
-        m_window = new MaterialWindow(std::move(scene), m_look);
+        m_window = new MaterialWindow(std::move(scene), m_look, m_details);
         m_window->setAttribute(Qt::WA_DeleteOnClose);
         if (m_material) {
             m_window->setMaterial(*m_material);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "view3d/maps/map_builder.h"
 #include "view3d/maps/material_maps.h"
 #include "view3d/scene/scene_look.h"
 
@@ -46,6 +47,8 @@ private:
     /// Kept while the program runs, so that the window opens as it was closed.
     SceneLook m_look;
     std::optional<ToolMaterial> m_material;
+    /// Outlives the windows: closing one must not wait for the work under way.
+    MapBuilder m_details;
     QPointer<MaterialWindow> m_window;
 };
 

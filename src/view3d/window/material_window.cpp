@@ -1,5 +1,7 @@
 #include "view3d/window/material_window.h"
 
+#include "ui/accessibility/accessible_role.h"
+#include "ui/controls/close_action.h"
 #include "ui/display/text_label.h"
 #include "ui/layout/separator.h"
 #include "ui/panels/observe.h"
@@ -9,6 +11,7 @@
 #include "view3d/window/orbit.h"
 #include "view3d/window/picture_frame.h"
 
+#include <QAction>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -26,8 +29,8 @@ constexpr int captionPadding = 8;
 
 }  // namespace
 
-MaterialWindow::MaterialWindow(std::unique_ptr<Scene> scene, SceneLook& look)
-    : m_scene(std::move(scene)), m_look(look), m_panel(new LookPanel(look)) {
+MaterialWindow::MaterialWindow(std::unique_ptr<Scene> scene, SceneLook& look, MapBuilder& details)
+    : m_scene(std::move(scene)), m_look(look), m_details(details), m_panel(new LookPanel(look)) {
     setWindowTitle(u"Material in 3D"_s);
     // The program ends with its main window.
     setAttribute(Qt::WA_QuitOnClose, false);
@@ -39,21 +42,22 @@ MaterialWindow::MaterialWindow(std::unique_ptr<Scene> scene, SceneLook& look)
     m_panel->setFixedWidth(textFrame(panelWidth));
     columns->addWidget(m_panel);
     resize(firstSize);
+    makeCloseAction(*new QAction(this), *this);
 
     connect(m_panel, &LookPanel::edited, this, &MaterialWindow::showLook);
-    connect(&m_details, &MapBuilder::built, this, [this](const SceneMaps& maps) {
+    connect(&m_details, &MapBuilder::built, this, [this](const SceneTextures& maps) {
         m_scene->setMaps(maps);
         Q_EMIT detailsShown();
     });
     showLook();
 }
 
-MaterialWindow::~MaterialWindow() = default;
+MaterialWindow::~MaterialWindow() { m_details.cancel(); }
 
 void MaterialWindow::setMaterial(const ToolMaterial& material) {
     m_material.emplace(material);
     m_previews = {};
-    m_scene->setMaps({});
+    m_scene->setMaps(texturesOf({}));
     m_following = std::make_unique<QObject>();
     observe(m_following.get(), material.store, [this] { showMaps(); });
 }
@@ -69,7 +73,7 @@ QWidget* MaterialWindow::makePicture() {
     QWidget* picture = m_scene->widget();
     picture->setFocusPolicy(Qt::StrongFocus);
     picture->setMinimumWidth(leastPictureWidth);
-    picture->setAccessibleName(u"Material in 3D"_s);
+    presentAs(*picture, QAccessible::Graphic, u"Material in 3D"_s);
     picture->setAccessibleDescription(
         u"The arrow keys turn the material, with Shift they move the light. Plus and minus zoom."_s);
     auto* orbit = new Orbit(picture, m_look);
@@ -109,7 +113,7 @@ void MaterialWindow::showMaps() {
         return;
     }
     m_previews = previews;
-    m_scene->setMaps(previews);
+    m_scene->setMaps(texturesOf(previews));
     if (previews.isEmpty()) {
         m_details.cancel();
     } else {

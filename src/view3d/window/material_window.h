@@ -20,8 +20,8 @@ class MaterialWindow : public QWidget {
     Q_OBJECT
 
 public:
-    /// `look` is how the material is shown; it must outlive the window.
-    MaterialWindow(std::unique_ptr<Scene> scene, SceneLook& look);
+    /// `look` is how the material is shown, and `details` computes its maps. Both must outlive the window.
+    MaterialWindow(std::unique_ptr<Scene> scene, SceneLook& look, MapBuilder& details);
     ~MaterialWindow() override;
 
     /// Shows the material of a tool, and follows it.
@@ -45,7 +45,7 @@ private:
 
     std::unique_ptr<Scene> m_scene;
     SceneLook& m_look;
-    MapBuilder m_details;
+    MapBuilder& m_details;
     std::optional<ToolMaterial> m_material;
     /// Ends when another material is followed.
     std::unique_ptr<QObject> m_following;

@@ -69,8 +69,27 @@ TEST_F(HelpWindowTest, FollowsItsLinksOffline) {
     EXPECT_GT(links, 0);
     window.setSource(QUrl(u"qrc:/guide/docs/texture-names.md"_s));
     EXPECT_FALSE(window.toPlainText().isEmpty());
+    EXPECT_TRUE(window.toPlainText().startsWith(u"Back to Quarlin Help"_s));
     window.backward();
     EXPECT_TRUE(window.toPlainText().startsWith(u"Quarlin Help"_s));
+}
+
+TEST_F(HelpWindowTest, KeepsParagraphsApart) {
+    for (const char* page : {"qrc:/guide/README.md", "qrc:/guide/docs/texture-names.md"}) {
+        window.setSource(QUrl(QLatin1StringView(page)));
+        for (QTextBlock block = window.document()->begin(); block.isValid(); block = block.next()) {
+            const QTextBlockFormat format = block.blockFormat();
+            QTextCursor cursor(block);
+            if (cursor.currentTable() != nullptr) {
+                continue;
+            }
+            const bool isCode = format.hasProperty(QTextFormat::BlockCodeFence);
+            const bool isLineOfCode =
+                isCode && block.next().blockFormat().hasProperty(QTextFormat::BlockCodeFence);
+            EXPECT_EQ(format.bottomMargin() > 0, !isLineOfCode) << block.text().toStdString();
+            EXPECT_EQ(format.topMargin() > 0, format.headingLevel() > 1) << block.text().toStdString();
+        }
+    }
 }
 
 TEST_F(HelpWindowTest, ClosesWithEscape) {

@@ -86,6 +86,16 @@ TEST_F(MaterialSettingsPanelTest, WritesEachKeystrokeOfTheName) {
     EXPECT_EQ(name().text(), u"brick"_s);
 }
 
+TEST_F(MaterialSettingsPanelTest, ShowsTheBeginningOfALongName) {
+    name().clearFocus();
+    ConversionSettings settings = store.settings();
+    settings.materialName = QString(200, u'w');
+    store.setSettings(settings);
+    settle();
+    EXPECT_EQ(name().text(), settings.materialName);
+    EXPECT_EQ(name().cursorPosition(), 0);
+}
+
 TEST_F(MaterialSettingsPanelTest, KeepsTheCursorWhileTyping) {
     name().setText(u"abcd"_s);
     name().setCursorPosition(2);
@@ -224,7 +234,7 @@ TEST_F(MaterialSettingsPanelTest, ReachesEveryControlInReadingOrder) {
     EXPECT_EQ(reached,
               QStringList({u"Name"_s, u"2048"_s, u"Roughness input is gloss/smoothness"_s,
                            u"Flip normal green channel"_s, u"AO"_s, u"Roughness"_s, u"Metallic"_s,
-                           u"Write .gltf material"_s, u"Write notes"_s, u"Pre&view"_s, u"E&xport"_s}));
+                           u"Write .gltf material"_s, u"Write notes"_s, u"&Preview"_s, u"E&xport"_s}));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "ui/panels/preview_tile.h"
 
+#include "model/generated_set.h"
+#include "model/material_set.h"
 #include "view_fixture.h"
 
 #include <QAccessible>
@@ -8,6 +10,7 @@
 #include <QMenu>
 #include <QSignalSpy>
 #include <QTimer>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -67,6 +70,26 @@ TEST_F(PreviewTileTest, OpensForAssistiveTechnology) {
         accessible->actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction()));
     accessible->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(opened.size(), 1);
+}
+
+/// The least width of a column of tiles.
+constexpr int narrowest = 140;
+
+template <typename Image>
+class TileTexts : public testing::Test {};
+using Images = testing::Types<MaterialImage, GeneratedMap>;
+TYPED_TEST_SUITE(TileTexts, Images);
+
+TYPED_TEST(TileTexts, FitIntoTheNarrowestTile) {
+    for (const TypeParam image : allCases<TypeParam>()) {
+        const ViewWindow window(new PreviewTile({title(image), subtitle(image), {}}), QSize(narrowest, 220));
+        for (TextLabel* label : window.view().findChildren<TextLabel*>()) {
+            // A tooltip would show what is left out.
+            QHelpEvent help(QEvent::ToolTip, {5, 5}, label->mapToGlobal(QPoint(5, 5)));
+            QCoreApplication::sendEvent(label, &help);
+            EXPECT_FALSE(QToolTip::isVisible()) << label->text().toStdString();
+        }
+    }
 }
 
 }  // namespace

@@ -188,6 +188,36 @@ TEST(ToolTip, IsReadableHoweverLongItsTextIs) {
     }
 }
 
+bool hasToolTip(QWidget& label) {
+    QHelpEvent help(QEvent::ToolTip, {5, 5}, label.mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(&label, &help);
+    return QToolTip::isVisible();
+}
+
+TEST(TextLabel, IsDrawnNarrowerRatherThanShortened) {
+    auto* label = new TextLabel(u"R AO / G Rough / B Metal"_s, TextStyle::caption);
+    label->setElided(true);
+    ViewWindow window(label, QSize(400, 20));
+    const int whole = label->fontMetrics().horizontalAdvance(label->text());
+    const auto inkAt = [&](double width) {
+        label->resize(qCeil(whole * width), 20);
+        const QImage picture = label->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        int right = 0;
+        for (int x = 0; x < picture.width(); ++x) {
+            for (int y = 0; y < picture.height(); ++y) {
+                right = qGray(picture.pixel(x, y)) < 128 ? x : right;
+            }
+        }
+        return right;
+    };
+    const int ink = inkAt(1.5);
+    EXPECT_NEAR(inkAt(0.92), ink * 0.92, 1.5);
+    EXPECT_FALSE(hasToolTip(*label));
+    inkAt(0.85);
+    EXPECT_TRUE(hasToolTip(*label));
+    QToolTip::hideText();
+}
+
 TEST(TextLabel, HasNoTooltipWhenItFits) {
     auto* label = new TextLabel(u"fits"_s, TextStyle::callout);
     ViewWindow window(label, QSize(120, 20));

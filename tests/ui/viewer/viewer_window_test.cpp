@@ -251,6 +251,14 @@ TEST_F(MaterialViewer, ClosesWithEscapeAndForgetsItsMap) {
     EXPECT_EQ(state(), u"700x600"_s);
 }
 
+TEST_F(MaterialViewer, IsAGraphicWithANameForAssistiveTechnology) {
+    open(MaterialImage::baseColor);
+    const QAccessibleInterface& map = *QAccessible::queryAccessibleInterface(&canvas);
+    EXPECT_EQ(map.role(), QAccessible::Graphic);
+    EXPECT_EQ(map.text(QAccessible::Name), u"Base"_s);
+    EXPECT_EQ(map.text(QAccessible::Description), u"Color + alpha"_s);
+}
+
 TEST_F(MaterialViewer, NamesEveryControlForAssistiveTechnology) {
     open(MaterialImage::normal);
     for (QWidget* widget : viewer.findChildren<QWidget*>()) {

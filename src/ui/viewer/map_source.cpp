@@ -1,1 +1,0 @@
-#include "ui/viewer/map_source.h"

@@ -1,0 +1,3 @@
+#include "test_application.h"
+
+int main(int argc, char** argv) { return quarlin::fixtures::runTestsInApplication(argc, argv, "wayland"); }
