@@ -1,6 +1,6 @@
 # The hardening that Debian asks of a package, added to quarlin_flags: checked memory functions, guarded stack frames, and
 # addresses that are resolved at the start and then protected. Programs that run anywhere in memory (PIE) are the compiler's
-# default there. The level of optimization stays that of the build type.
+# default there. The level of optimization stays that of the build type. The flags are those of the release's own compiler, g++.
 find_program(DPKG_BUILDFLAGS dpkg-buildflags)
 if(DPKG_BUILDFLAGS)
   foreach(kind CPPFLAGS CXXFLAGS LDFLAGS)

@@ -12,7 +12,9 @@ try:
     display = server.stdout.readline().decode().strip()
     if not display:
         sys.exit("on_screen.py: Xvfb did not start")
-    environment = {**os.environ, "DISPLAY": f":{display}", "LIBGL_ALWAYS_SOFTWARE": "1"}
+    # Without an address, D-Bus would start a bus for the new screen.
+    environment = {**os.environ, "DISPLAY": f":{display}", "LIBGL_ALWAYS_SOFTWARE": "1",
+                   "DBUS_SESSION_BUS_ADDRESS": "disabled:"}
     status = subprocess.run(sys.argv[1:], env=environment).returncode
 finally:
     server.terminate()

@@ -14,6 +14,7 @@ namespace quarlin {
 
 namespace {
 
+constexpr std::int64_t blockSize = 1 << 16;
 constexpr std::int64_t checksumSize = 4;
 
 /// The checksum of bytes that follow others whose checksum is `before`, 0 for none.
@@ -25,44 +26,42 @@ std::uint32_t extendedChecksum(std::uint32_t before, QByteArrayView bytes) {
 }  // namespace
 
 PngChunkReader::PngChunkReader(std::shared_ptr<ByteSource> source)
-    : m_source(std::move(source)), m_position(static_cast<std::int64_t>(pngSignature.size())) {}
+    : m_source(std::move(source)),
+      m_position(std::min(static_cast<std::int64_t>(pngSignature.size()), m_source->size())) {}
 
 bool PngChunkReader::advance() {
     constexpr std::int64_t lengthSize = 4;
-    constexpr std::int64_t typeSize = 4;
-    const QByteArray head = m_source->part(m_position, lengthSize + typeSize);
-    if (head.size() < lengthSize + typeSize) {
+    constexpr std::int64_t headSize = 8;
+    const QByteArrayView head = peek(headSize);
+    if (head.size() < headSize) {
         return false;
     }
-    const std::int64_t length = qFromBigEndian<std::uint32_t>(head.constData());
-    const std::int64_t dataPosition = m_position + head.size();
-    if (length > m_source->size() - dataPosition - checksumSize) {
+    const std::int64_t length = qFromBigEndian<std::uint32_t>(head.data());
+    if (length > m_source->size() - m_position - headSize - checksumSize) {
         return false;
     }
-    m_type = head.sliced(lengthSize);
-    m_checksum = extendedChecksum(0, m_type);
-    m_position = dataPosition;
+    std::copy(head.begin() + lengthSize, head.end(), m_type.begin());
+    m_checksum = extendedChecksum(0, type());
+    m_position += headSize;
     m_dataLeft = length;
     if (m_dataLeft == 0) {
-        compareChecksum();
+        compareChecksum(peek(checksumSize));
     }
     return true;
 }
 
 QByteArrayView PngChunkReader::nextBlock() {
-    constexpr std::int64_t blockSize = 1 << 16;
     const std::int64_t count = std::min(blockSize, m_dataLeft);
     if (count == 0) {
         return {};
     }
-    m_block.resize(std::max<qsizetype>(m_block.size(), count));
-    m_source->read(m_position, count, m_block.data());
-    const QByteArrayView block = QByteArrayView(m_block).first(count);
+    const QByteArrayView bytes = peek(count + checksumSize);
+    const QByteArrayView block = bytes.first(count);
     m_checksum = extendedChecksum(m_checksum, block);
     m_position += count;
     m_dataLeft -= count;
     if (m_dataLeft == 0) {
-        compareChecksum();
+        compareChecksum(bytes.sliced(count));
     }
     return block;
 }
@@ -83,10 +82,19 @@ void PngChunkReader::skipData() {
     }
 }
 
-void PngChunkReader::compareChecksum() {
-    const QByteArray checksum = m_source->part(m_position, checksumSize);
+QByteArrayView PngChunkReader::peek(std::int64_t count) {
+    const std::int64_t available = std::min(count, m_source->size() - m_position);
+    if (m_position + available > m_bufferPosition + m_buffer.size()) {
+        m_buffer.resize(std::min(blockSize + checksumSize, m_source->size() - m_position));
+        m_source->read(m_position, m_buffer.size(), m_buffer.data());
+        m_bufferPosition = m_position;
+    }
+    return QByteArrayView(m_buffer).sliced(m_position - m_bufferPosition, available);
+}
+
+void PngChunkReader::compareChecksum(QByteArrayView checksum) {
     m_position += checksumSize;
-    if (qFromBigEndian<std::uint32_t>(checksum.constData()) != m_checksum) {
+    if (qFromBigEndian<std::uint32_t>(checksum.data()) != m_checksum) {
         throw DecodeError(DecodeProblem::damaged);
     }
 }

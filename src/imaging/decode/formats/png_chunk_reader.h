@@ -5,13 +5,16 @@
 #include <QByteArray>
 #include <QByteArrayView>
 
+#include <array>
 #include <cstdint>
+#include <iterator>
 #include <memory>
 
 namespace quarlin {
 
 /// Reads the chunks of a PNG file in order, their data a block at a time. The last block of a chunk is only
-/// returned if the checksum is right. Throws what the source throws.
+/// returned if the checksum is right. Reads the source in large blocks, however small the chunks are. Throws
+/// what the source throws.
 class PngChunkReader {
 public:
     /// Starts after the signature.
@@ -22,7 +25,7 @@ public:
     bool advance();
 
     /// The four bytes of the current chunk's type.
-    QByteArrayView type() const { return m_type; }
+    QByteArrayView type() const { return {m_type.data(), std::ssize(m_type)}; }
     /// The bytes of the current chunk that have not been read.
     std::int64_t dataLeft() const { return m_dataLeft; }
 
@@ -37,14 +40,18 @@ public:
     void skipData();
 
 private:
-    void compareChecksum();
+    /// The `count` bytes from the current position on, or as many as exist. Valid until the next call.
+    QByteArrayView peek(std::int64_t count);
+    void compareChecksum(QByteArrayView checksum);
 
     std::shared_ptr<ByteSource> m_source;
     std::int64_t m_position;
-    QByteArray m_type;
+    std::array<char, 4> m_type{};
     std::int64_t m_dataLeft = 0;
     std::uint32_t m_checksum = 0;
-    QByteArray m_block;
+    /// Bytes of the source from `m_bufferPosition` on.
+    QByteArray m_buffer;
+    std::int64_t m_bufferPosition = 0;
 };
 
 }  // namespace quarlin
