@@ -44,11 +44,9 @@ void print(std::string_view text) {
     // Only functions of the system may be called in a signal handler.
     [[maybe_unused]] const auto written = write(STDERR_FILENO, text.data(), text.size());
 }
-#endif
 
 void remember(int signal) {
     interruptingSignal = signal;
-#ifdef Q_OS_UNIX
     const int error = errno;
     bool isFirst = true;
     for (Place& place : places) {
@@ -63,8 +61,8 @@ void remember(int signal) {
         print(". Interrupt again to end at once.\n");
     }
     errno = error;
-#endif
 }
+#endif
 
 /// Takes a place that is free. Returns the number of places if there is none.
 std::size_t takePlace() {

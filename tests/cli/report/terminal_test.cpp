@@ -81,9 +81,9 @@ TEST_F(Interruption, FinishesTheSetsInProgressAndStartsNoMore) {
     EXPECT_EQ(outcome.status, terminated);
     const qsizetype exported = exportedSets().size();
     EXPECT_LT(exported, count);
-    EXPECT_THAT(outcome.output,
-                testing::EndsWith("\n" + std::to_string(exported) + (exported == 1 ? " set" : " sets") +
-                                  " exported, " + std::to_string(count - exported) + " not started\n"));
+    const QString lastLine = u"\n%1 %2 exported, %3 not started\n"_s.arg(
+        QString::number(exported), exported == 1 ? u"set"_s : u"sets"_s, QString::number(count - exported));
+    EXPECT_THAT(outcome.output, testing::EndsWith(lastLine.toStdString()));
     for (const QString& set : exportedSets()) {
         const QStringList files =
             QDir(output() + u'/' + set).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);

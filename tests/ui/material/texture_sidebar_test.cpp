@@ -97,7 +97,7 @@ TEST_F(TextureSidebarTest, NamesTheProfileThatAMapWasConvertedFrom) {
     linear.setColorSpace(profile);
     store.importTexture(folder.save(u"linear.png"_s, linear), TextureSlotKind::roughness);
     settle();
-    const auto& size = child<TextLabel>(card(TextureSlotKind::roughness), u"sizeLabel"_s);
+    auto& size = child<TextLabel>(card(TextureSlotKind::roughness), u"sizeLabel"_s);
     EXPECT_EQ(size.toolTip().toStdString(), "The values were converted from \"Linear light\" to sRGB.");
     // The next texture needs no conversion.
     load(TextureSlotKind::roughness, u"plain.png"_s);

@@ -9,7 +9,7 @@
 #include "imaging/decode/row_conversion.h"
 #include "imaging/decode/two_step_reader.h"
 
-#include <QtEndian>
+#include <QSysInfo>
 
 #include <algorithm>
 #include <array>
@@ -90,11 +90,11 @@ heif_chroma chromaOf(const SampleForm& form) {
     if (form.bits == 8) {
         return form.hasAlpha ? heif_chroma_interleaved_RGBA : heif_chroma_interleaved_RGB;
     }
-#if Q_BYTE_ORDER == Q_LITTLE_ENDIAN
-    return form.hasAlpha ? heif_chroma_interleaved_RRGGBBAA_LE : heif_chroma_interleaved_RRGGBB_LE;
-#else
-    return form.hasAlpha ? heif_chroma_interleaved_RRGGBBAA_BE : heif_chroma_interleaved_RRGGBB_BE;
-#endif
+    if constexpr (QSysInfo::ByteOrder == QSysInfo::LittleEndian) {
+        return form.hasAlpha ? heif_chroma_interleaved_RRGGBBAA_LE : heif_chroma_interleaved_RRGGBB_LE;
+    } else {
+        return form.hasAlpha ? heif_chroma_interleaved_RRGGBBAA_BE : heif_chroma_interleaved_RRGGBB_BE;
+    }
 }
 
 /// Samples of `bits` bits as samples of 16 bits, rounded.
