@@ -4,6 +4,7 @@
 #include "ui/style/quarlin_style.h"
 
 #include <QApplication>
+#include <QByteArrayView>
 #include <QFont>
 #include <QFontInfo>
 #include <QLocale>
@@ -13,9 +14,25 @@
 
 #include <cstdio>
 
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/lsan_interface.h>
+#endif
+
 namespace quarlin::fixtures {
 
 using namespace Qt::StringLiterals;
+
+#ifdef __SANITIZE_ADDRESS__
+namespace {
+
+/// Looks for leaked memory while the OpenGL driver is still loaded. The driver is unloaded with the
+/// application, and what it leaks could then neither be reached nor be named in leaks.supp.
+class LeakCheck : public testing::Environment {
+    void TearDown() override { __lsan_do_leak_check(); }
+};
+
+}  // namespace
+#endif
 
 void useLightPalette() { QApplication::setPalette(lightPalette()); }
 
@@ -23,6 +40,11 @@ void useDarkPalette() { QApplication::setPalette(darkPalette()); }
 
 int runTestsInApplication(int argc, char** argv, const char* platform) {
     ::testing::InitGoogleTest(&argc, argv);
+#ifdef __SANITIZE_ADDRESS__
+    if (QByteArrayView(platform) != "offscreen") {
+        testing::AddGlobalTestEnvironment(new LeakCheck);
+    }
+#endif
     qputenv("QT_QPA_PLATFORM", platform);
     // Else the offscreen platform uses the OpenGL of a display, if there is one.
     qputenv("QT_QPA_OFFSCREEN_NO_GLX", "1");
