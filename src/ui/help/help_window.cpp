@@ -61,7 +61,7 @@ void HelpWindow::open() {
 }
 
 QVariant HelpWindow::loadResource(int type, const QUrl& name) {
-    const QVariant content = QTextBrowser::loadResource(type, name);
+    QVariant content = QTextBrowser::loadResource(type, name);
     if (type != QTextDocument::MarkdownResource) {
         return content;
     }
