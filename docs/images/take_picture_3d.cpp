@@ -4,6 +4,7 @@
 #include "stores/material_store.h"
 #include "ui/style/palettes.h"
 #include "ui/style/quarlin_style.h"
+#include "view3d/maps/map_builder.h"
 #include "view3d/window/material_window.h"
 #include "view3d/window/scene_module.h"
 
@@ -73,7 +74,8 @@ int main(int argc, char** argv) {
     look.backdrop = SceneBackdrop::studio;
     look.lampSide = -40;
     look.lampHeight = 35;
-    MaterialWindow window(std::move(made.scene), look);
+    MapBuilder details;
+    MaterialWindow window(std::move(made.scene), look, details);
     window.resize(960, 600);
     window.show();
     window.setMaterial(toolMaterial(materials));
